@@ -1,0 +1,419 @@
+#include "platform/curl_http_client.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <limits>
+#include <mutex>
+#include <new>
+#include <utility>
+#include <vector>
+
+#include <curl/curl.h>
+
+#include "platform/uri.h"
+
+namespace platform {
+
+namespace {
+
+// Of one exchange, with its redirects and interim answers, so that endless ones of any kind end.
+constexpr std::size_t kMaxHeaderBytes = 256u << 10;
+// What may come over the wire beyond the size allowed for the decoded body: the pages that go with redirects,
+// and encodings that add to their content.
+constexpr std::size_t kWireSlack = 1u << 20;
+// An announced length is a claim. More than this is set aside only as the bytes arrive.
+constexpr std::size_t kMaxReserve = 1u << 20;
+constexpr long kReceiveBuffer = 64 << 10;
+// Slower counts as silence, or a byte a second would hold a connection for days.
+constexpr long kSilentBytesPerSecond = 100;
+// The library bounds the cookies of one answer but not their sum, and searches them one by one.
+constexpr int kMaxCookies = 1000;
+constexpr unsigned kExchangesPerCookieCheck = 64;
+
+void initializeLibrary() {
+  static const CURLcode initialized = curl_global_init(CURL_GLOBAL_DEFAULT);
+  static_cast<void>(initialized);  // without it no handle can be made, and every fetch says so
+}
+
+bool isHttpUrl(std::string_view url) {
+  const UriParts parts = splitUri(url);
+  if (!parts.scheme || parts.host().empty()) return false;
+  std::string scheme(*parts.scheme);
+  std::transform(scheme.begin(), scheme.end(), scheme.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  return scheme == "http" || scheme == "https";
+}
+
+/// What all connections know together: cookies, resolved names and TLS sessions.
+class Share {
+ public:
+  Share() : m_handle(curl_share_init()) {
+    curl_share_setopt(m_handle, CURLSHOPT_USERDATA, this);
+    curl_share_setopt(m_handle, CURLSHOPT_LOCKFUNC, &Share::lock);
+    curl_share_setopt(m_handle, CURLSHOPT_UNLOCKFUNC, &Share::unlock);
+    curl_share_setopt(m_handle, CURLSHOPT_SHARE, CURL_LOCK_DATA_COOKIE);
+    curl_share_setopt(m_handle, CURLSHOPT_SHARE, CURL_LOCK_DATA_DNS);
+    curl_share_setopt(m_handle, CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION);
+  }
+  ~Share() { curl_share_cleanup(m_handle); }
+  Share(const Share&) = delete;
+  Share& operator=(const Share&) = delete;
+
+  CURLSH* handle() const { return m_handle; }
+
+ private:
+  static void lock(CURL*, curl_lock_data data, curl_lock_access, void* self) {
+    static_cast<Share*>(self)->m_mutexes[data].lock();
+  }
+  static void unlock(CURL*, curl_lock_data data, void* self) {
+    static_cast<Share*>(self)->m_mutexes[data].unlock();
+  }
+
+  CURLSH* m_handle;
+  std::array<std::mutex, CURL_LOCK_DATA_LAST> m_mutexes;
+};
+
+/// One exchange at a time over a kept-alive connection. The multi handle holds that connection, and lets
+/// another thread interrupt the wait for it.
+class Connection {
+ public:
+  Connection(const std::string& userAgent, const HttpLimits& limits, const Share& share)
+      : m_easy(curl_easy_init()), m_multi(curl_multi_init()) {
+    if (usable()) configure(userAgent, limits, share);
+  }
+  ~Connection() {
+    curl_easy_cleanup(m_easy);
+    curl_multi_cleanup(m_multi);
+  }
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  bool usable() const { return m_easy != nullptr && m_multi != nullptr; }
+  HttpAnswer exchange(const HttpRequest& request, const std::stop_token& stop);
+  void dropExcessCookies();
+
+ private:
+  enum class Stage {
+    connecting,
+    asked,  // and no status line was understood since
+    headers,
+    afterHeaders,
+  };
+
+  void configure(const std::string& userAgent, const HttpLimits& limits, const Share& share);
+  FetchFailure prepare(const HttpRequest& request);
+  HttpAnswer attempt(const std::stop_token& stop);
+  bool keptConnectionDied() const;
+  FetchFailure transfer(const std::stop_token& stop);
+  FetchFailure outcome();
+  FetchFailure failureOf(CURLcode code) const;
+  bool outgrown() const;
+  HttpAnswer takeAnswer();
+  std::string header(const char* name) const;
+
+  static int beforeRequest(void* self, char*, char*, int, int);
+  static std::size_t receiveHeader(char* data, std::size_t, std::size_t size, void* self);
+  static std::size_t receiveBody(char* data, std::size_t, std::size_t size, void* self);
+  bool append(std::string_view data);
+
+  CURL* m_easy;
+  CURLM* m_multi;
+  // Of the exchange that runs:
+  std::string m_body;
+  std::size_t m_maxBytes = 0;
+  Overflow m_overflow = Overflow::fail;
+  std::size_t m_headerBytes = 0;
+  Stage m_stage = Stage::connecting;
+  bool m_tooLarge = false;
+  bool m_truncated = false;
+};
+
+void Connection::configure(const std::string& userAgent, const HttpLimits& limits, const Share& share) {
+  const auto set = [this](CURLoption option, auto value) { curl_easy_setopt(m_easy, option, value); };
+  set(CURLOPT_SHARE, share.handle());
+  set(CURLOPT_COOKIEFILE, "");  // cookies on, none loaded
+  set(CURLOPT_USERAGENT, userAgent.c_str());
+  set(CURLOPT_ACCEPT_ENCODING, "gzip, br");
+  set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
+  set(CURLOPT_HTTP09_ALLOWED, 0L);
+  set(CURLOPT_PATH_AS_IS, 1L);
+  set(CURLOPT_PROTOCOLS_STR, "http,https");
+  set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
+  set(CURLOPT_FOLLOWLOCATION, 1L);
+  set(CURLOPT_MAXREDIRS, limits.maxRedirects);
+  set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(limits.connectTimeout.count()));
+  set(CURLOPT_LOW_SPEED_LIMIT, kSilentBytesPerSecond);
+  set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(limits.silenceTimeout.count()));
+  set(CURLOPT_QUICK_EXIT, 1L);  // a stop must not wait for the thread that resolves a name
+  set(CURLOPT_NOSIGNAL, 1L);
+  set(CURLOPT_NOPROGRESS, 1L);
+  set(CURLOPT_BUFFERSIZE, kReceiveBuffer);
+  // The library remembers the trusted certificates it has read only when they come from its bundle alone.
+  // Else it reads them for every connection, some 35 ms each time. Debian's folder holds the same as its
+  // bundle.
+  const char* bundle = nullptr;
+  curl_easy_getinfo(m_easy, CURLINFO_CAINFO, &bundle);
+  if (bundle != nullptr) set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
+  set(CURLOPT_PREREQFUNCTION, &Connection::beforeRequest);
+  set(CURLOPT_PREREQDATA, this);
+  set(CURLOPT_HEADERFUNCTION, &Connection::receiveHeader);
+  set(CURLOPT_HEADERDATA, this);
+  set(CURLOPT_WRITEFUNCTION, &Connection::receiveBody);
+  set(CURLOPT_WRITEDATA, this);
+}
+
+HttpAnswer Connection::exchange(const HttpRequest& request, const std::stop_token& stop) {
+  const FetchFailure refused = prepare(request);
+  if (refused != FetchFailure::none) return {.failure = refused};
+  HttpAnswer answer = attempt(stop);
+  // A server may close a kept connection just when it is used again. The library asks once more by itself,
+  // but counts such cases over all exchanges and lets each sixth fail.
+  if (answer.failure == FetchFailure::connectionClosed && keptConnectionDied()) answer = attempt(stop);
+  return answer;
+}
+
+HttpAnswer Connection::attempt(const std::stop_token& stop) {
+  m_headerBytes = 0;
+  m_stage = Stage::connecting;
+  m_tooLarge = m_truncated = false;
+  if (curl_multi_add_handle(m_multi, m_easy) != CURLM_OK) return {.failure = FetchFailure::other};
+  const FetchFailure failure = transfer(stop);
+  HttpAnswer answer = failure == FetchFailure::none ? takeAnswer() : HttpAnswer{.failure = failure};
+  m_body = {};  // an idle connection holds no memory of a body that grew too large
+  // Taken out in the middle of an exchange, the connection is closed and never used again.
+  curl_multi_remove_handle(m_multi, m_easy);
+  return answer;
+}
+
+/// Whether the last attempt used a kept connection, and that brought nothing at all.
+bool Connection::keptConnectionDied() const {
+  long connectionsMade = 0;
+  curl_easy_getinfo(m_easy, CURLINFO_NUM_CONNECTS, &connectionsMade);
+  return connectionsMade == 0 && m_stage == Stage::asked && m_headerBytes == 0;
+}
+
+FetchFailure Connection::prepare(const HttpRequest& request) {
+  const std::string address = requestAddress(request.url);
+  if (!isHttpUrl(address)) return FetchFailure::invalidAddress;
+  // The library refuses texts beyond some megabytes; the previous URL would stay.
+  if (curl_easy_setopt(m_easy, CURLOPT_URL, address.c_str()) != CURLE_OK) return FetchFailure::invalidAddress;
+  curl_easy_setopt(m_easy, request.method == HttpMethod::head ? CURLOPT_NOBODY : CURLOPT_HTTPGET, 1L);
+  const auto timeout =
+      std::clamp<std::chrono::milliseconds::rep>(request.timeout.count(), 0, std::numeric_limits<int>::max());
+  curl_easy_setopt(m_easy, CURLOPT_TIMEOUT_MS, static_cast<long>(timeout));
+  m_maxBytes = request.maxBytes;
+  m_overflow = request.overflow;
+  return FetchFailure::none;
+}
+
+FetchFailure Connection::transfer(const std::stop_token& stop) {
+  const std::stop_callback wake(stop, [this] { curl_multi_wakeup(m_multi); });
+  while (!stop.stop_requested()) {
+    int running = 0;
+    if (curl_multi_perform(m_multi, &running) != CURLM_OK) return FetchFailure::other;
+    if (running == 0) return outcome();
+    if (outgrown()) return FetchFailure::tooLarge;
+    constexpr int kLongestWait = 60'000;  // milliseconds; the library's own timers end it earlier
+    if (curl_multi_poll(m_multi, nullptr, 0, kLongestWait, nullptr) != CURLM_OK) return FetchFailure::other;
+  }
+  return FetchFailure::stopped;
+}
+
+FetchFailure Connection::outcome() {
+  int remaining = 0;
+  const CURLMsg* message = curl_multi_info_read(m_multi, &remaining);
+  if (message == nullptr || message->msg != CURLMSG_DONE) return FetchFailure::other;
+  if (m_truncated) return FetchFailure::none;
+  if (m_tooLarge) return FetchFailure::tooLarge;
+  return failureOf(message->data.result);
+}
+
+FetchFailure Connection::failureOf(CURLcode code) const {
+  switch (code) {
+    case CURLE_OK:
+      // The library takes an end within the headers for an answer without a body.
+      return m_stage == Stage::afterHeaders ? FetchFailure::none : FetchFailure::connectionClosed;
+    case CURLE_UNSUPPORTED_PROTOCOL:
+      // Says both: a scheme that is not to be followed, and an answer in something else than HTTP.
+      return m_stage == Stage::asked ? FetchFailure::connectionClosed : FetchFailure::forbiddenRedirect;
+    case CURLE_URL_MALFORMAT: {
+      long redirects = 0;
+      curl_easy_getinfo(m_easy, CURLINFO_REDIRECT_COUNT, &redirects);
+      return redirects > 0 ? FetchFailure::forbiddenRedirect : FetchFailure::invalidAddress;
+    }
+    case CURLE_COULDNT_RESOLVE_HOST:
+    case CURLE_COULDNT_RESOLVE_PROXY:
+      return FetchFailure::nameNotResolved;
+    case CURLE_COULDNT_CONNECT:
+    case CURLE_PROXY:
+      return FetchFailure::connectionFailed;
+    case CURLE_SSL_CONNECT_ERROR:
+    case CURLE_SSL_CERTPROBLEM:
+    case CURLE_SSL_CIPHER:
+    case CURLE_PEER_FAILED_VERIFICATION:
+    case CURLE_SSL_CACERT_BADFILE:
+    case CURLE_SSL_CRL_BADFILE:
+    case CURLE_SSL_ISSUER_ERROR:
+    case CURLE_SSL_INVALIDCERTSTATUS:
+    case CURLE_SSL_CLIENTCERT:
+      return FetchFailure::tlsFailed;
+    case CURLE_OPERATION_TIMEDOUT:
+      return FetchFailure::timedOut;
+    case CURLE_GOT_NOTHING:
+    case CURLE_PARTIAL_FILE:
+    case CURLE_RECV_ERROR:
+    case CURLE_SEND_ERROR:
+    case CURLE_WEIRD_SERVER_REPLY:
+    case CURLE_HTTP2:
+    case CURLE_HTTP2_STREAM:
+      return FetchFailure::connectionClosed;
+    case CURLE_OUT_OF_MEMORY:
+      return FetchFailure::tooLarge;  // also a header line longer than the library takes
+    case CURLE_TOO_MANY_REDIRECTS:
+      return FetchFailure::tooManyRedirects;
+    case CURLE_BAD_CONTENT_ENCODING:
+      return FetchFailure::undecodable;
+    default:
+      return FetchFailure::other;
+  }
+}
+
+/// Whether more came than any body of the allowed size needs: the body of a redirect, which is dropped
+/// unseen, or an encoded one that decodes to nothing may be endless too.
+bool Connection::outgrown() const {
+  curl_off_t received = 0;
+  curl_easy_getinfo(m_easy, CURLINFO_SIZE_DOWNLOAD_T, &received);
+  const auto bytes = static_cast<std::size_t>(received);
+  return bytes > kWireSlack && bytes - kWireSlack > m_maxBytes;
+}
+
+HttpAnswer Connection::takeAnswer() {
+  long status = 0;
+  curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
+  if (status < 100 || status > 999) return {.failure = FetchFailure::connectionClosed};
+  return {.status = static_cast<int>(status),
+          .contentType = header("Content-Type"),
+          .lastModified = header("Last-Modified"),
+          .body = std::move(m_body)};
+}
+
+std::string Connection::header(const char* name) const {
+  constexpr int kLastRequest = -1;  // of a redirect chain
+  curl_header* found = nullptr;
+  if (curl_easy_header(m_easy, name, 0, CURLH_HEADER, kLastRequest, &found) != CURLHE_OK) return {};
+  return found->value;
+}
+
+int Connection::beforeRequest(void* self, char*, char*, int, int) {
+  static_cast<Connection*>(self)->m_stage = Stage::asked;
+  return CURL_PREREQFUNC_OK;
+}
+
+std::size_t Connection::receiveHeader(char* data, std::size_t, std::size_t size, void* self) {
+  auto& connection = *static_cast<Connection*>(self);
+  const std::string_view line(data, size);
+  if (line.starts_with("HTTP/")) connection.m_stage = Stage::headers;
+  if (line == "\r\n" || line == "\n") connection.m_stage = Stage::afterHeaders;
+  connection.m_headerBytes += size;
+  if (connection.m_headerBytes <= kMaxHeaderBytes) return size;
+  connection.m_tooLarge = true;
+  return CURL_WRITEFUNC_ERROR;
+}
+
+std::size_t Connection::receiveBody(char* data, std::size_t, std::size_t size, void* self) {
+  auto& connection = *static_cast<Connection*>(self);
+  try {
+    if (connection.append({data, size})) return size;
+  } catch (const std::bad_alloc&) {  // must not pass through the library's frames
+    connection.m_tooLarge = true;
+  }
+  return CURL_WRITEFUNC_ERROR;
+}
+
+/// False when the body has reached its bound.
+bool Connection::append(std::string_view data) {
+  if (m_body.empty()) {
+    curl_off_t announced = 0;
+    curl_easy_getinfo(m_easy, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
+    if (announced > 0)
+      m_body.reserve(std::min({static_cast<std::size_t>(announced), m_maxBytes, kMaxReserve}));
+  }
+  const std::size_t room = m_maxBytes - m_body.size();
+  if (data.size() <= room) {
+    m_body.append(data);
+    return true;
+  }
+  if (m_overflow == Overflow::truncate) {
+    m_body.append(data.substr(0, room));
+    m_truncated = true;
+  } else {
+    m_tooLarge = true;
+  }
+  return false;
+}
+
+void Connection::dropExcessCookies() {
+  curl_slist* cookies = nullptr;
+  curl_easy_getinfo(m_easy, CURLINFO_COOKIELIST, &cookies);
+  int count = 0;
+  for (const curl_slist* cookie = cookies; cookie != nullptr; cookie = cookie->next) ++count;
+  curl_slist_free_all(cookies);
+  if (count > kMaxCookies) curl_easy_setopt(m_easy, CURLOPT_COOKIELIST, "ALL");  // removes them
+}
+
+}  // namespace
+
+struct CurlHttpClient::Impl {
+  std::unique_ptr<Connection> borrow() {
+    {
+      const std::lock_guard lock(mutex);
+      if (!idle.empty()) {
+        // The one returned last: its connection is the least likely to have been closed by the server.
+        std::unique_ptr<Connection> connection = std::move(idle.back());
+        idle.pop_back();
+        return connection;
+      }
+    }
+    return std::make_unique<Connection>(userAgent, limits, share);
+  }
+
+  void giveBack(std::unique_ptr<Connection> connection) {
+    if (exchanges.fetch_add(1) % kExchangesPerCookieCheck == 0) connection->dropExcessCookies();
+    const std::lock_guard lock(mutex);
+    idle.push_back(std::move(connection));
+  }
+
+  std::string userAgent;
+  HttpLimits limits;
+  Share share;
+  std::atomic<unsigned> exchanges = 0;
+  std::mutex mutex;
+  std::vector<std::unique_ptr<Connection>> idle;  // guarded by mutex; goes before share, which it uses
+};
+
+CurlHttpClient::CurlHttpClient(std::string userAgent, HttpLimits limits) {
+  initializeLibrary();
+  m_impl = std::make_unique<Impl>();
+  m_impl->userAgent = std::move(userAgent);
+  m_impl->limits = limits;
+}
+
+CurlHttpClient::~CurlHttpClient() = default;
+
+HttpAnswer CurlHttpClient::fetch(const HttpRequest& request, std::stop_token stop) {
+  if (stop.stop_requested()) return {.failure = FetchFailure::stopped};
+  try {
+    std::unique_ptr<Connection> connection = m_impl->borrow();
+    if (!connection->usable()) return {.failure = FetchFailure::other};
+    HttpAnswer answer = connection->exchange(request, stop);
+    m_impl->giveBack(std::move(connection));
+    return answer;
+  } catch (const std::bad_alloc&) {
+    return {.failure = FetchFailure::tooLarge};
+  } catch (...) {
+    return {.failure = FetchFailure::other};
+  }
+}
+
+}  // namespace platform

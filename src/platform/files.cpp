@@ -1,0 +1,255 @@
+#include "platform/files.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t kFileMode = 0644;  // the umask takes its share
+constexpr int kMaxLinks = 40;       // on the way to a file, as the kernel has it
+
+FileResult failure(int error) {
+  FileResult result{FileStatus::failed, std::generic_category().message(error)};
+  if (error == ENOENT || error == ENOTDIR) result.status = FileStatus::missing;
+  if (error == EEXIST) result.status = FileStatus::exists;
+  if (error == EWOULDBLOCK) result.status = FileStatus::busy;
+  return result;
+}
+
+/// How a system call went that reports 0 for done.
+FileResult outcome(int returned) {
+  return returned == 0 ? FileResult{} : failure(errno);
+}
+
+/// Calls again as long as a signal comes between.
+template <typename Call>
+auto withoutInterruption(Call call) {
+  auto returned = call();
+  while (returned == -1 && errno == EINTR) returned = call();
+  return returned;
+}
+
+/// An open file, closed with this object.
+class Descriptor {
+ public:
+  Descriptor(const fs::path& path, int flags, mode_t mode = 0)
+      : m_number(withoutInterruption([&] { return open(path.c_str(), flags | O_CLOEXEC, mode); })) {}
+  ~Descriptor() {
+    if (isOpen()) close(m_number);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  bool isOpen() const { return m_number >= 0; }
+  int number() const { return m_number; }
+
+ private:
+  int m_number;
+};
+
+FileResult writeAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = withoutInterruption([&] { return write(descriptor, text.data(), text.size()); });
+    if (written < 0) return failure(errno);
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return {};
+}
+
+FileResult sync(int descriptor) {
+  return outcome(withoutInterruption([&] { return fsync(descriptor); }));
+}
+
+/// The file that a symbolic link leads to at last, so that a link stays one when its file is replaced. It
+/// need not exist.
+fs::path linkTarget(fs::path file) {
+  std::error_code error;
+  for (int i = 0; i < kMaxLinks && fs::is_symlink(fs::symlink_status(file, error)); ++i) {
+    const fs::path target = fs::read_symlink(file, error);
+    if (error) break;
+    file = file.parent_path() / target;  // an absolute target stands for itself
+  }
+  return file;
+}
+
+/// A name beside `file` that no other file of this program has at the time.
+fs::path temporaryName(const fs::path& file) {
+  static std::atomic<unsigned> counter{0};
+  return file.parent_path() / (".veskel-" + std::to_string(getpid()) + "-" + std::to_string(counter++));
+}
+
+FileResult writeWhole(const Descriptor& file, std::string_view text, const struct stat* replaced) {
+  if (replaced != nullptr && fchmod(file.number(), replaced->st_mode & 07777) != 0) return failure(errno);
+  const FileResult written = writeAll(file.number(), text);
+  return written.ok() ? sync(file.number()) : written;
+}
+
+void syncFolderOf(const fs::path& file) {
+  const fs::path folder = file.parent_path();
+  const Descriptor descriptor(folder.empty() ? fs::path(".") : folder, O_RDONLY | O_DIRECTORY);
+  // Not every file system can do this, and the new file is in place already: at worst, after a power cut, the
+  // old one is back.
+  if (descriptor.isOpen()) static_cast<void>(sync(descriptor.number()));
+}
+
+FileResult replaceThrough(const fs::path& temporary, const fs::path& file, std::string_view text,
+                          const struct stat* replaced) {
+  {
+    // Nobody may read the new text meanwhile who could not read the old one.
+    const Descriptor descriptor(temporary, O_WRONLY | O_CREAT | O_EXCL,
+                                replaced != nullptr ? 0600 : kFileMode);
+    if (!descriptor.isOpen()) return failure(errno);
+    const FileResult written = writeWhole(descriptor, text, replaced);
+    if (!written.ok()) {
+      unlink(temporary.c_str());
+      return written;
+    }
+  }
+  const FileResult renamed = outcome(rename(temporary.c_str(), file.c_str()));
+  if (!renamed.ok()) unlink(temporary.c_str());
+  return renamed;
+}
+
+}  // namespace
+
+FileContent readFile(const fs::path& file) {
+  const Descriptor descriptor(file, O_RDONLY);
+  struct stat status {};
+  if (!descriptor.isOpen() || fstat(descriptor.number(), &status) != 0) return {failure(errno)};
+  FileContent content;
+  std::size_t length = 0;
+  for (;;) {
+    // One byte more than the file seems to have: its end is then found without another round.
+    const std::size_t expected = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0)) + 1;
+    if (length == content.text.size())
+      content.text.resize(std::max({expected, 2 * length, std::size_t{4096}}));
+    const ssize_t count = withoutInterruption([&] {
+      return read(descriptor.number(), content.text.data() + length, content.text.size() - length);
+    });
+    if (count < 0) return {failure(errno)};
+    if (count == 0) break;
+    length += static_cast<std::size_t>(count);
+  }
+  content.text.resize(length);
+  return content;
+}
+
+FileResult replaceFile(const fs::path& path, std::string_view text) {
+  const fs::path file = linkTarget(path);
+  struct stat status {};
+  const bool exists = lstat(file.c_str(), &status) == 0;
+  if (!exists && errno != ENOENT) return failure(errno);
+  // A rename would put a plain file in the place of a device or pipe.
+  if (exists && !S_ISREG(status.st_mode)) return failure(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+  FileResult result;
+  do {  // a name that is taken was left behind by a process that was killed
+    result = replaceThrough(temporaryName(file), file, text, exists ? &status : nullptr);
+  } while (result.status == FileStatus::exists);
+  if (result.ok()) syncFolderOf(file);
+  return result;
+}
+
+FileResult appendToFile(const fs::path& file, std::string_view text) {
+  const Descriptor descriptor(file, O_WRONLY | O_APPEND);
+  struct stat status {};
+  if (!descriptor.isOpen() || fstat(descriptor.number(), &status) != 0) return failure(errno);
+  FileResult result = writeAll(descriptor.number(), text);
+  if (result.ok()) return result;
+  if (withoutInterruption([&] { return ftruncate(descriptor.number(), status.st_size); }) != 0) {
+    result.error += "; the file could not be cut back: " + failure(errno).error;
+  }
+  return result;
+}
+
+FileResult syncFile(const fs::path& file) {
+  const Descriptor descriptor(file, O_RDONLY);
+  return descriptor.isOpen() ? sync(descriptor.number()) : failure(errno);
+}
+
+FileResult makeFolder(const fs::path& folder) {
+  return outcome(mkdir(folder.c_str(), 0777));
+}
+
+FileResult makeEmptyFile(const fs::path& file) {
+  const Descriptor descriptor(file, O_WRONLY | O_CREAT | O_EXCL, kFileMode);
+  return descriptor.isOpen() ? FileResult{} : failure(errno);
+}
+
+FileResult moveTo(const fs::path& from, const fs::path& to) {
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
+  // Some network file systems cannot refuse to replace by themselves.
+  if (errno != EINVAL && errno != ENOSYS) return failure(errno);
+  if (somethingAt(to)) return failure(EEXIST);
+  return outcome(rename(from.c_str(), to.c_str()));
+}
+
+FileResult removeFile(const fs::path& file) {
+  return outcome(unlink(file.c_str()));
+}
+
+FileResult removeFolder(const fs::path& folder) {
+  std::error_code error;
+  const fs::file_status status = fs::symlink_status(folder, error);
+  if (status.type() == fs::file_type::not_found) return failure(ENOENT);
+  if (fs::exists(status) && !fs::is_directory(status) && !fs::is_symlink(status)) {
+    return {FileStatus::failed, failure(ENOTDIR).error};
+  }
+  fs::remove_all(folder, error);
+  return error ? failure(error.value()) : FileResult{};
+}
+
+bool somethingAt(const fs::path& path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0;
+}
+
+std::vector<std::string> filesBelow(const fs::path& folder) {
+  std::vector<std::string> files;
+  std::vector<fs::path> pending{fs::path()};  // relative to `folder`
+  while (!pending.empty()) {
+    const fs::path below = std::move(pending.back());
+    pending.pop_back();
+    // Not the recursive iterator of the library: that one ends at the first error.
+    std::error_code error;
+    for (fs::directory_iterator entry(folder / below, error), end; !error && entry != end;
+         entry.increment(error)) {
+      std::error_code ignored;
+      const fs::path path = below / entry->path().filename();
+      if (fs::is_directory(entry->symlink_status(ignored))) {
+        pending.push_back(path);
+      } else if (fs::is_regular_file(entry->status(ignored))) {
+        files.push_back(path.string());
+      }
+    }
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+FolderLock::FolderLock(const fs::path& folder)
+    : m_descriptor(
+          withoutInterruption([&] { return open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); })) {
+  if (m_descriptor < 0) {
+    m_result = failure(errno);
+    return;
+  }
+  m_result = outcome(withoutInterruption([&] { return flock(m_descriptor, LOCK_EX | LOCK_NB); }));
+}
+
+FolderLock::~FolderLock() {
+  if (m_descriptor >= 0) close(m_descriptor);
+}
+
+}  // namespace platform

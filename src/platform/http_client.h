@@ -1,0 +1,71 @@
+// HTTP exchanges with sites that nobody here controls: what is asked, what comes back, and the bounds that
+// hold.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <stop_token>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+enum class HttpMethod { get, head };
+
+/// What happens to a body that grows beyond `HttpRequest::maxBytes`.
+enum class Overflow {
+  fail,      // the exchange ends with FetchFailure::tooLarge
+  truncate,  // the first maxBytes are the body, and the exchange counts as done
+};
+
+struct HttpRequest {
+  std::string url;  // as the crawl holds it; the client makes it fit for the request line (platform/uri.h)
+  HttpMethod method = HttpMethod::get;
+  std::chrono::milliseconds timeout{0};  // for the whole exchange; 0 means no limit but that on silence
+  std::size_t maxBytes = 64u << 20;      // of the decoded body
+  Overflow overflow = Overflow::fail;
+};
+
+/// Why no usable answer came.
+enum class FetchFailure {
+  none,
+  stopped,           // the stop token asked for it
+  invalidAddress,    // no http or https URL with a host, or one that cannot be sent
+  nameNotResolved,   // the host's name, or a proxy's
+  connectionFailed,  // refused, unreachable
+  tlsFailed,         // handshake or certificate
+  timedOut,          // while connecting, in silence, or the request's own limit
+  connectionClosed,  // before the answer was complete, or the answer breaks the protocol
+  tooLarge,          // body or headers
+  tooManyRedirects,
+  forbiddenRedirect,  // to a scheme other than http and https, or to no usable URL
+  undecodable,        // the content encoding is broken or unknown
+  other,
+};
+
+/// The failure in a few words for the user: "The host name could not be resolved". Empty for `none`.
+std::string_view failureText(FetchFailure failure);
+
+/// An answer, or the reason why there is none. With a failure, status is 0 and the texts are empty.
+struct [[nodiscard]] HttpAnswer {
+  FetchFailure failure = FetchFailure::none;
+  int status = 0;                 // 100 to 999, of the last answer of a redirect chain
+  std::string contentType = {};   // that answer's header value as sent, empty when there was none
+  std::string lastModified = {};  // likewise
+  std::string body = {};          // decoded (gzip, br), characters as sent
+};
+
+/// The standard English reason phrase of a status code (RFC 9110 and the IANA registry): "Not Found" for 404.
+/// A code without one gets the text of its class ("Client Error"), one outside 100 to 599 "Unknown Status".
+std::string_view reasonPhrase(int status);
+
+/// Fetches from sites. Borrowed by a scan; `fetch` may be called from several threads at once.
+class HttpClient {
+ public:
+  virtual ~HttpClient() = default;
+
+  /// Blocks until an answer, a failure or a stop. A stop ends a running exchange at once. Never throws.
+  virtual HttpAnswer fetch(const HttpRequest& request, std::stop_token stop) = 0;
+};
+
+}  // namespace platform

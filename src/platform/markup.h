@@ -1,0 +1,35 @@
+// Forgiving HTML, read in one pass without a tree.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+struct MarkupAttribute {
+  std::string_view name;   // lower case
+  std::string_view value;  // entities decoded; empty for an attribute without a value
+};
+
+/// Told of the elements of a document in its order, as a tree of it would be walked: elements left open are
+/// closed, implied ones are told too. Views are valid during the call only.
+class MarkupHandler {
+ public:
+  virtual ~MarkupHandler() = default;
+
+  virtual void startElement(std::string_view name, const std::vector<MarkupAttribute>& attributes) = 0;
+  virtual void endElement(std::string_view name) = 0;
+  /// A piece of text; neighbouring pieces belong to one text node.
+  virtual void text(std::string_view piece) = 0;
+  /// A comment or processing instruction.
+  virtual void otherNode() = 0;
+};
+
+/// Reads `utf8` (valid UTF-8) as HTML. Never fails: every text yields some document.
+void readHtml(std::string_view utf8, MarkupHandler& handler);
+
+/// An element's start tag as a serialiser writes it back: values quoted, "&", "<" and ">" in them escaped.
+std::string serialiseStartTag(std::string_view name, const std::vector<MarkupAttribute>& attributes);
+
+}  // namespace platform

@@ -1,0 +1,52 @@
+// Regular expressions in PCRE syntax on UTF-8 text, compiled once and matched fast.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+enum class RegexCase { sensitive, insensitive };
+
+/// One match; views into the text that was searched.
+struct RegexMatch {
+  std::size_t offset = 0;                // of `whole` in the text, in bytes
+  std::string_view whole;                // "$0"
+  std::vector<std::string_view> groups;  // "$1" is groups[0]; a group that took no part is empty
+};
+
+/// A compiled pattern. "." does not match a line feed, the only line end there is. Matching has bounded cost:
+/// a search that runs into a limit (about a second of processor time, the backtracking from one place, or 8
+/// MiB of its memory) counts as no match, and so never hangs on hostile text. Invalid UTF-8 in the text does
+/// not end a search; a match never spans it. Safe to use from several threads at once.
+class Regex {
+ public:
+  /// `pattern` is ours, never the user's or a site's: a faulty one, or one with more than 31 groups, is a bug
+  /// and ends the program.
+  explicit Regex(std::string_view pattern, RegexCase mode = RegexCase::sensitive);
+  ~Regex();
+  Regex(Regex&&) noexcept;
+  Regex& operator=(Regex&&) noexcept;
+
+  /// The first match at or behind `from` (bytes); nothing when there is none, or `from` lies behind the end.
+  /// What is in front of `from` still counts for "^", "\b" and looking behind.
+  std::optional<RegexMatch> find(std::string_view text, std::size_t from = 0) const;
+
+  /// `text` with every match replaced by `replacement`, taken literally: "$" and "\" mean nothing in it. The
+  /// limit on time holds for the whole call; what is left then stays as it is.
+  std::string replaceAll(std::string_view text, std::string_view replacement) const;
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> m_impl;
+};
+
+/// `text` with every occurrence of `what` replaced by `with`, both literal, left to right, without overlap.
+/// An empty `what` occurs nowhere.
+std::string replaceText(std::string_view text, std::string_view what, std::string_view with);
+
+}  // namespace platform

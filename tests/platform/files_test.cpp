@@ -1,0 +1,283 @@
+#include "platform/files.h"
+
+#include <csignal>
+#include <fstream>
+#include <optional>
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "support/temp_folder.h"
+
+namespace platform {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+void put(const fs::path& file, const std::string& text) {
+  std::ofstream(file, std::ios::binary) << text;
+}
+
+mode_t modeOf(const fs::path& path) {
+  struct stat status {};
+  stat(path.c_str(), &status);
+  return status.st_mode & 07777;
+}
+
+/// Makes writes beyond `bytes` of any file fail, the last one that still fits coming up short.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &m_old);
+    const rlimit limit{bytes, m_old.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &m_old);
+    std::signal(SIGXFSZ, m_oldHandler);
+  }
+
+ private:
+  rlimit m_old{};
+  void (*m_oldHandler)(int);
+};
+
+class Files : public testing::Test {
+ protected:
+  fs::path in(const char* name) const { return m_folder.path() / name; }
+  std::vector<std::string> everything() const { return filesBelow(m_folder.path()); }
+
+ private:
+  support::TempFolder m_folder;
+};
+
+TEST_F(Files, ReadsBytesAsTheyAre) {
+  const std::string text = std::string("a\0b\r\n\xff", 6) + std::string(100'000, 'x');
+  put(in("f"), text);
+  const FileContent content = readFile(in("f"));
+  EXPECT_TRUE(content.result.ok());
+  EXPECT_EQ(content.text, text);
+}
+
+TEST_F(Files, ReadsAFileThatHidesItsSize) {
+  const FileContent content = readFile("/proc/self/status");
+  EXPECT_TRUE(content.result.ok());
+  EXPECT_TRUE(content.text.ends_with('\n'));
+}
+
+TEST_F(Files, SaysWhyAFileCannotBeRead) {
+  put(in("file"), "x");
+  EXPECT_EQ(readFile(in("none")).result.status, FileStatus::missing);
+  EXPECT_EQ(readFile(in("no/file")).result.status, FileStatus::missing);
+  EXPECT_EQ(readFile(in("file/file")).result.status, FileStatus::missing);
+  const FileContent folder = readFile(in("."));
+  EXPECT_EQ(folder.result.status, FileStatus::failed);
+  EXPECT_EQ(folder.result.error, "Is a directory");
+}
+
+TEST_F(Files, ReplacesAndKeepsPermissions) {
+  EXPECT_TRUE(replaceFile(in("f"), "first, and longer").ok());
+  const mode_t mask = umask(0);
+  umask(mask);
+  EXPECT_EQ(modeOf(in("f")), 0644 & ~mask);
+  for (const mode_t mode : {0600u, 0664u, 0444u}) {
+    ASSERT_EQ(chmod(in("f").c_str(), mode), 0);
+    EXPECT_TRUE(replaceFile(in("f"), "second").ok());
+    EXPECT_EQ(modeOf(in("f")), mode);
+  }
+  EXPECT_EQ(readFile(in("f")).text, "second");
+  EXPECT_THAT(everything(), ElementsAre("f"));
+}
+
+TEST_F(Files, ReplacesBehindLinks) {
+  ASSERT_TRUE(makeFolder(in("real")).ok());
+  put(in("real/f"), "old");
+  fs::create_symlink("f", in("real/inner"));
+  fs::create_symlink("real/inner", in("outer"));
+  fs::create_symlink("real/new", in("dangling"));
+  EXPECT_TRUE(replaceFile(in("outer"), "new").ok());
+  EXPECT_TRUE(replaceFile(in("dangling"), "made").ok());
+  EXPECT_TRUE(fs::is_symlink(in("outer")));
+  EXPECT_TRUE(fs::is_symlink(in("dangling")));
+  EXPECT_EQ(readFile(in("real/f")).text, "new");
+  EXPECT_EQ(readFile(in("real/new")).text, "made");
+}
+
+TEST_F(Files, ReplacesByABareName) {
+  const fs::path before = fs::current_path();
+  fs::current_path(in("."));
+  const FileResult result = replaceFile("bare", "x");
+  fs::current_path(before);
+  EXPECT_TRUE(result.ok()) << result.error;
+  EXPECT_THAT(everything(), ElementsAre("bare"));
+}
+
+TEST_F(Files, ReplacesPastALeftoverOfAKilledProcess) {
+  // The numbers used so far are unknown, so all that may come next are taken.
+  const std::string stem = ".veskel-" + std::to_string(getpid()) + "-";
+  for (int i = 0; i < 50; ++i) put(in((stem + std::to_string(i)).c_str()), "leftover");
+  EXPECT_TRUE(replaceFile(in("f"), "x").ok());
+  EXPECT_EQ(everything().size(), 51u);
+}
+
+TEST_F(Files, AFailedReplacementLeavesTheOldFileAlone) {
+  put(in("f"), std::string(900, 'a'));
+  {
+    const FileSizeLimit limit(1000);
+    const FileResult result = replaceFile(in("f"), std::string(2000, 'b'));
+    EXPECT_EQ(result.status, FileStatus::failed);
+    EXPECT_EQ(result.error, "File too large");
+  }
+  EXPECT_EQ(readFile(in("f")).text, std::string(900, 'a'));
+  EXPECT_THAT(everything(), ElementsAre("f"));
+}
+
+TEST_F(Files, ReplacesPlainFilesOnly) {
+  ASSERT_TRUE(makeFolder(in("folder")).ok());
+  ASSERT_EQ(mkfifo(in("pipe").c_str(), 0600), 0);
+  fs::create_symlink("loop", in("loop"));
+  EXPECT_EQ(replaceFile(in("folder"), "x").error, "Is a directory");
+  EXPECT_EQ(replaceFile(in("pipe"), "x").status, FileStatus::failed);
+  EXPECT_EQ(replaceFile(in("loop"), "x").status, FileStatus::failed);
+  EXPECT_EQ(replaceFile(in("none/f"), "x").status, FileStatus::missing);
+  EXPECT_TRUE(fs::is_fifo(in("pipe")));
+  EXPECT_THAT(everything(), IsEmpty());
+}
+
+TEST_F(Files, AppendsToExistingFilesOnly) {
+  put(in("f"), "one");
+  EXPECT_TRUE(appendToFile(in("f"), " two").ok());
+  EXPECT_TRUE(appendToFile(in("f"), "").ok());
+  EXPECT_TRUE(syncFile(in("f")).ok());
+  EXPECT_EQ(readFile(in("f")).text, "one two");
+  EXPECT_EQ(appendToFile(in("none"), "x").status, FileStatus::missing);
+  EXPECT_EQ(syncFile(in("none")).status, FileStatus::missing);
+  EXPECT_THAT(everything(), ElementsAre("f"));
+}
+
+TEST_F(Files, AShortAppendIsCutBack) {
+  put(in("f"), std::string(900, 'a'));
+  {
+    const FileSizeLimit limit(1000);  // room for 100 of the 200 bytes
+    const FileResult result = appendToFile(in("f"), std::string(200, 'b'));
+    EXPECT_EQ(result.status, FileStatus::failed);
+    EXPECT_EQ(result.error, "File too large");
+  }
+  EXPECT_EQ(readFile(in("f")).text, std::string(900, 'a'));
+}
+
+TEST_F(Files, NeverMakesOverSomethingElse) {
+  fs::create_symlink("nowhere", in("dangling"));
+  put(in("file"), "x");
+  for (const char* taken : {"dangling", "file", "."}) {
+    SCOPED_TRACE(taken);
+    EXPECT_TRUE(somethingAt(in(taken)));
+    EXPECT_EQ(makeFolder(in(taken)).status, FileStatus::exists);
+    EXPECT_EQ(makeEmptyFile(in(taken)).status, FileStatus::exists);
+  }
+  EXPECT_FALSE(somethingAt(in("nowhere")));
+  EXPECT_EQ(makeFolder(in("a/b")).status, FileStatus::missing);
+  EXPECT_EQ(makeEmptyFile(in("a/b")).status, FileStatus::missing);
+  EXPECT_TRUE(makeEmptyFile(in("new")).ok());
+  EXPECT_EQ(fs::file_size(in("new")), 0u);
+}
+
+TEST_F(Files, MovesWithoutReplacing) {
+  put(in("a"), "a");
+  put(in("b"), "b");
+  ASSERT_TRUE(makeFolder(in("full")).ok());
+  ASSERT_TRUE(makeFolder(in("empty")).ok());
+  put(in("full/f"), "f");
+  EXPECT_EQ(moveTo(in("a"), in("b")).status, FileStatus::exists);
+  EXPECT_EQ(moveTo(in("full"), in("empty")).status, FileStatus::exists);  // plain rename() would do it
+  EXPECT_EQ(moveTo(in("a"), in("a")).status, FileStatus::exists);
+  EXPECT_EQ(moveTo(in("none"), in("c")).status, FileStatus::missing);
+  EXPECT_EQ(moveTo(in("full"), in("full/inside")).status, FileStatus::failed);
+  EXPECT_TRUE(moveTo(in("full"), in("moved")).ok());
+  EXPECT_THAT(everything(), ElementsAre("a", "b", "moved/f"));
+  EXPECT_EQ(readFile(in("b")).text, "b");
+}
+
+TEST_F(Files, RemovesWhatItIsToldTo) {
+  ASSERT_TRUE(makeFolder(in("keep")).ok());
+  put(in("keep/f"), "x");
+  ASSERT_TRUE(makeFolder(in("gone")).ok());
+  ASSERT_TRUE(makeFolder(in("gone/deeper")).ok());
+  put(in("gone/deeper/f"), "x");
+  fs::create_symlink("../keep", in("gone/link"));
+  put(in("file"), "x");
+  EXPECT_TRUE(removeFolder(in("gone")).ok());
+  EXPECT_FALSE(somethingAt(in("gone")));
+  EXPECT_EQ(removeFolder(in("gone")).status, FileStatus::missing);
+  EXPECT_EQ(removeFolder(in("file")).status, FileStatus::failed);
+  EXPECT_EQ(removeFile(in("keep")).status, FileStatus::failed);
+  EXPECT_EQ(removeFile(in("none")).status, FileStatus::missing);
+  EXPECT_THAT(everything(), ElementsAre("file", "keep/f"));
+  EXPECT_TRUE(removeFile(in("file")).ok());
+  EXPECT_THAT(everything(), ElementsAre("keep/f"));
+}
+
+TEST_F(Files, ListsFilesInByteOrder) {
+  for (const char* folder : {"b", "b/c", "B", "empty"}) ASSERT_TRUE(makeFolder(in(folder)).ok());
+  for (const char* file : {"b.x", "b/c/2", "b/1", "B/z", "\xC3\xA4", ".hidden", "a b"}) put(in(file), "");
+  fs::create_symlink("b", in("to-folder"));
+  fs::create_symlink("b.x", in("to-file"));
+  fs::create_symlink("none", in("to-nothing"));
+  EXPECT_THAT(everything(),
+              ElementsAre(".hidden", "B/z", "a b", "b.x", "b/1", "b/c/2", "to-file", "\xC3\xA4"));
+  EXPECT_THAT(filesBelow(in("none")), IsEmpty());
+}
+
+TEST_F(Files, PassesOverFoldersThatCannotBeRead) {
+  for (const char* folder : {"a", "m", "z"}) ASSERT_TRUE(makeFolder(in(folder)).ok());
+  for (const char* file : {"a/f", "m/f", "z/f"}) put(in(file), "");
+  ASSERT_EQ(chmod(in("m").c_str(), 0), 0);
+  ASSERT_EQ(chmod(in(".").c_str(), 0755), 0);
+  const bool isRoot = geteuid() == 0;  // who may read everything
+  ASSERT_EQ(isRoot ? seteuid(65534) : 0, 0);
+  const std::vector<std::string> files = everything();
+  ASSERT_EQ(isRoot ? seteuid(0) : 0, 0);
+  ASSERT_EQ(chmod(in("m").c_str(), 0700), 0);
+  EXPECT_THAT(files, ElementsAre("a/f", "z/f"));
+}
+
+TEST_F(Files, OneHoldsTheLockAtATime) {
+  std::optional<FolderLock> first(in("."));
+  EXPECT_TRUE(first->result().ok());
+  EXPECT_EQ(FolderLock(in(".")).result().status, FileStatus::busy);
+  first.reset();
+  EXPECT_TRUE(FolderLock(in(".")).result().ok());
+  EXPECT_EQ(FolderLock(in("none")).result().status, FileStatus::missing);
+  EXPECT_THAT(everything(), IsEmpty());
+}
+
+TEST_F(Files, ADeadProcessHoldsNoLock) {
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    const FolderLock lock(in("."));
+    const char taken = lock.result().ok() ? 'y' : 'n';
+    if (write(ready[1], &taken, 1) == 1) pause();
+    _exit(1);
+  }
+  char taken = 0;
+  ASSERT_EQ(read(ready[0], &taken, 1), 1);
+  EXPECT_EQ(taken, 'y');
+  EXPECT_EQ(FolderLock(in(".")).result().status, FileStatus::busy);
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  close(ready[0]);
+  close(ready[1]);
+  EXPECT_TRUE(FolderLock(in(".")).result().ok());
+}
+
+}  // namespace
+}  // namespace platform

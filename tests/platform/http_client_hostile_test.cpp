@@ -1,0 +1,378 @@
+// What sites do wrong, by mistake or on purpose, and that a fetch ends all the same.
+#include <cstdlib>
+#include <functional>
+#include <latch>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include <brotli/encode.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <zlib.h>
+
+#include "platform/curl_http_client.h"
+#include "support/raw_server.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using platform::CurlHttpClient;
+using platform::FetchFailure;
+using platform::HttpAnswer;
+using platform::HttpLimits;
+using platform::HttpRequest;
+using platform::Overflow;
+using support::rawAnswer;
+using support::RawConnection;
+using support::RawRequest;
+using support::RawServer;
+
+// No test here ends by these: a fetch that does not end by itself is one that the test program's time limit
+// ends.
+constexpr HttpLimits kPatient = {.connectTimeout = 600s, .silenceTimeout = 600s};
+constexpr HttpLimits kImpatient = {.connectTimeout = 1s, .silenceTimeout = 1s};
+const std::string kOkHead = "HTTP/1.1 200 OK\r\n";
+
+struct Free {
+  void operator()(void* memory) const { std::free(memory); }
+};
+/// Zeros that take no memory, as the pages are never written to.
+constexpr std::size_t kBombBytes = 128u << 20;
+std::unique_ptr<void, Free> zeros() {
+  return std::unique_ptr<void, Free>(std::calloc(kBombBytes, 1));
+}
+
+std::string gzipBomb() {
+  const auto content = zeros();
+  z_stream stream = {};
+  constexpr int kGzipFormat = 15 + 16;
+  deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, kGzipFormat, 8, Z_DEFAULT_STRATEGY);
+  std::string packed(kBombBytes / 128, '\0');
+  stream.next_in = static_cast<Bytef*>(content.get());
+  stream.avail_in = static_cast<uInt>(kBombBytes);
+  stream.next_out = reinterpret_cast<Bytef*>(packed.data());
+  stream.avail_out = static_cast<uInt>(packed.size());
+  EXPECT_EQ(deflate(&stream, Z_FINISH), Z_STREAM_END);
+  packed.resize(stream.total_out);
+  deflateEnd(&stream);
+  return packed;
+}
+
+std::string brotliBomb() {
+  const auto content = zeros();
+  std::size_t size = kBombBytes / 128;
+  std::string packed(size, '\0');
+  EXPECT_TRUE(BrotliEncoderCompress(1, BROTLI_DEFAULT_WINDOW, BROTLI_MODE_GENERIC, kBombBytes,
+                                    static_cast<const std::uint8_t*>(content.get()), &size,
+                                    reinterpret_cast<std::uint8_t*>(packed.data())));
+  packed.resize(size);
+  return packed;
+}
+
+long peakKilobytes() {
+  rusage usage = {};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
+}
+
+void expectFailure(const HttpAnswer& answer, FetchFailure expected) {
+  EXPECT_EQ(answer.failure, expected) << platform::failureText(answer.failure);
+  EXPECT_EQ(answer.status, 0);
+  EXPECT_TRUE((answer.contentType + answer.lastModified + answer.body).empty());
+}
+
+TEST(HostileSite, BreaksOffOrTalksNonsense) {
+  struct Case {
+    const char* name;
+    std::string sent;  // and then the connection is closed
+    FetchFailure expected = FetchFailure::connectionClosed;
+  };
+  const std::string longLine(200'000, 'a');
+  const Case cases[] = {
+      {"nothing", ""},
+      {"half a status line", "HTTP/1.1 2"},
+      {"half a header", kOkHead + "Content-Ty"},
+      {"no end of headers", kOkHead + "Content-Type: a/b\r\n"},
+      {"less than its length", kOkHead + "Content-Type: a/b\r\nContent-Length: 3\r\n\r\nhi"},
+      {"length beyond any memory", kOkHead + "Content-Length: 9223372036854775807\r\n\r\nhi"},
+      {"negative length", kOkHead + "Content-Length: -5\r\n\r\nhi"},
+      {"half a chunk", kOkHead + "Transfer-Encoding: chunked\r\n\r\n5\r\nhi"},
+      {"no last chunk", kOkHead + "Transfer-Encoding: chunked\r\n\r\n2\r\nhi\r\n"},
+      {"chunk size of no digits", kOkHead + "Transfer-Encoding: chunked\r\n\r\nzz\r\nhi"},
+      {"chunk size beyond any number", kOkHead + "Transfer-Encoding: chunked\r\n\r\nfffffffffffffffff\r\nhi"},
+      {"no HTTP", "<html><body>hello, this is a page without any header</body></html>"},
+      {"a version from the future", "HTTP/9.9 200 OK\r\n\r\nhi"},
+      {"status 000", "HTTP/1.1 000 Zero\r\n\r\nhi"},
+      {"status of letters", "HTTP/1.1 abc\r\n\r\nhi"},
+      {"NUL in a header", std::string("HTTP/1.1 200 OK\r\nContent-Type: a\0b\r\n\r\nhi", 41)},
+      {"NUL in the status line", std::string("HTTP/1.1 200 O\0K\r\n\r\nhi", 22)},
+      {"header without a colon", kOkHead + "nonsense\r\n\r\nhi"},
+      {"unasked switch of protocol", "HTTP/1.1 101 Switching\r\nUpgrade: x\r\n\r\n"},
+      {"only interim answers", "HTTP/1.1 100 Continue\r\n\r\n"},
+      {"header line of 200 KB", kOkHead + "X: " + longLine + "\r\n\r\nhi", FetchFailure::tooLarge},
+      {"broken gzip", rawAnswer("200 OK", "Content-Encoding: gzip\r\n", "no gzip"),
+       FetchFailure::undecodable},
+      {"broken brotli", rawAnswer("200 OK", "Content-Encoding: br\r\n", "\xFF\xFF"),
+       FetchFailure::undecodable},
+      {"unknown encoding", rawAnswer("200 OK", "Content-Encoding: rot13\r\n", "uv"),
+       FetchFailure::undecodable},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    RawServer server([&](RawConnection& connection) {
+      connection.readRequest();
+      connection.send(c.sent);
+    });
+    CurlHttpClient client("test", kPatient);
+    expectFailure(client.fetch({.url = server.url()}, {}), c.expected);
+  }
+}
+
+TEST(HostileSite, SendsWithoutEnd) {
+  struct Case {
+    const char* name;
+    std::string start, repeated;
+  };
+  const std::string junk(10'000, 'x');
+  const std::string chunk = "2710\r\n" + junk + "\r\n";
+  const std::string chunked = "Transfer-Encoding: chunked\r\n\r\n";
+  const Case cases[] = {
+      {"body", kOkHead + "\r\n", junk},
+      {"chunks", kOkHead + chunked, chunk},
+      {"one chunk", kOkHead + chunked + "7fffffffffffffff\r\n", junk},
+      {"header line", kOkHead + "X: ", junk},
+      {"headers", kOkHead, "X: " + junk + "\r\n"},
+      {"small headers", kOkHead, "a: b\r\n"},
+      {"interim answers", "", "HTTP/1.1 103 Early Hints\r\nLink: x\r\n\r\n"},
+      {"trailers", kOkHead + chunked + "0\r\n", "a: b\r\n"},
+      {"body of a redirect", "HTTP/1.1 302 Found\r\nLocation: /x\r\n" + chunked, chunk},
+      // A file name without end, as the head of the gzip format may hold one: decodes to nothing at all.
+      {"encoded nothing",
+       kOkHead + "Content-Encoding: gzip\r\n\r\n" + std::string("\x1F\x8B\x08\x08\0\0\0\0\0\3", 10), junk},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    RawServer server([&](RawConnection& connection) {
+      connection.readRequest();
+      connection.send(c.start);
+      connection.sendForever(c.repeated);
+    });
+    CurlHttpClient client("test", kPatient);
+    expectFailure(client.fetch({.url = server.url(), .maxBytes = 1'000'000}, {}), FetchFailure::tooLarge);
+  }
+}
+
+TEST(HostileSite, SendsBombs) {
+  const std::pair<const char*, std::string> bombs[] = {{"gzip", gzipBomb()}, {"br", brotliBomb()}};
+  for (const auto& [encoding, bomb] : bombs) {
+    SCOPED_TRACE(encoding);
+    RawServer server(
+        RawServer::answering([&, name = std::string(encoding), &packed = bomb](const RawRequest&) {
+          return rawAnswer("200 OK", "Content-Encoding: " + name + "\r\n", packed);
+        }));
+    CurlHttpClient client("test", kPatient);
+    const long before = peakKilobytes();
+    expectFailure(client.fetch({.url = server.url(), .maxBytes = 1u << 20}, {}), FetchFailure::tooLarge);
+    EXPECT_LT(peakKilobytes() - before, 48 << 10);  // decoded whole, it would be 128 MiB
+  }
+}
+
+TEST(HostileSite, IsCutWhereTheCallerWants) {
+  struct Case {
+    const char* name;
+    std::string sent;
+    std::size_t maxBytes;
+    FetchFailure ifFailing;
+    const char* ifTruncating;
+  };
+  const std::string chunks = kOkHead + "Transfer-Encoding: chunked\r\n\r\n2\r\nab\r\n2\r\ncd\r\n0\r\n\r\n";
+  const Case cases[] = {
+      {"fits exactly", rawAnswer("200 OK", "", "abcd"), 4, FetchFailure::none, "abcd"},
+      {"one too many", rawAnswer("200 OK", "", "abcd"), 3, FetchFailure::tooLarge, "abc"},
+      {"chunks fit exactly", chunks, 4, FetchFailure::none, "abcd"},
+      {"within the second chunk", chunks, 3, FetchFailure::tooLarge, "abc"},
+      {"nothing allowed", rawAnswer("200 OK", "", "abcd"), 0, FetchFailure::tooLarge, ""},
+      {"nothing allowed, nothing sent", rawAnswer("200 OK", "", ""), 0, FetchFailure::none, ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    RawServer server(RawServer::answering([&](const RawRequest&) { return c.sent; }));
+    CurlHttpClient client("test", kPatient);
+    HttpRequest request = {.url = server.url(), .maxBytes = c.maxBytes};
+    EXPECT_EQ(client.fetch(request, {}).failure, c.ifFailing);
+    request.overflow = Overflow::truncate;
+    const HttpAnswer answer = client.fetch(request, {});
+    EXPECT_EQ(answer.failure, FetchFailure::none);
+    EXPECT_EQ(answer.status, 200);
+    EXPECT_EQ(answer.body, c.ifTruncating);
+  }
+}
+
+TEST(HostileSite, TakesItsTime) {
+  const std::pair<const char*, std::function<void(RawConnection&)>> cases[] = {
+      {"says nothing", [](RawConnection& connection) { connection.waitForClose(); }},
+      {"drips headers",
+       [](RawConnection& connection) {
+         connection.readRequest();
+         connection.send(kOkHead);
+         connection.sendForever("X", 100ms);
+       }},
+      {"drips a body",
+       [](RawConnection& connection) {
+         connection.readRequest();
+         connection.send(kOkHead + "\r\n");
+         connection.sendForever("x", 100ms);
+       }},
+      {"comments on a chunk for ever",
+       [](RawConnection& connection) {
+         connection.readRequest();
+         connection.send(kOkHead + "Transfer-Encoding: chunked\r\n\r\n1;");
+         connection.sendForever(std::string(1000, 'x'));
+       }},
+  };
+  for (const auto& [name, handler] : cases) {
+    SCOPED_TRACE(name);
+    RawServer server(handler);
+    CurlHttpClient impatient("test", kImpatient);
+    expectFailure(impatient.fetch({.url = server.url()}, {}), FetchFailure::timedOut);
+    CurlHttpClient patient("test", kPatient);
+    expectFailure(patient.fetch({.url = server.url(), .timeout = 200ms}, {}), FetchFailure::timedOut);
+    EXPECT_EQ(server.connectionCount(), 2);
+  }
+}
+
+TEST(HostileSite, CannotBeConnectedTo) {
+  std::string refused;
+  {
+    refused = RawServer([](RawConnection&) {}).url();
+  }
+  RawServer plain([](RawConnection& connection) { connection.send(rawAnswer("200 OK", "", "no TLS")); });
+  RawServer silent([](RawConnection& connection) { connection.waitForClose(); });
+  const std::pair<std::string, FetchFailure> cases[] = {
+      {refused, FetchFailure::connectionFailed},
+      {"http://nonexistent.invalid/", FetchFailure::nameNotResolved},
+      {"https" + plain.url().substr(4), FetchFailure::tlsFailed},
+      {"https" + silent.url().substr(4), FetchFailure::timedOut},
+  };
+  for (const auto& [url, expected] : cases) {
+    SCOPED_TRACE(url);
+    CurlHttpClient client("test", kImpatient);
+    expectFailure(client.fetch({.url = url}, {}), expected);
+  }
+}
+
+TEST(HostileSite, FloodsWithCookies) {
+  // The session's cookie is known to be dropped by then, as it stands for all of them.
+  std::atomic<int> next = 0;
+  RawServer server(RawServer::answering([&](const RawRequest& request) {
+    std::string cookies;
+    if (request.target() == "/start") cookies = "Set-Cookie: session=1; Path=/\r\n";
+    for (int i = 0; i < 50; ++i)
+      cookies += "Set-Cookie: c" + std::to_string(next++) + "=1; Path=/elsewhere\r\n";
+    return rawAnswer("200 OK", cookies, "");
+  }));
+  CurlHttpClient client("test", kPatient);
+  EXPECT_EQ(client.fetch({.url = server.url("/start")}, {}).status, 200);
+  bool kept = true;
+  for (int i = 0; i < 200 && kept; ++i) {
+    EXPECT_EQ(client.fetch({.url = server.url()}, {}).status, 200);
+    kept = server.requests().back().contains("Cookie: session=1");
+    EXPECT_TRUE(kept || i >= 10);  // a few hundred cookies are no flood
+  }
+  EXPECT_FALSE(kept);
+}
+
+TEST(StoppedFetch, EndsWhereverItIs) {
+  std::latch* reached = nullptr;
+  const auto say = [&](RawConnection& connection, std::string_view start) {
+    connection.readRequest();
+    connection.send(start);
+    reached->count_down();
+  };
+  struct Case {
+    const char* name;
+    std::function<void(RawConnection&)> handler;
+    const char* scheme = "http";
+  };
+  const Case cases[] = {
+      {"before any answer",
+       [&](RawConnection& connection) {
+         say(connection, "");
+         connection.waitForClose();
+       }},
+      {"in a TLS handshake",
+       [&](RawConnection& connection) {
+         reached->count_down();
+         connection.waitForClose();
+       },
+       "https"},
+      {"within the headers",
+       [&](RawConnection& connection) {
+         say(connection, kOkHead + "X: ");
+         connection.sendForever("x", 50ms);
+       }},
+      {"in a silent body",
+       [&](RawConnection& connection) {
+         say(connection, kOkHead + "\r\nhi");
+         connection.waitForClose();
+       }},
+      {"in a slow body",
+       [&](RawConnection& connection) {
+         say(connection, kOkHead + "\r\n");
+         connection.sendForever("x", 50ms);
+       }},
+      {"in an endless body",
+       [&](RawConnection& connection) {
+         say(connection, kOkHead + "Content-Encoding: gzip\r\n\r\n");
+         connection.send(std::string("\x1F\x8B\x08\x08\0\0\0\0\0\3", 10));
+         connection.sendForever(std::string(10'000, 'x'));
+       }},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::latch started(1);
+    reached = &started;
+    RawServer server(c.handler);
+    CurlHttpClient client("test", kPatient);
+    std::stop_source stop;
+    const std::jthread stopper([&] {
+      started.wait();
+      stop.request_stop();
+    });
+    const HttpRequest request = {.url = c.scheme + server.url().substr(4), .maxBytes = std::size_t{1} << 40};
+    expectFailure(client.fetch(request, stop.get_token()), FetchFailure::stopped);
+  }
+}
+
+TEST(StoppedFetch, AsksNothingWhenStoppedBefore) {
+  RawServer server(RawServer::answering([](const RawRequest&) { return rawAnswer("200 OK", "", ""); }));
+  CurlHttpClient client("test", kPatient);
+  std::stop_source stop;
+  stop.request_stop();
+  expectFailure(client.fetch({.url = server.url()}, stop.get_token()), FetchFailure::stopped);
+  EXPECT_EQ(server.connectionCount(), 0);
+}
+
+TEST(StoppedFetch, LeavesTheClientFitForTheNext) {
+  RawServer server([](RawConnection& connection) {
+    while (const auto request = connection.readRequest()) {
+      connection.send(kOkHead + "Content-Length: 4\r\n\r\nab");
+      if (request->target() == "/hang") return connection.waitForClose();
+      connection.send("cd");
+    }
+  });
+  CurlHttpClient client("test", kPatient);
+  for (int i = 0; i < 5; ++i) {
+    std::stop_source stop;
+    const int before = server.requestCount();
+    const std::jthread stopper([&] {
+      while (server.requestCount() == before) std::this_thread::yield();
+      stop.request_stop();
+    });
+    expectFailure(client.fetch({.url = server.url("/hang")}, stop.get_token()), FetchFailure::stopped);
+    EXPECT_EQ(client.fetch({.url = server.url()}, {}).body, "abcd");
+  }
+}
+
+}  // namespace

@@ -1,0 +1,181 @@
+#include "platform/regex.h"
+
+#include <atomic>
+#include <thread>
+
+#include <gmock/gmock.h>
+
+namespace platform {
+namespace {
+
+using testing::ElementsAre;
+
+std::string repeated(std::string_view text, std::size_t times) {
+  std::string result;
+  for (std::size_t i = 0; i < times; ++i) result += text;
+  return result;
+}
+
+TEST(Regex, TellsWhereAndWhichGroups) {
+  const std::string text = "ab <i>c</i> <b>d</b>";
+  const std::optional<RegexMatch> match = Regex("<(b)(x)?>(.*?)</\\1>").find(text, 1);
+  ASSERT_TRUE(match);
+  EXPECT_EQ(match->offset, 12u);
+  EXPECT_EQ(match->whole, "<b>d</b>");
+  EXPECT_THAT(match->groups, ElementsAre("b", "", "d"));
+  EXPECT_EQ(match->whole.data(), text.data() + 12);
+}
+
+TEST(Regex, GroupsBehindTheLastOneThatMatchedAreThere) {
+  EXPECT_THAT(Regex("(a)|(b)|(c)").find("a")->groups, ElementsAre("a", "", ""));
+}
+
+TEST(Regex, Finds) {
+  struct Case {
+    const char* name;
+    const char* pattern;
+    RegexCase mode;
+    std::string_view text;
+    std::size_t from;
+    std::optional<std::size_t> expected;
+  };
+  constexpr RegexCase kSensitive = RegexCase::sensitive;
+  constexpr RegexCase kInsensitive = RegexCase::insensitive;
+  const Case cases[] = {
+      {"case counts", "a", kSensitive, "A", 0, std::nullopt},
+      {"case does not count", "STRASSE", kInsensitive, "strasse", 0, 0},
+      {"case of other scripts", "\xC3\x84", kInsensitive, "x\xC3\xA4", 0, 1},
+      {"a dot stops at a line feed", "a.b", kSensitive, "a\nb", 0, std::nullopt},
+      {"a dot passes a carriage return", "a.b", kSensitive, "a\rb", 0, 0},
+      {"a dollar stands before a last line feed", "b$", kSensitive, "ab\n", 0, 1},
+      {"a dollar does not stand before a carriage return", "b$", kSensitive, "ab\r\n", 0, std::nullopt},
+      {"a dot takes a whole character", "^.$", kSensitive, "\xE2\x82\xAC", 0, 0},
+      {"the start is that of the text", "^b", kSensitive, "ab", 1, std::nullopt},
+      {"looking behind the place to begin at", "(?<=a)b", kSensitive, "ab", 1, 1},
+      {"beginning at the end", "$", kSensitive, "ab", 2, 2},
+      {"beginning behind the end", "$", kSensitive, "ab", 3, std::nullopt},
+      {"beginning within a character", ".", kSensitive, "\xE2\x82\xAC.", 1, 3},
+      {"in nothing", "^$", kSensitive, {}, 0, 0},
+      {"behind a bad byte", "b", kSensitive,
+       "a\xFF\xC3"
+       "b",
+       0, 3},
+      {"not across a bad byte", "a.*b", kSensitive,
+       "a\xFF"
+       "b",
+       0, std::nullopt},
+      {"not a cut-off character", ".", kSensitive, "\xE2\x82", 0, std::nullopt},
+      {"past a NUL", "b", kSensitive, std::string_view("a\0b", 3), 0, 2},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::optional<RegexMatch> match = Regex(c.pattern, c.mode).find(c.text, c.from);
+    EXPECT_EQ(match ? std::optional(match->offset) : std::nullopt, c.expected);
+  }
+}
+
+TEST(Regex, ReplacesAll) {
+  struct Case {
+    const char* name;
+    const char* pattern;
+    const char* text;
+    const char* replacement;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"nothing to do", "x", "abc", "y", "abc"},
+      {"neighbours", "a", "aab", "-", "--b"},
+      {"the replacement is literal", "b+", "abbc", "$0\\1${x}", "a$0\\1${x}c"},
+      {"the replacement is not searched", "a", "a", "aa", "aa"},
+      {"empty matches", "", "ab", "-", "-a-b-"},
+      {"empty matches between whole characters", "", "\xC3\xA4\xE2\x82\xAC", "-", "-\xC3\xA4-\xE2\x82\xAC-"},
+      {"empty or not", "x*", "axb", "-", "-a--b-"},
+      {"only at the start", "^a", "aaa", "", "aa"},
+      {"around bad bytes", "b",
+       "b\xFF\xFE"
+       "b",
+       "-", "-\xFF\xFE-"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(Regex(c.pattern).replaceAll(c.text, c.replacement), c.expected);
+  }
+}
+
+// A search goes through a text in windows, whose bounds must not show.
+TEST(Regex, FindsAtEveryPlaceOfALongText) {
+  const Regex word("\\bneedle\\b");
+  const Regex euro("\xE2\x82\xAC");
+  for (std::size_t offset = 4080; offset < 4110; ++offset) {
+    const std::string hay(offset, '.');
+    EXPECT_EQ(word.find(hay + "needle" + hay)->offset, offset);
+    const std::string wide = repeated("\xC3\xA4", offset / 2) + std::string(offset % 2, '.');
+    EXPECT_EQ(euro.find(wide + "\xE2\x82\xAC")->offset, offset);
+  }
+  EXPECT_EQ(Regex("(?m)^").replaceAll(repeated("line\n", 3000), ">"), repeated(">line\n", 3000));
+}
+
+TEST(Regex, CopesWithMegabytes) {
+  const std::string filling = repeated("some text, ", 500'000);
+  const Regex lazy("(?s)<a>.*?</a>");
+  EXPECT_EQ(lazy.find("<a>" + filling + "</a>")->whole.size(), filling.size() + 7);
+  EXPECT_EQ(Regex("(?s)<a>.*</a>").find("<a>" + filling + "</a>")->whole.size(), filling.size() + 7);
+  EXPECT_EQ(lazy.find("<a>" + filling + "\xFF" + filling + "<a>x</a>")->offset, 2 * filling.size() + 4);
+  EXPECT_EQ(lazy.replaceAll(repeated("<a>b</a>c", 300'000), ""), std::string(300'000, 'c'));
+  // Each round of such a group is remembered, so this asks for a large stack.
+  const std::string pieces = repeated("ab\"cd\"", 10'000);
+  EXPECT_EQ(Regex("<(?:[^\"<>]|\"[^\"]*\")*>").find("<" + pieces + ">")->whole.size(), pieces.size() + 2);
+}
+
+TEST(Regex, GivesUpOnHostileText) {
+  // Each ends within seconds; unbounded, each would take hours.
+  EXPECT_FALSE(Regex("(a+)+$").find(std::string(100'000, 'a') + "b"));
+  EXPECT_FALSE(Regex("(?s)<(\\w+) .*?(?:x|y)\\1>").find(repeated("<a b></b>", 600'000)));
+  EXPECT_FALSE(Regex("(?:x|y|xy)*z").find(repeated("xy", 2'000'000)));
+  EXPECT_EQ(Regex("(a+)+$").replaceAll("aac" + std::string(100'000, 'a') + "b", "-").size(), 100'004u);
+}
+
+TEST(Regex, IsSharedByThreads) {
+  const Regex pattern("(\\d+)-(\\d+)");
+  std::atomic<int> wrong{0};
+  {
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < 4; ++i) {
+      threads.emplace_back(
+          [&, text = std::string(static_cast<std::size_t>(i) * 7, ' ') + "12-" + std::to_string(i)] {
+            for (int round = 0; round < 2000; ++round) {
+              const std::optional<RegexMatch> match = pattern.find(text);
+              if (!match || match->offset + 4 != text.size() || match->groups[0] != "12") ++wrong;
+            }
+          });
+    }
+  }
+  EXPECT_EQ(wrong, 0);
+}
+
+TEST(RegexDeathTest, AFaultyPatternEndsTheProgram) {
+  EXPECT_DEATH(Regex("a(b"), "Faulty pattern a\\(b: missing closing parenthesis");
+  EXPECT_DEATH(Regex(repeated("(a)", 32)), "too many groups");
+}
+
+TEST(ReplaceText, ReplacesLiterally) {
+  struct Case {
+    const char* name;
+    const char* text;
+    const char* what;
+    const char* with;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"everywhere", "a.b.c", ".", "", "abc"},           {"without overlap", "aaaaa", "aa", "b", "bba"},
+      {"not what was put in", "aXc", "X", "XX", "aXXc"}, {"nothing", "abc", "", "x", "abc"},
+      {"longer than the text", "a", "aa", "x", "a"},     {"no pattern", "a.c abc", "a.c", "$1", "$1 abc"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(replaceText(c.text, c.what, c.with), c.expected);
+  }
+}
+
+}  // namespace
+}  // namespace platform

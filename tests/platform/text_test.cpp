@@ -1,0 +1,179 @@
+#include "platform/text.h"
+
+#include <gtest/gtest.h>
+
+namespace platform {
+namespace {
+
+using namespace std::string_literals;
+
+const std::string kBad = "\xEF\xBF\xBD";
+
+TEST(FoldCase, MakesTextsEqualThatDifferInCaseAlone) {
+  struct Case {
+    const char* name;
+    std::string text;
+    std::string expected;
+  };
+  const Case cases[] = {
+      {"ASCII", "AbZ[`{@ 09", "abz[`{@ 09"},
+      {"empty", "", ""},
+      {"umlauts", "\u00C4\u00D6 A", "\u00E4\u00F6 a"},
+      {"a letter that folds to two", "Stra\u00DFe", "strasse"},
+      {"final sigma", "\u03A3\u03C2", "\u03C3\u03C3"},
+      {"no locale: Turkish I", "I\u0130", "ii\u0307"},
+      {"Cyrillic", "\u0416", "\u0436"},
+      {"beyond the basic plane", "\U00010400", "\U00010428"},
+      {"bad bytes", "A\xFFZ\xC3", "a" + kBad + "z" + kBad},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(foldCase(c.text), c.expected);
+  }
+}
+
+TEST(DecodeUtf8, ReplacesWhatIsBad) {
+  struct Case {
+    const char* name;
+    std::string bytes;
+    std::string expected;
+  };
+  const Case cases[] = {
+      {"valid", "a\u00E4\u20AC\U0001F600\0z"s, "a\u00E4\u20AC\U0001F600\0z"s},
+      {"a mark", "\xEF\xBB\xBFx\xEF\xBB\xBF", "x\xEF\xBB\xBF"},
+      {"stray bytes", "a\x80\xFF z", "a" + kBad + kBad + " z"},
+      {"cut off at the end", "abcdefgh\xE2\x82", "abcdefgh" + kBad},
+      {"cut off by a letter", "\xF0\x9F\x98z\xC3", kBad + "z" + kBad},
+      {"overlong", "\xC0\xAF", kBad + kBad},
+      {"a surrogate", "\xED\xA0\x80", kBad + kBad + kBad},
+      {"beyond Unicode", "\xF4\x90\x80\x80", kBad + kBad + kBad + kBad},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(decodeUtf8(c.bytes), c.expected);
+  }
+}
+
+TEST(DecodePage, ChoosesTheEncodingAsBrowsersDo) {
+  // One letter in three encodings: what comes out tells which one was taken.
+  const std::string kLetter = "\u00E4";          // the right reading of the bytes C3 A4
+  const std::string kWindows = "\u00C3\u00A4";   // that of windows-1252
+  const std::string kCyrillic = "\u0413\u00A4";  // that of windows-1251
+  struct Case {
+    const char* name;
+    std::string head;
+    const char* contentType;
+    std::string expected;
+  };
+  const std::string utf8Meta = "<meta charset=utf-8>";
+  const Case cases[] = {
+      {"nothing said", "", "text/html", kWindows},
+      {"no type at all", "", "", kWindows},
+      {"by the header", "", "text/html; charset=utf-8", kLetter},
+      {"header in other forms", "", "text/html ;x=\";charset=big5\"; CharSet = \"UTF\\-8\" ;y", kLetter},
+      {"the header's first one", "", "text/html;charset=windows-1251;charset=utf-8", kCyrillic},
+      {"an unknown label in the header", utf8Meta, "text/html; charset=none", kLetter},
+      {"an empty label in the header", utf8Meta, "text/html; charset=", kLetter},
+      {"two labels in one", utf8Meta, "text/html; charset=\"latin1 l1\"", kLetter},
+      {"the header before the page", utf8Meta, "text/html; charset=windows-1251", kCyrillic},
+      {"the mark before the header", "\xEF\xBB\xBF", "text/html; charset=windows-1251", kLetter},
+      {"by a meta element", utf8Meta, "", kLetter},
+      {"meta in other forms", "<p><META/name='x'  CHARSET\n= 'UTF8' >", "", kLetter},
+      {"Latin-1 is windows-1252", "<meta charset=iso-8859-1>", "", kWindows},
+      {"declared in content", "<meta http-equiv=Content-Type content='text/html; charset=utf-8'>", "",
+       kLetter},
+      {"content comes first", "<meta content='charset=\"utf-8\"' http-equiv=content-type>", "", kLetter},
+      {"content without http-equiv", "<meta content='text/html; charset=utf-8'>", "", kWindows},
+      {"content of another http-equiv", "<meta http-equiv=refresh content='0;charset=utf-8'>", "", kWindows},
+      {"content with more words", "<meta http-equiv=content-type content='charset charset = utf-8 x'>", "",
+       kLetter},
+      {"an open quote in content", "<meta http-equiv=content-type content='charset=\"utf-8'>", "", kWindows},
+      {"an attribute twice", "<meta charset=windows-1251 charset=utf-8>", "", kCyrillic},
+      {"an unknown meta, then a known one", "<meta charset=x><meta charset=utf-8>", "", kLetter},
+      {"UTF-16 in a meta cannot be", "<meta charset=utf-16>", "", kLetter},
+      {"in a comment", "<!-- <meta charset=utf-8> -->", "", kWindows},
+      {"behind the shortest comment", "<!--><meta charset=utf-8>", "", kLetter},
+      {"in an attribute", "<a title='<meta charset=utf-8>'>", "", kWindows},
+      {"in an end tag", "</a x='<meta charset=utf-8>'>", "", kWindows},
+      {"in a processing instruction", "<?x <meta charset=utf-8>", "", kWindows},
+      {"a longer name", "<metal charset=utf-8>", "", kWindows},
+      {"in an open comment", "<!-- <meta charset=utf-8>", "", kWindows},
+      {"just within the start", std::string(1024 - utf8Meta.size(), ' ') + utf8Meta, "", kLetter},
+      {"behind the start", std::string(1025 - utf8Meta.size(), ' ') + utf8Meta, "", kWindows},
+      {"an XML declaration", "<?xml version='1.0' encoding = \"utf-8\"?>", "", kLetter},
+      {"meta before the XML declaration", "<?xml encoding='windows-1251'?>" + utf8Meta, "", kLetter},
+      {"a broken XML declaration", "<?xml encoding='utf-8?>", "", kWindows},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::string head = c.head.starts_with('\xEF') ? "" : c.head;
+    EXPECT_EQ(decodePage(c.head + "\xC3\xA4", c.contentType), head + c.expected);
+  }
+}
+
+TEST(DecodePage, ReadsTheSetsOfTheWeb) {
+  struct Case {
+    const char* label;
+    std::string bytes;
+    std::string expected;
+  };
+  const Case cases[] = {
+      {"us-ascii", "\x80\x81\x8D\x9D\x9F\xE4", "\u20AC\u0081\u008D\u009D\u0178\u00E4"},
+      {"ISO-8859-9", "\xFD\x80", "\u0131\u20AC"},
+      {"tis-620", "\xA1", "\u0E01"},
+      {"iso-8859-2", "\xB1\x80", "\u0105\u0080"},
+      {"iso-8859-3", "\xA5", kBad},
+      {"iso-8859-16", "\x85\xA0\xA4\xAD\xFE\xFF", "\u0085\u00A0\u20AC\u00AD\u021B\u00FF"},
+      {"koi8-r", "\xF0\xD2", "\u041F\u0440"},
+      {"cp866", "\x8F\xE0\x1A", "\u041F\u0440\x1A"},
+      {"macintosh", "\xDB", "\u20AC"},
+      {"windows-1253", "\xD2\xE1", kBad + "\u03B1"},
+      {"x-user-defined", "a\x80\xFF", "a\uF780\uF7FF"},
+      {"gb2312", "\xC4\xE3\x80\xFF\x81<", "\u4F60\u20AC" + kBad + kBad + "<"},
+      {"gb18030", "\x94\x39\xFC\x36", "\U0001F600"},
+      {"big5", "\xA7\x41\x87\x40\x80<", "\u4F60\u43F0" + kBad + "<"},
+      {"sjis", "\x93\xFA\x81\x60\xB1\x5C\x7E\xA0\x81", "\u65E5\uFF5E\uFF71\\~" + kBad + kBad},
+      {"euc-jp", "\xC6\xFC\x8E\xB1\x8F\xB0\xA1", "\u65E5\uFF71\u4E02"},
+      {"iso-2022-jp", "\x1B$BF|\x1B(Ba",
+       "\u65E5"
+       "a"},
+      {"ks_c_5601-1987", "\xB0\xA1\x81\x41", "\uAC00\uAC02"},
+      {"utf-16", "a\0=\xD8\0\xDE\0\xDC\0\xD8"s, "a\U0001F600" + kBad + kBad},
+      {"utf-16be", "\0a\x20\xAC\0"s, "a\u20AC" + kBad},
+      {"utf-8", "a\0\u20AC\xFF"s, "a" + kBad + "\u20AC" + kBad},
+      {"latin1", "a\0b"s, "a" + kBad + "b"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.label);
+    EXPECT_EQ(decodePage(c.bytes, "text/html; charset="s + c.label), c.expected);
+  }
+}
+
+TEST(DecodePage, TakesOffOneMark) {
+  EXPECT_EQ(decodePage("\xEF\xBB\xBF\xEF\xBB\xBFx", ""), "\xEF\xBB\xBFx");
+  EXPECT_EQ(decodePage("\xFF\xFE\xE4\0a\0"s, "text/html; charset=utf-8"),
+            "\u00E4"
+            "a");
+  EXPECT_EQ(decodePage("\xFE\xFF\0\xE4\0a"s, ""),
+            "\u00E4"
+            "a");
+  EXPECT_EQ(decodePage("", "text/html"), "");
+}
+
+TEST(DecodePage, HandsGoodTextOnWithoutACopy) {
+  for (const char* type : {"text/html; charset=utf-8", "text/html"}) {
+    std::string page(1 << 20, 'x');
+    const char* const data = page.data();
+    EXPECT_EQ(decodePage(std::move(page), type).data(), data) << type;
+  }
+}
+
+TEST(MimeType, IsWhatStandsBeforeTheParameters) {
+  EXPECT_EQ(mimeType(" Text/HTML ; charset=utf-8"), "text/html");
+  EXPECT_EQ(mimeType("application/xhtml+xml"), "application/xhtml+xml");
+  EXPECT_EQ(mimeType(" ; charset=utf-8"), "");
+  EXPECT_EQ(mimeType(""), "");
+}
+
+}  // namespace
+}  // namespace platform

@@ -1,0 +1,173 @@
+#include "platform/uri.h"
+
+#include <gtest/gtest.h>
+
+namespace platform {
+namespace {
+
+using namespace std::string_view_literals;
+
+using Part = std::optional<std::string_view>;
+constexpr std::nullopt_t kNone = std::nullopt;
+
+TEST(SplitUri, SplitsEveryText) {
+  struct Case {
+    const char* text;
+    Part scheme;
+    Part authority;
+    const char* path;
+    Part query;
+    Part fragment;
+    const char* host;
+  };
+  const Case cases[] = {
+      {"http://u:p@h.test:80/a/b?q#f", "http", "u:p@h.test:80", "/a/b", "q", "f", "h.test"},
+      {"", kNone, kNone, "", kNone, kNone, ""},
+      {"http://h/?", "http", "h", "/", "", kNone, "h"},
+      {"http://h/#", "http", "h", "/", kNone, "", "h"},
+      {"http://h?q", "http", "h", "", "q", kNone, "h"},
+      {"http://h#/a?b", "http", "h", "", kNone, "/a?b", "h"},
+      {"//h:1/a:b@c", kNone, "h:1", "/a:b@c", kNone, kNone, "h"},
+      {"///a", kNone, "", "/a", kNone, kNone, ""},
+      {"http:a", "http", kNone, "a", kNone, kNone, ""},
+      {"http:", "http", kNone, "", kNone, kNone, ""},
+      {"http:/a", "http", kNone, "/a", kNone, kNone, ""},
+      {"mailto:a@b.test?subject=x:y", "mailto", kNone, "a@b.test", "subject=x:y", kNone, ""},
+      {":a", kNone, kNone, ":a", kNone, kNone, ""},
+      {"./a:b", kNone, kNone, "./a:b", kNone, kNone, ""},
+      {"?a#b#c?d", kNone, kNone, "", "a", "b#c?d", ""},
+      {"#a:b//c", kNone, kNone, "", kNone, "a:b//c", ""},
+      {"?http://h/", kNone, kNone, "", "http://h/", kNone, ""},
+      {"a b:c", "a b", kNone, "c", kNone, kNone, ""},
+      {"HTTP://H.Test/%7e", "HTTP", "H.Test", "/%7e", kNone, kNone, "H.Test"},
+      {"http://[::1]:8080/", "http", "[::1]:8080", "/", kNone, kNone, "[::1]"},
+      {"http://u@[v1.x:y]/", "http", "u@[v1.x:y]", "/", kNone, kNone, "[v1.x:y]"},
+      {"http://safe.test@evil.test@h/", "http", "safe.test@evil.test@h", "/", kNone, kNone, "h"},
+      {"http://u@/", "http", "u@", "/", kNone, kNone, ""},
+      {"http://:80/", "http", ":80", "/", kNone, kNone, ""},
+      {"http://[::1/", "http", "[::1", "/", kNone, kNone, "["},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    const UriParts parts = splitUri(c.text);
+    EXPECT_EQ(parts.scheme, c.scheme);
+    EXPECT_EQ(parts.authority, c.authority);
+    EXPECT_EQ(parts.path, c.path);
+    EXPECT_EQ(parts.query, c.query);
+    EXPECT_EQ(parts.fragment, c.fragment);
+    EXPECT_EQ(parts.host(), c.host);
+  }
+}
+
+TEST(IsUriReference, AcceptsTheGrammar) {
+  static constexpr const char* kAccepted[] = {
+      "",
+      "a",
+      "/",
+      "//h",
+      "//",
+      "?",
+      "#",
+      "./a:b",
+      "/a:b",
+      "a/b:c",
+      "http:",
+      "http://",
+      "http://h:/",
+      "http://h:99999/",
+      "http://%C3%A4.test/",
+      "http://u:p:q@h/",
+      "http://@h/",
+      "http://[::1]/",
+      "http://[2001:db8::7:1.2.3.4]:80",
+      "http://[vF.a:b!]/",
+      "a+1.-b:c",
+      "/a//b/;x=1,2/@:!$&'()*+-._~",
+      "?a=/?:@",
+      "#/?:@!",
+      "urn:isbn:1-2",
+      "..%2f%2F",
+  };
+  for (const char* text : kAccepted) {
+    EXPECT_TRUE(isUriReference(text)) << text;
+  }
+}
+
+TEST(IsUriReference, RejectsEverythingElse) {
+  static constexpr std::string_view kRejected[] = {
+      "a b"sv,
+      " a"sv,
+      "a\n"sv,
+      "a\0"sv,
+      "a\x7F"sv,
+      "\xC3\xA4"sv,
+      "%"sv,
+      "%4"sv,
+      "a%4"sv,
+      "%4g"sv,
+      "%%41"sv,
+      "a\"b"sv,
+      "<a>"sv,
+      "\\a"sv,
+      "a^b"sv,
+      "a`b"sv,
+      "{a}"sv,
+      "a|b"sv,
+      "/a[1]"sv,
+      "?a[]=1"sv,
+      "#[a]"sv,
+      "#a#b"sv,
+      ":a"sv,
+      "1a:b"sv,
+      "-a:b"sv,
+      "a_b:c"sv,
+      "a%41:c"sv,
+      "http://h:8o/"sv,
+      "http://h:80:80/"sv,
+      "http://h:-1/"sv,
+      "http://a@b@c/"sv,
+      "http://a[b]/"sv,
+      "http://[::1/"sv,
+      "http://::1]/"sv,
+      "http://[]/"sv,
+      "http://[::1]x/"sv,
+      "http://[1.2.3.4]/"sv,
+      "http://[::1%25eth0]/"sv,
+      "http://[v.x]/"sv,
+      "http://[v1.]/"sv,
+      "http://[v1.%41]/"sv,
+      "http://[1::2::3]/"sv,
+  };
+  for (const std::string_view text : kRejected) {
+    EXPECT_FALSE(isUriReference(text)) << text;
+  }
+}
+
+TEST(RequestAddress, EncodesWhatDoesNotFit) {
+  struct Case {
+    const char* name;
+    std::string_view url;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"fits already", "http://h/a;b=(c),~!*'$&+?d=/e:@?#f#g", "http://h/a;b=(c),~!*'$&+?d=/e:@?"},
+      {"fragment alone", "#a", ""},
+      {"dot segments stay", "http://h/a/.././/b/%2e", "http://h/a/.././/b/%2e"},
+      {"blanks and controls", " http://h/a b\t\r\n\x7F", "%20http://h/a%20b%09%0D%0A%7F"},
+      {"a NUL", std::string_view("a\0b", 3), "a%00b"},
+      {"letters beyond ASCII", "http://h/\xC3\xA4?\xE2\x82\xAC\xFF", "http://h/%C3%A4?%E2%82%AC%FF"},
+      {"excluded characters", "/\"<>\\^`{|}", "/%22%3C%3E%5C%5E%60%7B%7C%7D"},
+      {"triplets and stray percents", "/%41%zz%4%%42%", "/%41%25zz%254%25%42%25"},
+      {"brackets outside the authority", "http://[::1]:80/[a]?b[]=c", "http://[::1]:80/%5Ba%5D?b%5B%5D=c"},
+      {"brackets without an authority", "/[a]", "/%5Ba%5D"},
+      {"a percent cut off by the fragment", "/a%#41", "/a%25"},
+      {"user and port", "http://u:p@h:8080", "http://u:p@h:8080"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(requestAddress(c.url), c.expected);
+  }
+}
+
+}  // namespace
+}  // namespace platform
