@@ -1,0 +1,118 @@
+#include "store/add_edit_delete_sites.h"
+
+#include <utility>
+#include <vector>
+
+#include "store/site_record.h"
+
+namespace store {
+
+namespace {
+
+using platform::FileResult;
+using platform::FileStatus;
+
+SaveResult failed(const std::filesystem::path& path, FileResult file) {
+  return {SaveOutcome::failed, path, std::move(file)};
+}
+
+/// Gives the record in `file` another URL.
+SaveResult replaceUrl(const std::filesystem::path& file, std::string_view url) {
+  const auto record = platform::readFile(file);
+  if (!record.result.ok()) return failed(file, record.result);
+  auto written = platform::replaceFile(file, withRecordValue(record.text, kSiteUrl, url));
+  if (!written.ok()) return failed(file, std::move(written));
+  return {};
+}
+
+/// Moves that are taken back, the last one first, unless keep() was called.
+class UndoableMoves {
+ public:
+  UndoableMoves() = default;
+  ~UndoableMoves() {
+    for (auto move = m_done.rbegin(); move != m_done.rend(); ++move) {
+      // Nothing more can be done if this fails too; the first failure is the one that gets reported.
+      static_cast<void>(platform::moveTo(move->second, move->first));
+    }
+  }
+  UndoableMoves(const UndoableMoves&) = delete;
+  UndoableMoves& operator=(const UndoableMoves&) = delete;
+
+  FileResult move(const std::filesystem::path& from, const std::filesystem::path& to) {
+    auto moved = platform::moveTo(from, to);
+    if (moved.ok()) m_done.emplace_back(from, to);
+    return moved;
+  }
+
+  void keep() { m_done.clear(); }
+
+ private:
+  std::vector<std::pair<std::filesystem::path, std::filesystem::path>> m_done;
+};
+
+}  // namespace
+
+std::string renameNameTaken(std::string_view name) {
+  std::string sentence = "A site with the name \"";
+  sentence.append(name).append(
+      "\" already exists, please delete this site first or select a different name.");
+  return sentence;
+}
+
+SaveResult AddEditDeleteSites::createNewSite(std::string_view name, std::string_view url) const {
+  const auto folder = m_controls.siteFolder(name);
+  if (platform::somethingAt(folder)) return {SaveOutcome::nameTaken, folder};
+  if (auto made = platform::makeFolder(folder); !made.ok()) {
+    if (made.status == FileStatus::exists) return {SaveOutcome::nameTaken, folder};
+    return failed(folder, std::move(made));
+  }
+  const auto record = m_controls.returnFullFileLocation(name);
+  if (auto written = platform::replaceFile(record, newSiteRecord(name, url)); !written.ok()) {
+    static_cast<void>(platform::removeFolder(folder));  // an empty folder would only keep the name taken
+    return failed(record, std::move(written));
+  }
+  return {};
+}
+
+SaveResult AddEditDeleteSites::saveEditedSite(std::string_view originalName, std::string_view newName,
+                                              std::string_view newUrl) const {
+  const auto newRecord = m_controls.returnFullFileLocation(newName);
+  if (newName == originalName) return replaceUrl(newRecord, newUrl);
+  if (isNameTaken(originalName, newName)) {
+    // Whoever insists on a taken name means the site that has it: that site gets the URL, as a second edit of
+    // it would.
+    auto result = replaceUrl(newRecord, newUrl);
+    result.outcome = SaveOutcome::nameTaken;
+    return result;
+  }
+
+  // The record is read before anything moves, so that an unreadable one costs nothing to report.
+  const auto oldRecord = m_controls.returnFullFileLocation(originalName);
+  const auto record = platform::readFile(oldRecord);
+  if (!record.result.ok()) return failed(oldRecord, record.result);
+
+  const auto newFolder = m_controls.siteFolder(newName);
+  const auto movedRecord = newFolder / oldRecord.filename();
+  UndoableMoves moves;
+  if (auto moved = moves.move(m_controls.siteFolder(originalName), newFolder); !moved.ok()) {
+    return failed(newFolder, std::move(moved));
+  }
+  if (auto moved = moves.move(movedRecord, newRecord); !moved.ok())
+    return failed(newRecord, std::move(moved));
+
+  const std::string renamed = withRecordValue(record.text, kSiteName, newName);
+  auto written = platform::replaceFile(newRecord, withRecordValue(renamed, kSiteUrl, newUrl));
+  if (!written.ok()) return failed(newRecord, std::move(written));
+  moves.keep();
+  return {};
+}
+
+FileResult AddEditDeleteSites::deleteSite(std::string_view name) const {
+  return platform::removeFolder(m_controls.siteFolder(name));
+}
+
+bool AddEditDeleteSites::isNameTaken(std::string_view originalName, std::string_view newName) const {
+  return newName != originalName && platform::somethingAt(m_controls.siteFolder(newName));
+}
+
+}  // namespace store

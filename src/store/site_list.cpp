@@ -1,0 +1,162 @@
+#include "store/site_list.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "store/site_record.h"
+#include "store/text_lines.h"
+
+namespace store {
+
+namespace {
+
+constexpr std::string_view kOlderExtension = ".qzvsk";
+
+/// Documents of the layout that came with the older records. Nothing writes or reads them any more.
+constexpr std::array<std::string_view, 6> kOlderDocuments = {
+    "sitemap.html", "sitemap2.html", "sitemap3.html", "sitemap4.html", "sitemap5.html", "sitemap6.html"};
+
+/// Whether the file's extension is exactly this one; ".qzVSK" alone is a hidden file without extension.
+bool hasExtension(const std::string& file, std::string_view extension) {
+  return std::filesystem::path(file).extension() == extension;
+}
+
+std::string problem(std::string_view what, const std::filesystem::path& path, std::string_view why) {
+  std::string sentence(what);
+  sentence.append(" ").append(path.native()).append(": ").append(why);
+  return sentence;
+}
+
+/// The new record is in place before the old one goes, so a failure or a crash in between loses neither.
+std::optional<std::string> upgradeRecord(const std::filesystem::path& olderFile) {
+  const auto older = platform::readFile(olderFile);
+  if (older.result.status == platform::FileStatus::missing) return {};  // somebody else was faster
+  if (!older.result.ok()) return problem("Could not read the older record", olderFile, older.result.error);
+
+  const auto record = upgradedRecord(older.text);
+  if (!record) return problem("Could not upgrade", olderFile, "It is not a site record.");
+
+  auto newFile = olderFile;
+  newFile.replace_extension(kRecordExtension);
+  if (const auto written = platform::replaceFile(newFile, *record); !written.ok()) {
+    return problem("Could not write the upgraded record", newFile, written.error);
+  }
+  const auto removeIfThere = [](const std::filesystem::path& file) -> std::optional<std::string> {
+    const auto removed = platform::removeFile(file);
+    if (removed.ok() || removed.status == platform::FileStatus::missing) return {};
+    return problem("Could not delete", file, removed.error);
+  };
+  auto firstProblem = removeIfThere(olderFile);
+  for (const std::string_view document : kOlderDocuments) {
+    auto next = removeIfThere(olderFile.parent_path() / document);
+    if (!firstProblem) firstProblem = std::move(next);
+  }
+  return firstProblem;
+}
+
+SelectedSite siteFromRecord(const GlobalControls& controls, std::string_view name, std::string_view record) {
+  SelectedSite site;
+  SiteDetails& details = site.details;
+  details.name = recordValue(record, kSiteName).value_or("");
+  details.url = recordValue(record, kSiteUrl).value_or("");
+  details.ignoreRobots = ignoresRobots(record);
+  details.pagesFound = recordCount(record, kPagesFound).value_or(0);
+  details.totalLinks = recordCount(record, kTotalLinks).value_or(0);
+  details.pagesUsed = recordCount(record, kPagesUsed).value_or(0);
+
+  const auto badLinksFile = controls.siteFolder(name) / kBadLinksFile;
+  const auto badLinks = platform::readFile(badLinksFile);
+  if (badLinks.result.ok()) {
+    details.badLinks = nonEmptyLines(badLinks.text);
+  } else if (badLinks.result.status !=
+             platform::FileStatus::missing) {  // before the first scan there is none
+    site.result = badLinks.result;
+    site.path = badLinksFile;
+  }
+  return site;
+}
+
+}  // namespace
+
+platform::FileResult checkNeededFoldersExist(const GlobalControls& controls) {
+  const auto dataFolder = controls.homeFolderLocation();
+  // HOME, "Library", "Application Support", "Quillfern", "Veskel": the four below HOME are made where
+  // missing.
+  std::array<std::filesystem::path, 4> folders;
+  auto folder = dataFolder;
+  for (auto place = folders.rbegin(); place != folders.rend(); ++place) {
+    *place = folder;
+    folder = folder.parent_path();
+  }
+  for (const auto& needed : folders) {
+    auto made = platform::makeFolder(needed);
+    if (!made.ok() && made.status != platform::FileStatus::exists) return made;
+  }
+  std::error_code error;
+  if (!std::filesystem::is_directory(dataFolder, error)) {
+    return {platform::FileStatus::failed,
+            error ? error.message() : "Something that is no folder is in the way."};
+  }
+  return {};
+}
+
+SiteList siteTableRows(const GlobalControls& controls) {
+  const auto dataFolder = controls.homeFolderLocation();
+  SiteList list;
+  auto files = platform::filesBelow(dataFolder);
+  for (const std::string& file : files) {
+    if (!hasExtension(file, kOlderExtension)) continue;
+    list.updatedOldFile = true;
+    if (auto sentence = upgradeRecord(dataFolder / file)) list.problems.push_back(*std::move(sentence));
+  }
+  if (list.updatedOldFile) files = platform::filesBelow(dataFolder);
+
+  for (const std::string& file : files) {
+    if (!hasExtension(file, kRecordExtension)) continue;
+    const auto folderEnd = file.rfind('/');
+    if (folderEnd != std::string::npos) list.names.push_back(file.substr(0, folderEnd));
+  }
+  // By name, not by path: in paths "a b/" comes before "a/".
+  std::sort(list.names.begin(), list.names.end());
+  return list;
+}
+
+SelectedSite selectSite(const GlobalControls& controls, std::string_view name) {
+  const auto file = controls.returnFullFileLocation(name);
+  const auto record = platform::readFile(file);
+  if (!record.result.ok()) return {record.result, file, {}};
+
+  const std::string complete = withMissingCounters(record.text);
+  SelectedSite site = siteFromRecord(controls, name, complete);
+  if (complete == record.text) return site;
+  if (auto written = platform::replaceFile(file, complete); !written.ok()) {
+    site.result = std::move(written);
+    site.path = file;
+  }
+  return site;
+}
+
+SelectedSite readSite(const GlobalControls& controls, std::string_view name) {
+  const auto file = controls.returnFullFileLocation(name);
+  const auto record = platform::readFile(file);
+  if (!record.result.ok()) return {record.result, file, {}};
+  return siteFromRecord(controls, name, record.text);
+}
+
+platform::FileResult setIgnoreRobots(const GlobalControls& controls, std::string_view name, bool ignore) {
+  const auto file = controls.returnFullFileLocation(name);
+  const auto record = platform::readFile(file);
+  if (!record.result.ok()) return record.result;
+
+  const std::string changed = withIgnoreRobots(record.text, ignore);
+  if (ignoresRobots(changed) != ignore) {
+    return {platform::FileStatus::failed, "The record has no robots switch."};
+  }
+  if (changed == record.text) return {};
+  return platform::replaceFile(file, changed);
+}
+
+}  // namespace store

@@ -1,0 +1,56 @@
+// The list of sites: whatever records the data folder holds.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+#include "store/global_controls.h"
+
+namespace store {
+
+/// Makes sure the data folder exists, with every folder on the way to it from the home directory on. The home
+/// directory itself is never made.
+platform::FileResult checkNeededFoldersExist(const GlobalControls& controls);
+
+struct SiteList {
+  std::vector<std::string> names;          // folder names relative to the data folder, sorted by byte order
+  bool updatedOldFile = false;             // records in the older format were upgraded on the way
+  std::vector<std::string> problems = {};  // upgrades that failed, one sentence each
+};
+
+/// Upgrades every record in the older format ("NAME.qzvsk"), then lists the folders that hold a record. A
+/// record lying directly in the data folder is passed over. Records whose upgrade fails stay as they were.
+SiteList siteTableRows(const GlobalControls& controls);
+
+/// What is known of one site: its record's values, empty or 0 where the record lacks them.
+struct SiteDetails {
+  std::string name;
+  std::string url;
+  bool ignoreRobots = false;
+  int pagesFound = 0;
+  int totalLinks = 0;
+  int pagesUsed = 0;
+  std::vector<std::string> badLinks;  // broken pages of the last scan, in the order found
+};
+
+struct [[nodiscard]] SelectedSite {
+  platform::FileResult
+      result;  // of reading record and broken links, and of writing counters that were missing
+  std::filesystem::path path = {};  // what could not be read or written
+  SiteDetails details = {};
+};
+
+/// Reads a site and gives its record the counters it lacks, as selecting it does.
+SelectedSite selectSite(const GlobalControls& controls, std::string_view name);
+
+/// Reads a site without changing anything.
+SelectedSite readSite(const GlobalControls& controls, std::string_view name);
+
+/// Turns the site's robots switch in its record. A record without the switch is left as it is and counts as
+/// `failed`.
+platform::FileResult setIgnoreRobots(const GlobalControls& controls, std::string_view name, bool ignore);
+
+}  // namespace store

@@ -1,0 +1,14 @@
+// Files of the store that hold one entry a line.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace store {
+
+/// The lines of `text` that are not empty, in order. Only the line feed ends a line: a carriage return before
+/// it belongs to the entry.
+std::vector<std::string> nonEmptyLines(std::string_view text);
+
+}  // namespace store

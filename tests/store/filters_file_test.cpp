@@ -1,0 +1,74 @@
+#include "store/filters_file.h"
+
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "store_test.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+class FiltersFileTest : public StoreTest {
+ protected:
+  FiltersFileTest() { write("a/a.qzVSK", "x"); }
+
+  std::vector<std::string> entries() const { return store::loadFilterFile(controls, "a").entries; }
+};
+
+TEST_F(FiltersFileTest, LoadingMakesAnEmptyFile) {
+  EXPECT_TRUE(store::loadFilterFile(controls, "a").result.ok());
+  EXPECT_EQ(read("a/filters.vskp"), "");
+  EXPECT_EQ(store::loadFilterFile(controls, "none").result.status, platform::FileStatus::missing);
+}
+
+TEST_F(FiltersFileTest, LoadsNonEmptyLinesAsTheyAre) {
+  write("a/filters.vskp", "\n/a\r\n  /b  \n\n/a\r\n#");
+  EXPECT_THAT(entries(), ElementsAre("/a\r", "  /b  ", "/a\r", "#"));
+}
+
+TEST_F(FiltersFileTest, AddsOneLineEach) {
+  struct Case {
+    const char* name;
+    const char* before;
+    const char* text;
+    const char* after;
+  };
+  const Case cases[] = {
+      {"blanks stay", "", "  /private  ", "  /private  \n"},
+      {"twice the same", "/a\n", "/a", "/a\n/a\n"},
+      {"line ends at both ends go", "", "\r\n\n/a\xE2\x80\xA8\xC2\x85\n", "/a\n"},
+      {"line feed inside stays", "", "/a\n/b", "/a\n/b\n"},
+      {"empty changes nothing", "/a", "", "/a"},
+      {"last line without its end", "/a", "/b", "/a\n/b\n"},
+      {"empty lines stay", "\n\n", "/b", "\n\n/b\n"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    write("a/filters.vskp", c.before);
+    EXPECT_TRUE(store::addFilter(controls, "a", c.text).ok());
+    EXPECT_EQ(read("a/filters.vskp"), c.after);
+  }
+}
+
+TEST_F(FiltersFileTest, AddsToNoFileThatIsMissing) {
+  EXPECT_EQ(store::addFilter(controls, "a", "/a").status, platform::FileStatus::missing);
+  EXPECT_EQ(read("a/filters.vskp"), "(missing)");
+}
+
+TEST_F(FiltersFileTest, SavesTheWholeListOrNothing) {
+  EXPECT_TRUE(store::saveFilters(controls, "a", {"/a", "/b"}).ok());
+  EXPECT_EQ(read("a/filters.vskp"), "/a\n/b\n");
+  {
+    const FullDisk fullDisk;
+    EXPECT_FALSE(store::saveFilters(controls, "a", {"/c"}).ok());
+    EXPECT_FALSE(store::addFilter(controls, "a", "/c").ok());
+  }
+  EXPECT_EQ(read("a/filters.vskp"), "/a\n/b\n");
+  EXPECT_TRUE(store::saveFilters(controls, "a", {}).ok());
+  EXPECT_EQ(read("a/filters.vskp"), "");
+}
+
+}  // namespace

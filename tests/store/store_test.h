@@ -1,0 +1,58 @@
+// A home directory of its own for each test of the store.
+#pragma once
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include "platform/files.h"
+#include "store/global_controls.h"
+#include "store/site_list.h"
+#include "support/temp_folder.h"
+
+/// While it lives no file can be written, by root neither: as on a full disk.
+class FullDisk {
+ public:
+  FullDisk() {
+    m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &m_oldLimit);
+    const rlimit nothing{0, m_oldLimit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &nothing);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &m_oldLimit);
+    std::signal(SIGXFSZ, m_oldHandler);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit m_oldLimit{};
+  void (*m_oldHandler)(int) = SIG_DFL;
+};
+
+class StoreTest : public testing::Test {
+ protected:
+  StoreTest() { EXPECT_TRUE(store::checkNeededFoldersExist(controls).ok()); }
+
+  std::filesystem::path data() const { return controls.homeFolderLocation(); }
+
+  /// Writes a file below the data folder and makes the folders on the way.
+  void write(const std::string& file, std::string_view text) const {
+    std::filesystem::create_directories((data() / file).parent_path());
+    ASSERT_TRUE(platform::replaceFile(data() / file, text).ok());
+  }
+
+  /// The text of a file below the data folder; "(missing)" when there is none.
+  std::string read(const std::string& file) const {
+    const auto content = platform::readFile(data() / file);
+    return content.result.ok() ? content.text : "(missing)";
+  }
+
+  support::TempFolder home;
+  store::GlobalControls controls{home.path()};
+};
