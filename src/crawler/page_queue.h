@@ -1,0 +1,47 @@
+// The pages of a site in the order found: the crawl's queue and its set of known pages at once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace crawler {
+
+/// Grows only. Each address is stored once, and a look-up costs the same at a hundred entries and at a
+/// million.
+class PageQueue {
+ public:
+  PageQueue();
+
+  std::size_t size() const { return m_entries.size(); }
+
+  /// The entry at `index` in the order found. The view stays good as long as the queue.
+  std::string_view operator[](std::size_t index) const { return m_entries[index]; }
+
+  /// Adds an address that is not known yet; false, and no change, when it is.
+  bool append(std::string_view url);
+
+  /// Whether the address made of the three pieces one after the other is known. Comparison is by bytes.
+  bool contains(std::string_view first, std::string_view second = {}, std::string_view third = {}) const;
+
+ private:
+  struct Slot {
+    std::uint32_t hash = 0;   // upper half, to tell most entries apart without a look at their text
+    std::uint32_t entry = 0;  // index + 1; 0 is a free slot
+  };
+
+  std::uint64_t hashOf(std::string_view first, std::string_view second, std::string_view third) const;
+  std::string_view store(std::string_view url);
+  void grow();
+
+  std::vector<std::string_view> m_entries;
+  std::vector<std::unique_ptr<char[]>> m_blocks;  // the entries' text; blocks never move
+  std::size_t m_blockLeft = 0;
+  char* m_blockNext = nullptr;
+  std::vector<Slot> m_slots;  // open addressing, a power of two of slots, at most half full
+  std::uint64_t m_seed;       // so that no site can prepare addresses that collide
+};
+
+}  // namespace crawler

@@ -1,0 +1,55 @@
+#include "crawler/page_source.h"
+
+#include "platform/text.h"
+
+namespace crawler {
+
+namespace {
+
+constexpr std::chrono::seconds kLastModifiedTimeout{10};
+
+PageContents readBody(platform::HttpAnswer& answer) {
+  return readPageContents(platform::decodePage(std::move(answer.body), answer.contentType));
+}
+
+}  // namespace
+
+std::string FetchedPage::reason() const {
+  if (failure != platform::FetchFailure::none) return "0 - " + std::string(platform::failureText(failure));
+  return std::to_string(status) + " - " + std::string(platform::reasonPhrase(status));
+}
+
+FetchedPage visitPage(platform::HttpClient& client, std::string_view url, std::stop_token stop,
+                      std::size_t maxBytes) {
+  const platform::HttpRequest request{.url = std::string(url), .maxBytes = maxBytes};
+  platform::HttpAnswer answer = client.fetch(request, stop);
+  FetchedPage page;
+  page.failure = answer.failure;
+  page.status = answer.status;
+  page.mime = platform::mimeType(answer.contentType);
+  page.hasContent = !answer.body.empty();
+  page.contents = readBody(answer);
+  if (page.isGood() && !page.hasContent) {
+    // Some servers send an empty page now and then. The title stays that of the first answer.
+    platform::HttpAnswer second = client.fetch(request, stop);
+    page.hasContent = !second.body.empty();
+    page.contents.anchors = readBody(second).anchors;
+  }
+  return page;
+}
+
+std::string askLastModified(platform::HttpClient& client, std::string_view url, std::stop_token stop) {
+  const platform::HttpRequest request{
+      .url = std::string(url), .method = platform::HttpMethod::head, .timeout = kLastModifiedTimeout};
+  return client.fetch(request, stop).lastModified;
+}
+
+std::shared_ptr<const FetchedPage> DirectPages::page(std::string_view url, std::stop_token stop) {
+  return std::make_shared<const FetchedPage>(visitPage(m_client, url, stop));
+}
+
+std::string DirectPages::lastModified(std::string_view url, std::stop_token stop) {
+  return askLastModified(m_client, url, stop);
+}
+
+}  // namespace crawler

@@ -1,0 +1,70 @@
+// Where the crawl gets its pages from.
+#pragma once
+
+#include <memory>
+#include <stop_token>
+#include <string>
+#include <string_view>
+
+#include "crawler/page_contents.h"
+#include "platform/http_client.h"
+
+namespace crawler {
+
+/// One answer to one visit of an address.
+struct FetchedPage {
+  platform::FetchFailure failure = platform::FetchFailure::none;
+  int status = 0;           // HTTP status, 0 when no answer came
+  std::string mime = {};    // lower case, without parameters; empty when not told
+  bool hasContent = false;  // a body came, if need be when asked for once more
+  PageContents contents = {};
+
+  /// Whether the page can be used in a sitemap.
+  bool isGood() const { return status <= 399 && mime == "text/html"; }
+
+  /// Status code, " - " and reason phrase; without an answer "0 - " and the cause.
+  std::string reason() const;
+};
+
+/// Gives the crawl its pages, in whatever order and number of connections it fetches them. What comes back
+/// depends on the address alone. Borrowed by one scan and called on that scan's thread only.
+class PageSource {
+ public:
+  virtual ~PageSource() = default;
+
+  /// Announces an address that page() will be asked for, after all that were announced before. The text has
+  /// to stay where it is as long as the scan runs.
+  virtual void expect(std::string_view url) = 0;
+
+  /// Visits an address: blocks until an answer, a failure or a stop. Never null.
+  virtual std::shared_ptr<const FetchedPage> page(std::string_view url, std::stop_token stop) = 0;
+
+  /// The Last-Modified header of a page that was visited, empty when the server does not tell within 10
+  /// seconds.
+  virtual std::string lastModified(std::string_view url, std::stop_token stop) = 0;
+};
+
+/// The most that a page's body may hold, decoded.
+inline constexpr std::size_t kMaxPageBytes = 64u << 20;
+
+/// Fetches a page and reads it: the visit as such, for the implementations. Safe on any thread.
+FetchedPage visitPage(platform::HttpClient& client, std::string_view url, std::stop_token stop,
+                      std::size_t maxBytes = kMaxPageBytes);
+
+/// Asks a server when a page was last modified.
+std::string askLastModified(platform::HttpClient& client, std::string_view url, std::stop_token stop);
+
+/// Visits one page after the other, each when it is asked for.
+class DirectPages : public PageSource {
+ public:
+  explicit DirectPages(platform::HttpClient& client) : m_client(client) {}
+
+  void expect(std::string_view) override {}
+  std::shared_ptr<const FetchedPage> page(std::string_view url, std::stop_token stop) override;
+  std::string lastModified(std::string_view url, std::stop_token stop) override;
+
+ private:
+  platform::HttpClient& m_client;
+};
+
+}  // namespace crawler

@@ -1,0 +1,129 @@
+// One scan of one site, from its start address to its sitemaps.
+#pragma once
+
+#include <atomic>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <stop_token>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <unordered_set>
+#include <vector>
+
+#include "crawler/exclusions.h"
+#include "crawler/link_rules.h"
+#include "crawler/page_queue.h"
+#include "crawler/page_source.h"
+#include "crawler/scan_view.h"
+#include "platform/dates.h"
+#include "platform/http_client.h"
+#include "sitemaps/site_documents.h"
+#include "store/broken_reasons.h"
+#include "store/global_controls.h"
+#include "store/shared_state.h"
+
+namespace crawler {
+
+struct ScanSettings {
+  std::string startUrl;                // as the record holds it
+  bool ignoreRobots = false;           // the switch beside the site
+  int maxPages = 0;                    // stop as if cancelled after so many; 0: no limit
+  platform::DateStyle dateStyle = {};  // how last modification dates are written
+};
+
+/// What a scan works with. All of it is borrowed and outlives the scanner.
+struct ScanServices {
+  const store::GlobalControls& controls;
+  store::SharedState&
+      state;  // names the site and holds its filters; the scan fills the lists of broken pages
+  platform::HttpClient& client;
+  PageSource& pages;
+  ScanView& view;
+  const store::BrokenReasons* reasons = nullptr;  // where reasons are remembered, if anywhere
+};
+
+enum class LoopingAnswer { continueScan, cancelScan };
+
+/// Owns the thread that does the scan, the queue, and everything counted on the way. Made for one scan.
+class SiteScanner {
+ public:
+  SiteScanner(const ScanServices& services, ScanSettings settings);
+  /// Cancels a running scan and waits for its end.
+  ~SiteScanner();
+
+  /// Starts the scan and returns at once. May be called once.
+  void scanSiteAction();
+
+  /// Stops the scan at its next page or link, and the transfer that it may be waiting for. The documents are
+  /// closed as at any end. Any thread.
+  void cancelScan();
+
+  /// The user's answer to the looping warning. Any thread.
+  void sheetDidEndShouldStopScan(LoopingAnswer answer);
+
+  /// Blocks until scanFinished() of the view has returned. Any thread but the scan's own.
+  void wait();
+
+ private:
+  /// What the loop goes on with after a page.
+  enum class PageStep { nextPage, leaveLoop };
+
+  void run();
+  void scan();
+  bool startDocuments();
+  bool connect();
+  void extractLinksFromPage();
+  PageStep visit(std::string_view url);
+  void askWhetherLooping(std::string_view url);
+  void usePage(std::string_view url, const std::string& title, const FetchedPage& page);
+  void examineAnchor(const Anchor& anchor);
+  bool isExcluded(std::string_view link) const;
+  void queueLink(std::string_view link);
+  void listLink(const std::string& link, const std::string& title);
+  void countLink();
+  void countPage(std::string_view url, int status, std::string_view brokenReason);
+
+  void setAllowedMedia();
+  bool httpIsValid(const std::string& url);
+  void readRobots();
+  std::string unreachableReason();
+
+  void buildPageTitleSitemap(std::string_view entry, std::string_view plainLink);
+  void buildAllLinksSitemaps(std::string_view block);
+
+  void scanFinished();
+  void updateAllScanDetails();
+  void rememberReasons();
+  void note(const std::filesystem::path& path, const platform::FileResult& result);
+  ScanProgress progress() const;
+
+  ScanServices m_services;
+  const ScanSettings m_settings;
+  const std::string m_site;
+  sitemaps::SiteDocuments m_documents;
+  platform::DateFormatter m_dates;
+
+  // The crawl's own, touched by its thread alone.
+  AllowedMedia m_allowedMedia;
+  PageQueue m_uniquePages;
+  LinkBase m_base;
+  Exclusions m_robots;
+  Exclusions m_filters;
+  std::unordered_set<std::string> m_pageInnerLinks;  // links listed for the page in hand
+  std::string m_fullPageData;  // its entry and those of its links; kept over a page without content
+  int m_ssf = 0;               // pages handled: good, broken or skipped
+  int m_totLinks = 0;          // links counted; also the next LINKID
+  bool m_loopingArmed = true;  // the warning is given once a scan
+  ScanResult m_result;
+
+  // Written by any thread, read by the crawl.
+  std::atomic<bool> m_terminateScan = false;
+  std::atomic<bool> m_errCont = false;  // the user has answered the warning
+  std::stop_source m_stop;              // ends transfers
+
+  std::jthread m_worker;  // last, so that it ends before anything that it uses
+};
+
+}  // namespace crawler

@@ -1,0 +1,61 @@
+// The text of the HTML sitemaps: header, entries with their LINKID markers, table cells, closings.
+//
+// The editors and the export find their way in these documents by the exact text, so every byte here counts:
+// indentation, line feeds and the order of the style blocks included.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace sitemaps {
+
+/// Everything before the first cell, from the doctype to the line feed behind "<body>".
+extern const std::string_view kHtmlHeader;
+
+/// Follows the header at once in documents of two and three columns.
+extern const std::string_view kTableStart;
+
+/// What a document lists.
+enum class Listing {
+  pagesOnly,
+  allLinks,  // each page, and below it the links found on it
+};
+
+/// One of the six documents of a site.
+struct Layout {
+  std::string_view fileName;
+  int columns;  // 1 to 3
+  Listing listing;
+};
+
+/// All six, in the order in which they are started and closed.
+extern const std::array<Layout, 6> kLayouts;
+
+/// A document's text before the first page.
+std::string documentOpening(int columns);
+
+/// The entry of a page. `number` is its LINKID, written behind the address and again as a comment behind the
+/// title. The title comes with "&" already written as "&amp;"; nothing else is escaped, neither in it nor in
+/// the address.
+std::string pageEntry(std::string_view url, int number, std::string_view title);
+
+/// The entry of a link on a page; otherwise as pageEntry().
+std::string linkEntry(std::string_view url, int number, std::string_view title);
+
+/// `text` with every "&" written as "&amp;", existing entities included.
+std::string withAmpersandsEscaped(std::string_view text);
+
+/// A cell's text as it goes into a document, and how full the document's last row is then.
+struct Cell {
+  std::string text;
+  int cellsInRow;  // 0: no row is open
+};
+
+/// Places `block`, a page's entry or entries, behind `cellsInRow` cells of the row that is open.
+Cell wrapCell(std::string_view block, int columns, int cellsInRow);
+
+/// What ends a document whose last row holds `cellsInRow` cells.
+std::string_view documentClosing(int columns, int cellsInRow);
+
+}  // namespace sitemaps

@@ -1,0 +1,74 @@
+#include "sitemaps/site_documents.h"
+
+#include <algorithm>
+
+#include "sitemaps/xml_format.h"
+
+namespace sitemaps {
+
+SiteDocuments::SiteDocuments(std::filesystem::path siteFolder) : m_xml(siteFolder / kXmlSitemapFile) {
+  for (const Layout& layout : kLayouts) m_documents.push_back({layout, siteFolder / layout.fileName});
+}
+
+bool SiteDocuments::start() {
+  for (Document& document : m_documents) {
+    document.cellsInRow = 0;
+    note(document.path, platform::replaceFile(document.path, documentOpening(document.layout.columns)));
+  }
+  note(m_xml, platform::replaceFile(m_xml, kXmlHeader));
+  return m_problems.empty();
+}
+
+void SiteDocuments::appendPage(std::string_view entry) {
+  appendCell(entry, Listing::pagesOnly);
+}
+
+void SiteDocuments::appendLinks(std::string_view block) {
+  if (!block.empty()) appendCell(block, Listing::allLinks);
+}
+
+void SiteDocuments::appendXml(std::string_view entry) {
+  append(m_xml, entry);
+}
+
+void SiteDocuments::finish() {
+  for (const Document& document : m_documents) {
+    // A row of the pages-only table closes by the count of the all-links table. The two differ only when a
+    // page came without content and so shares the next page's cell there.
+    append(document.path, documentClosing(document.layout.columns, cellsInLinkRow(document.layout.columns)));
+  }
+  append(m_xml, kXmlClosing);
+  for (const Document& document : m_documents) note(document.path, platform::syncFile(document.path));
+  note(m_xml, platform::syncFile(m_xml));
+}
+
+void SiteDocuments::appendCell(std::string_view block, Listing listing) {
+  for (Document& document : m_documents) {
+    if (document.layout.listing != listing) continue;
+    const Cell cell = wrapCell(block, document.layout.columns, document.cellsInRow);
+    append(document.path, cell.text);
+    document.cellsInRow = cell.cellsInRow;
+  }
+}
+
+void SiteDocuments::append(const std::filesystem::path& file, std::string_view text) {
+  note(file, platform::appendToFile(file, text));
+}
+
+void SiteDocuments::note(const std::filesystem::path& file, const platform::FileResult& result) {
+  if (result.ok()) return;
+  const bool known = std::any_of(m_problems.begin(), m_problems.end(),
+                                 [&](const FileProblem& problem) { return problem.path == file; });
+  if (!known) m_problems.push_back({file, result});
+}
+
+int SiteDocuments::cellsInLinkRow(int columns) const {
+  for (const Document& document : m_documents) {
+    if (document.layout.listing == Listing::allLinks && document.layout.columns == columns) {
+      return document.cellsInRow;
+    }
+  }
+  return 0;
+}
+
+}  // namespace sitemaps

@@ -1,0 +1,109 @@
+#include "crawler/page_contents.h"
+
+#include <gtest/gtest.h>
+
+#include "crawler/exclusions.h"
+#include "crawler/robots.h"
+#include "crawler/titles.h"
+#include "platform/text.h"
+
+namespace crawler {
+namespace {
+
+TEST(PageTitle, IsTheFirstTitleElementsText) {
+  struct Case {
+    const char* name;
+    const char* markup;
+    const char* title;
+  };
+  const Case cases[] = {
+      {"plain", "<title>Home</title>", "Home"},
+      {"entities", "<title>Tom &amp; Jerry &lt;3 &eacute;&#8364;</title>",
+       "Tom & Jerry <3 \xC3\xA9\xE2\x82\xAC"},
+      {"not trimmed", "<title>\n  Home \n</title>", "\n  Home \n"},
+      {"first of two", "<title>One</title><title>Two</title>", "One"},
+      {"first is empty", "<title></title><title>Two</title>", "Could not find page title"},
+      {"none", "<p>No title", "Could not find page title"},
+      {"in the body", "<body><p>x</p><title>Late</title>", "Late"},
+      {"in a drawing", "<svg><title>Drawing</title></svg><title>Page</title>", "Drawing"},
+      {"capitals", "<TITLE>Loud</TITLE>", "Loud"},
+      {"empty page", "", "Could not find page title"},
+      {"no markup", "just text", "Could not find page title"},
+      {"never closed", "<title>Open", "Open"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(readPageContents(c.markup).title, c.title);
+  }
+}
+
+TEST(LinkTitle, FollowsTheRules) {
+  struct Case {
+    const char* anchor;
+    const char* title;
+  };
+  const Case cases[] = {
+      {"<a href=x>Home</a>", "Home"},
+      {"<a href=x><b>Ho</b>me <i>page</i></a>", "Home page"},
+      {"<a href=x> </a>", " "},
+      {"<a href=x name=top></a>", "top"},
+      {"<a href=x name=top>Text</a>", "Text"},
+      {"<a href=x></a>", "No Link Name Found"},
+      {"<a href=x><span></span></a>", "No Link Name Found"},
+      {"<a href=x><span></span><img alt=Logo></a>", "No Link Name Found"},
+      {"<a href=x><!-- c --><img alt=Logo></a>", "No Link Name Found"},
+      {"<a href=x><img src=i alt=\"Logo\"></a>", "Logo"},
+      {"<a href=x><img src=i alt=Logo></a>", "Logo"},
+      {"<a href=x><img src=i alt='Logo \"A\"'></a>", "Logo \"A\""},
+      {"<a href=x><img src=i alt='Tom &amp; Jerry'></a>", "Tom &amp; Jerry"},
+      {"<a href=x><IMG ALT=\"Logo\"></a>", "Logo"},
+      {"<a href=x><img alt=\"\" title=\"Logo\"></a>", "Image Link With No Alt Tag"},
+      {"<a href=x><img alt title=\"Logo\"></a>", "Image Link With No Alt Tag"},
+      {"<a href=x><img title=\"Logo\"></a>", "Logo"},
+      {"<a href=x><img title=\"\"></a>", "Image Link With No Title or Alt Tags"},
+      {"<a href=x><img src=i></a>", "Could not find link title"},
+      {"<a href=x><img data-alt=\"Data\"></a>", "Data"},
+      {"<a href=x><img alt=\"Logo\">Text</a>", "Text"},
+      {"<a href=x><img alt=\"Logo\"> </a>", " "},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.anchor);
+    const PageContents contents = readPageContents(c.anchor);
+    ASSERT_EQ(contents.anchors.size(), 1u);
+    EXPECT_EQ(contents.anchors[0].href, "x");
+    EXPECT_EQ(contents.anchors[0].title, c.title);
+  }
+}
+
+TEST(Anchors, AreAllListedInOrder) {
+  const PageContents contents = readPageContents(
+      "<a href='1'>one<a href=\"2&amp;x=&eacute;\">two</a><a>none</a><a name=n>named</a>"
+      "<table><a href=>empty</a><tr><td><a href='a b'>blank</table><A HREF=5>five");
+  std::vector<std::string> hrefs;
+  for (const Anchor& anchor : contents.anchors) hrefs.push_back(anchor.href.value_or("(none)"));
+  EXPECT_EQ(hrefs, (std::vector<std::string>{"1", "2&x=\xC3\xA9", "(none)", "(none)", "", "a b", "5"}));
+}
+
+TEST(Robots, OnlyExactDisallowLinesCount) {
+  EXPECT_EQ(
+      robotsRules("User-agent: other\nDisallow: /private\nDisallow:/tight\ndisallow: /small\n"
+                  "Disallow:  /two\nDisallow: \nDisallow: /cr\r\n Disallow: /indented\nDisallow: /last"),
+      (std::vector<std::string>{"/private", " /two", "", "/cr\r", "/last"}));
+  EXPECT_TRUE(robotsRules("").empty());
+  EXPECT_EQ(robotsAddress("http://h/dir/"), "http://h/dir//robots.txt");
+}
+
+TEST(Exclusions, MatchAnywhereWhateverTheCase) {
+  const Exclusions exclusions({"/Private", "", "\xC3\x84rger",
+                               "stra\xC3\x9F"
+                               "e"});
+  const auto excludes = [&](std::string_view link) { return exclusions.exclude(platform::foldCase(link)); };
+  EXPECT_TRUE(excludes("http://h/a/PRIVATE/x"));
+  EXPECT_TRUE(excludes("http://h/\xC3\xA4rger"));
+  EXPECT_TRUE(excludes("http://h/STRASSE"));
+  EXPECT_FALSE(excludes("http://h/privat"));
+  EXPECT_FALSE(Exclusions({""}).exclude("anything"));
+}
+
+}  // namespace
+}  // namespace crawler

@@ -1,0 +1,284 @@
+#include "crawler/site_scanner.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/files.h"
+#include "support/scan_run.h"
+#include "support/site_server.h"
+
+namespace crawler {
+namespace {
+
+using support::ScanRun;
+using support::ServedPage;
+using support::SiteServer;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::string titled(const std::string& title, const std::string& body = {}) {
+  return "<html><head><title>" + title + "</title></head><body>" + body + "</body></html>";
+}
+
+std::string linkTo(const std::string& href, const std::string& text = "link") {
+  return "<a href=\"" + href + "\">" + text + "</a>";
+}
+
+/// `count` pages, each with a link to the next; the last one links to itself.
+SiteServer::Pages chainOf(int count) {
+  SiteServer::Pages pages;
+  for (int i = 1; i <= count; ++i) {
+    const std::string target = i == 1 ? "/" : "/" + std::to_string(i) + ".html";
+    const std::string next = i == count ? "#top" : std::to_string(i + 1) + ".html";
+    pages[target] = {titled("Page " + std::to_string(i), linkTo(next))};
+  }
+  return pages;
+}
+
+TEST(Scan, FillsRowsOfEveryLayout) {
+  for (const int count : {1, 2, 3, 5}) {
+    SCOPED_TRACE(count);
+    const SiteServer server(chainOf(count));
+    ScanRun run(server.url());
+    EXPECT_EQ(run.scan().end, ScanEnd::complete);
+    support::expectStored("scans/pages-" + std::to_string(count) + ".txt", run.documents(server.url()));
+  }
+}
+
+TEST(Scan, WritesEmptyDocumentsWhenNoPageIsUsable) {
+  const SiteServer server({{"/", {titled("Index of /files", linkTo("a.html"))}}});
+  ScanRun run(server.url());
+  const ScanResult& result = run.scan();
+  EXPECT_EQ(result.end, ScanEnd::complete);
+  EXPECT_EQ(result.statistics.pagesUsed, 1);  // skipped, but neither used in a document nor broken
+  support::expectStored("scans/pages-0.txt", run.documents(server.url()));
+}
+
+/// One page of each kind that the rules tell apart.
+SiteServer::Pages oddSite() {
+  SiteServer::Pages pages;
+  pages["//robots.txt"] = {"User-agent: *\nDisallow: /private\n", "text/plain"};
+  pages["/"] = {
+      titled("Tom &amp; Jerry's \"<b>\" page",
+             linkTo("a.html", "A &amp; B") + linkTo("a.html", "again") + linkTo("a.html#part") +
+                 linkTo("sub/") + linkTo("private/secret.html") + linkTo("gone.html", "Gone") +
+                 linkTo("doc.pdf") + linkTo("mailto:me@site.test", "Mail") + "<a name=\"top\"></a>" +
+                 linkTo("http://elsewhere.test", "Elsewhere") + linkTo("list.php?id=1&amp;x=<2>", "List") +
+                 linkTo("skipped/p.html") + linkTo("listing/") + linkTo("moved.html", "Moved") +
+                 linkTo("latin.html") + linkTo("plain.php") + linkTo("untitled.html", "") +
+                 linkTo("hollow.html") + "<a href=\"late.html\"><img src=\"i.png\" alt=\"Late\"></a>"),
+      "text/html; charset=utf-8", 200, "Tue, 15 Jun 2010 12:00:00 GMT"};
+  pages["/a.html"] = {
+      titled("A", linkTo("") + linkTo("../x.html") + linkTo("/rooted.html") + linkTo("./b.html")),
+      "TEXT/HTML;charset=utf-8", 200, "Monday, 31-Dec-12 12:00:00 GMT"};
+  pages["/sub/"] = {titled("Sub", linkTo("index.html", "Index")), "text/html", 200, "not a date"};
+  pages["/private/secret.html"] = {titled("Secret")};
+  pages["/list.php?id=1&x=%3C2%3E"] = {titled("List ?", linkTo("?a"))};
+  pages["/list.php?id=1&x=%3C2%3E?a"] = {titled("Deeper")};
+  pages["/skipped/p.html"] = {titled("Skipped")};
+  pages["/listing/"] = {titled("Index of /listing", linkTo("inside.html"))};
+  pages["/moved.html"] = {"", "", 301, "", "a.html"};
+  pages["/latin.html"] = {"<meta charset=iso-8859-1><title>Caf\xE9 \x80</title>", "text/html"};
+  pages["/plain.php"] = {titled("Plain"), "text/plain"};
+  pages["/untitled.html"] = {"<p>" + linkTo("a.html", "<i>To</i> A")};
+  pages["/hollow.html"] = {""};
+  pages["/late.html"] = {titled("Late")};
+  return pages;
+}
+
+TEST(Scan, AppliesTheRulesToAWholeSite) {
+  for (const bool ignoreRobots : {false, true}) {
+    SCOPED_TRACE(ignoreRobots);
+    const SiteServer server(oddSite());
+    ScanRun run(server.url());
+    run.settings.ignoreRobots = ignoreRobots;
+    run.state.qzvskFiltersArray = {"/SKIPPED"};
+    EXPECT_EQ(run.scan().end, ScanEnd::complete);
+    support::expectStored(ignoreRobots ? "scans/odd-site-robots-ignored.txt" : "scans/odd-site.txt",
+                          run.documents(server.url()));
+    EXPECT_EQ(server.timesAsked("GET /private/secret.html"), ignoreRobots ? 1 : 0);
+    EXPECT_EQ(run.state.qzvskBadLinkReasonArray.size(), run.state.qzvskBadLinkArray.size());
+  }
+}
+
+TEST(Scan, AsksOnceForAPageAndForTheDateOfAGoodOne) {
+  const SiteServer server(oddSite());
+  ScanRun run(server.url());
+  run.scan();
+  EXPECT_EQ(server.timesAsked("GET /latin.html"), 1);
+  EXPECT_EQ(server.timesAsked("HEAD /latin.html"), 1);
+  EXPECT_EQ(server.timesAsked("GET /gone.html"), 1);
+  EXPECT_EQ(server.timesAsked("HEAD /gone.html"), 0);
+  EXPECT_EQ(server.timesAsked("HEAD /listing/"), 0);
+  EXPECT_EQ(server.timesAsked("GET /hollow.html"), 2);  // an empty page is asked for once more
+}
+
+TEST(Scan, ReadsAPageThatCameEmptyOnce) {
+  const SiteServer server([](const std::string& target, int times) -> ServedPage {
+    if (target == "/") return {titled("Start", linkTo("shy.html"))};
+    if (target == "/shy.html") return {times == 1 ? "" : titled("Shy", linkTo("found.html", "Found"))};
+    if (target == "/found.html") return {titled("Found")};
+    return {.status = 404};
+  });
+  ScanRun run(server.url());
+  EXPECT_EQ(run.scan().statistics.pagesFound, 3);
+  EXPECT_THAT(run.file("sitemap1cpo.html"), HasSubstr("shy.html---LINKID:2---\">Could not find page title<"));
+  EXPECT_THAT(run.file("sitemap1c.html"), HasSubstr("found.html---LINKID:4---\">Found<"));
+}
+
+TEST(Scan, NumbersEveryAnchorAndSharesTheLastNumber) {
+  const SiteServer server(
+      {{"/", {titled("One", linkTo("x.pdf") + linkTo("2.html", "Two") + linkTo("y.pdf"))}},
+       {"/2.html", {titled("Two", linkTo("#a") + linkTo("3.html", "Three"))}},
+       {"/3.html", {titled("Three")}}});
+  ScanRun run(server.url());
+  const ScanResult& result = run.scan();
+  const std::string document = run.file("sitemap1c.html");
+  EXPECT_THAT(document, HasSubstr("---LINKID:0---\">One<"));
+  EXPECT_THAT(document,
+              HasSubstr("---LINKID:3---\">Two<!-- LINKID: 3 --></a></div>\n<div class=\"clearer\">"));
+  EXPECT_THAT(document, HasSubstr("---LINKID:4---\">Two<"));
+  EXPECT_THAT(document, HasSubstr("3.html---LINKID:7---\">Three<!-- LINKID: 7 -->"));
+  EXPECT_THAT(document, HasSubstr("3.html---LINKID:7---\">Three<!-- LINKID: 7 --></a></div>\n<div"));
+  EXPECT_EQ(result.statistics.totalLinks, 8);
+}
+
+TEST(Scan, ClosesItsDocumentsWhenCancelledInMidPage) {
+  std::string many;
+  for (int i = 0; i < 50; ++i) many += linkTo(std::to_string(i) + ".html", "Link " + std::to_string(i));
+  const SiteServer server({{"/", {titled("Start", many)}}});
+  ScanRun run(server.url());
+  run.view.onLink = [&](std::string_view link) {
+    if (link.ends_with("/2.html")) run.scanner().cancelScan();
+  };
+  const ScanResult& result = run.scan();
+  EXPECT_EQ(result.end, ScanEnd::cancelled);
+  EXPECT_EQ(result.progress.pagesScanned, 1);
+  EXPECT_EQ(result.statistics.pagesFound, 4);
+  support::expectStored("scans/cancelled.txt", run.documents(server.url()));
+}
+
+TEST(Scan, StopsAfterTheGivenNumberOfPages) {
+  const SiteServer server(chainOf(5));
+  ScanRun run(server.url());
+  run.settings.maxPages = 2;
+  const ScanResult& result = run.scan();
+  EXPECT_EQ(result.end, ScanEnd::cancelled);
+  EXPECT_EQ(result.progress.pagesScanned, 2);
+  EXPECT_THAT(run.file("sitemap.xml"), HasSubstr("</urlset>"));
+}
+
+TEST(Scan, AsksOnceAboutQuestionMarksAndWaitsForTheAnswer) {
+  const auto loopingSite = [] {
+    return SiteServer::Pages{
+        {"/", {titled("Start", linkTo("a?b?c?d?e") + linkTo("f?g?h?i?j") + linkTo("k?l?m?n"))}},
+        {"/a?b?c?d?e", {titled("Loop")}},
+        {"/f?g?h?i?j", {titled("Loop")}},
+        {"/k?l?m?n", {titled("Fine")}}};
+  };
+  for (const LoopingAnswer answer : {LoopingAnswer::continueScan, LoopingAnswer::cancelScan}) {
+    const SiteServer server(loopingSite());
+    ScanRun run(server.url());
+    std::jthread user;
+    run.view.onLooping = [&] {
+      user = std::jthread([&] { run.scanner().sheetDidEndShouldStopScan(answer); });
+    };
+    const ScanResult result = run.scan();
+    const bool goesOn = answer == LoopingAnswer::continueScan;
+    EXPECT_EQ(result.end, goesOn ? ScanEnd::complete : ScanEnd::cancelled);
+    EXPECT_EQ(result.progress.pagesScanned, goesOn ? 4 : 1);
+    EXPECT_THAT(run.view.events, ElementsAre("started", "connected", "progress down", "looping",
+                                             "progress up", "closing", "details", "closed", "finished"));
+  }
+}
+
+TEST(Scan, CancellingAnswersTheLoopingQuestionToo) {
+  const SiteServer server({{"/", {titled("Start", linkTo("a?b?c?d?e"))}}, {"/a?b?c?d?e", {titled("Loop")}}});
+  ScanRun run(server.url());
+  std::jthread user;
+  run.view.onLooping = [&] { user = std::jthread([&] { run.scanner().cancelScan(); }); };
+  EXPECT_EQ(run.scan().end, ScanEnd::cancelled);
+}
+
+TEST(Scan, TellsWhyAStartPageCannotBeReached) {
+  struct Case {
+    const char* path;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {"missing/", "404 - Not Found"},
+      {"folder/missing.html", "404 - Not Found"},  // the folder answers, the page does not
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.path);
+    const SiteServer server({{"/folder/", {titled("Folder")}}});
+    ScanRun run(server.url(c.path));
+    const std::string record = run.file("Site.qzVSK");
+    const ScanResult& result = run.scan();
+    EXPECT_EQ(result.end, ScanEnd::unreachable);
+    EXPECT_THAT(run.view.events,
+                ElementsAre("started", "unreachable Error Code: " + std::string(c.reason), "finished"));
+    EXPECT_EQ(run.file("sitemap2c.html"), sitemaps::documentOpening(2));
+    EXPECT_EQ(run.file("Site.qzVSK"), record);
+  }
+  ScanRun run("http://127.0.0.1:1/");
+  EXPECT_EQ(run.scan().end, ScanEnd::unreachable);
+  EXPECT_THAT(run.view.result.unreachableReason, testing::StartsWith("0 - "));
+}
+
+TEST(Scan, ReplacesAnOldListOfBrokenPages) {
+  bool healed = false;
+  const SiteServer server([&](const std::string& target, int) -> ServedPage {
+    if (target == "/") return {titled("Start", linkTo("a.html") + linkTo("b.html"))};
+    return {titled("Other"), "text/html", healed ? 200 : 503};
+  });
+  ScanRun run(server.url());
+  const ScanResult first = run.scan();
+  EXPECT_EQ(run.file("badLinks.txt"), server.url("a.html") + "\n" + server.url("b.html") + "\n");
+  EXPECT_THAT(run.state.qzvskBadLinkReasonArray,
+              ElementsAre("503 - Service Unavailable", "503 - Service Unavailable"));
+  EXPECT_EQ(first.statistics.pagesUsed, 1);
+  healed = true;
+  run.scan();
+  EXPECT_EQ(run.file("badLinks.txt"), "");
+}
+
+TEST(Scan, DoesNotMakeADeletedDocumentAgain) {
+  const SiteServer server(chainOf(4));
+  ScanRun run(server.url());
+  run.view.onPage = [&](const VisitedPage&) {
+    std::filesystem::remove(run.folder() / "sitemap2c.html");
+    std::filesystem::remove(run.folder() / "sitemap.xml");
+  };
+  const ScanResult& result = run.scan();
+  EXPECT_EQ(result.end, ScanEnd::complete);
+  EXPECT_EQ(run.file("sitemap2c.html"), "(missing)");
+  EXPECT_EQ(run.file("sitemap.xml"), "(missing)");
+  EXPECT_THAT(run.file("sitemap1c.html"), HasSubstr("Page 4"));
+  ASSERT_EQ(result.problems.size(), 2u);
+  EXPECT_EQ(result.problems[0].result.status, platform::FileStatus::missing);
+}
+
+TEST(Scan, StartsNothingWhenADocumentCannotBeWritten) {
+  const SiteServer server(chainOf(1));
+  ScanRun run(server.url());
+  std::filesystem::create_directories(run.folder() / "sitemap3c.html" / "in the way");
+  const ScanResult& result = run.scan();
+  EXPECT_EQ(result.end, ScanEnd::unwritable);
+  ASSERT_EQ(result.problems.size(), 1u);
+  EXPECT_EQ(result.problems[0].path.filename(), "sitemap3c.html");
+  EXPECT_TRUE(server.requests().empty());
+}
+
+TEST(Scan, LeavesASiteAloneThatIsBeingScanned) {
+  const SiteServer server(chainOf(1));
+  ScanRun run(server.url());
+  const platform::FolderLock other(run.folder());
+  ASSERT_TRUE(other.result().ok());
+  EXPECT_EQ(run.scan().end, ScanEnd::busy);
+  EXPECT_EQ(run.file("sitemap.xml"), "(missing)");
+  EXPECT_THAT(run.view.events, ElementsAre("finished"));
+}
+
+}  // namespace
+}  // namespace crawler

@@ -1,0 +1,86 @@
+#include "sitemaps/completion.h"
+
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "sitemaps/site_documents.h"
+#include "sitemaps/xml_format.h"
+#include "support/temp_folder.h"
+
+namespace sitemaps {
+namespace {
+
+class CompletionTest : public testing::Test {
+ protected:
+  CompletionTest() { std::filesystem::create_directories(folder()); }
+
+  std::filesystem::path folder() const { return m_controls.siteFolder("S"); }
+  void write(const std::string& name, const std::string& text) const {
+    std::ofstream(folder() / name, std::ios::binary) << text;
+  }
+  std::string read(const std::string& name) const { return platform::readFile(folder() / name).text; }
+
+  support::TempFolder m_home;
+  store::GlobalControls m_controls{m_home.path()};
+};
+
+TEST_F(CompletionTest, BrokenPagesAreListedOrAnOldListEmptied) {
+  EXPECT_TRUE(writeBadLinks(m_controls, "S", {}).ok());
+  EXPECT_FALSE(std::filesystem::exists(folder() / "badLinks.txt"));
+  EXPECT_TRUE(writeBadLinks(m_controls, "S", {"http://h/a", "http://h/b"}).ok());
+  EXPECT_EQ(read("badLinks.txt"), "http://h/a\nhttp://h/b\n");
+  EXPECT_TRUE(writeBadLinks(m_controls, "S", {}).ok());
+  EXPECT_TRUE(std::filesystem::exists(folder() / "badLinks.txt"));
+  EXPECT_EQ(read("badLinks.txt"), "");
+}
+
+TEST_F(CompletionTest, CountsGoIntoARecordThatHasAllThree) {
+  write("S.qzVSK",
+        "before<pagesUsed>1</pagesUsed>\r\n<totalLinks>x</totalLinks><pagesFound></pagesFound>\n\xFF"
+        "after");
+  EXPECT_TRUE(writeStatistics(m_controls, "S", {30, 20, 10}).ok());
+  EXPECT_EQ(read("S.qzVSK"),
+            "before<pagesUsed>10</pagesUsed>\r\n<totalLinks>30</totalLinks><pagesFound>20</pagesFound>\n\xFF"
+            "after");
+
+  const std::string lacking = "<totalLinks>1</totalLinks><pagesFound>2</pagesFound>";
+  write("S.qzVSK", lacking);
+  EXPECT_FALSE(writeStatistics(m_controls, "S", {3, 3, 3}).ok());
+  EXPECT_EQ(read("S.qzVSK"), lacking);
+
+  std::filesystem::remove(folder() / "S.qzVSK");
+  EXPECT_EQ(writeStatistics(m_controls, "S", {3, 3, 3}).status, platform::FileStatus::missing);
+  EXPECT_FALSE(std::filesystem::exists(folder() / "S.qzVSK"));
+}
+
+TEST_F(CompletionTest, PagesOnlyTablesCloseByTheCountOfAllLinks) {
+  SiteDocuments documents(folder());
+  ASSERT_TRUE(documents.start());
+  documents.appendPage("P");
+  documents.appendPage("Q");  // a page without content: its links never come
+  documents.appendLinks("");
+  documents.appendLinks("PQ");
+  documents.finish();
+  EXPECT_TRUE(documents.problems().empty());
+  EXPECT_TRUE(read("sitemap2cpo.html")
+                  .ends_with("Q\n\t\t</td>\n\t</tr>&nbsp;</td>\n\t</tr>\n</table>\n</body>\n</html>"));
+  EXPECT_TRUE(
+      read("sitemap3cpo.html")
+          .ends_with(
+              "Q\n\t\t</td>\n\t\t<td>&nbsp;</td>\n\t\t<td>&nbsp;</td>\n\t</tr>\n</table>\n</body>\n</html>"));
+}
+
+TEST_F(CompletionTest, AFailingDocumentIsToldOnce) {
+  SiteDocuments documents(folder());
+  ASSERT_TRUE(documents.start());
+  std::filesystem::remove(folder() / "sitemap1c.html");
+  for (int i = 0; i < 3; ++i) documents.appendLinks("B");
+  documents.finish();
+  ASSERT_EQ(documents.problems().size(), 1u);
+  EXPECT_EQ(documents.problems()[0].path, folder() / "sitemap1c.html");
+  EXPECT_TRUE(read("sitemap.xml").ends_with(kXmlClosing));
+}
+
+}  // namespace
+}  // namespace sitemaps

@@ -1,0 +1,47 @@
+#include <gtest/gtest.h>
+
+#include "sitemaps/html_format.h"
+#include "sitemaps/xml_format.h"
+#include "support/scan_run.h"
+
+namespace sitemaps {
+namespace {
+
+TEST(Openings, AreByteForByteWhatEditorsExpect) {
+  support::expectStored("openings/one-column.html", documentOpening(1));
+  support::expectStored("openings/three-columns.html", documentOpening(3));
+  support::expectStored("openings/sitemap.xml", std::string(kXmlHeader));
+}
+
+TEST(XmlEntry, EscapesTheAddressOnce) {
+  EXPECT_EQ(xmlEntry("http://h/a?x='1'&y=<2>&amp;\"", ""),
+            "\n\t<url>\n\t\t<loc>http://h/a?x=&apos;1&apos;&amp;y=&lt;2&gt;&amp;amp;&quot;</loc>"
+            "\n\t\t<lastmod></lastmod>\n\t\t<changefreq>monthly</changefreq>\n\t\t<priority>0.5</priority>"
+            "\n\t</url>");
+}
+
+TEST(WrapCell, OpensAndClosesRows) {
+  struct Case {
+    int columns;
+    int before;
+    const char* text;
+    int after;
+  };
+  const Case cases[] = {
+      {1, 0, "\nB\n<div class=\"clearer\">&nbsp;</div>", 0},
+      {2, 0, "\n\t<tr valign=\"top\">\n\t\t<td>B\n\t\t</td>\n\t\t<td>", 1},
+      {2, 1, "B\n\t\t</td>\n\t</tr>", 0},
+      {3, 0, "\n\t<tr valign=\"top\">\n\t\t<td>B\n\t\t</td>\n\t\t<td>", 1},
+      {3, 1, "B\n\t\t</td>\n\t\t<td>", 2},
+      {3, 2, "B\n\t\t</td>\n\t</tr>", 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.columns << " columns, " << c.before << " before");
+    const Cell cell = wrapCell("B", c.columns, c.before);
+    EXPECT_EQ(cell.text, c.text);
+    EXPECT_EQ(cell.cellsInRow, c.after);
+  }
+}
+
+}  // namespace
+}  // namespace sitemaps

@@ -1,0 +1,95 @@
+// A whole scan of a test server into a data folder of its own.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "crawler/read_ahead_pages.h"
+#include "crawler/site_scanner.h"
+#include "platform/curl_http_client.h"
+#include "store/add_edit_delete_sites.h"
+#include "support/temp_folder.h"
+
+namespace support {
+
+/// Keeps all that a scan says. `onPage` and `onLink`, where set, are called on the scan's thread.
+class RecordingView : public crawler::ScanView {
+ public:
+  std::vector<std::string> events;  // in order; counters and links are left out
+  std::vector<std::string> links;   // updateScanLinksList()
+  crawler::ScanResult result;
+  std::vector<std::string> pages;
+  std::function<void(const crawler::VisitedPage&)> onPage;
+  std::function<void(std::string_view link)> onLink;
+  std::function<void()> onLooping;
+
+  void scanStarted() override { events.push_back("started"); }
+  void connectionEstablished() override { events.push_back("connected"); }
+  void siteUnreachable(std::string_view text) override {
+    events.push_back("unreachable " + std::string(text));
+  }
+  void updateTotLink(int) override {}
+  void updateScanSheet(const crawler::ScanProgress&) override {}
+  void updateScanLinksList(std::string_view link) override {
+    links.emplace_back(link);
+    if (onLink) onLink(link);
+  }
+  void pageVisited(const crawler::VisitedPage& page) override {
+    if (onPage) onPage(page);
+  }
+  void loopingError(crawler::LoopingSheet sheet) override {
+    events.push_back(sheet == crawler::LoopingSheet::stop ? "progress down" : "progress up");
+  }
+  void askAboutLooping() override {
+    events.push_back("looping");
+    if (onLooping) onLooping();
+  }
+  void endStartAlert() override { events.push_back("closing"); }
+  void updateAllScanDetails(const store::ScanStatistics&, int) override { events.push_back("details"); }
+  void endStopAlert() override { events.push_back("closed"); }
+  void scanFinished(const crawler::ScanResult& end, const crawler::PageQueue& queue) override {
+    events.push_back("finished");
+    result = end;
+    for (std::size_t i = 0; i < queue.size(); ++i) pages.emplace_back(queue[i]);
+  }
+};
+
+/// A site named "Site" with a record, ready to be scanned as often as wanted.
+class ScanRun {
+ public:
+  explicit ScanRun(const std::string& startUrl);
+
+  crawler::ScanSettings settings;
+  crawler::ReadAheadLimits limits;
+  store::SharedState state;
+  RecordingView view;  // of the next scan
+
+  /// Scans from start to end. `whenRunning` is called with the scanner right after its start.
+  const crawler::ScanResult& scan(const std::function<void(crawler::SiteScanner&)>& whenRunning = {});
+
+  /// The scanner in hand, for callbacks of the view.
+  crawler::SiteScanner& scanner() { return *m_scanner; }
+
+  const store::GlobalControls& controls() const { return m_controls; }
+  std::filesystem::path folder() const { return m_controls.siteFolder("Site"); }
+
+  /// A file of the site's folder, whole; "(missing)" when there is none.
+  std::string file(const std::string& name) const;
+
+  /// The seven documents, the record and the list of broken pages in one text, a heading before each. The
+  /// part of the documents that is the same in all is left out, and `base`, the server's address, becomes
+  /// "http://site.test/".
+  std::string documents(const std::string& base) const;
+
+ private:
+  TempFolder m_home;
+  store::GlobalControls m_controls;
+  crawler::SiteScanner* m_scanner = nullptr;
+};
+
+/// Compares with the file tests/data/NAME, or writes it when VESKEL_STORE_EXPECTED is set in the environment.
+void expectStored(const std::string& name, const std::string& actual);
+
+}  // namespace support
