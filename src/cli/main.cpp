@@ -1,0 +1,244 @@
+// veskel-cli: sites and their sitemaps from a terminal or a timer.
+#include <functional>
+#include <iostream>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/cli_context.h"
+#include "cli/scan_command.h"
+#include "cli/site_commands.h"
+
+namespace {
+
+using cli::CliContext;
+
+/// The command that the arguments ask for, ready to run.
+using Command = std::function<int(const CliContext&)>;
+
+constexpr const char* kMainFooter = R"(Examples:
+  veskel-cli add shop https://www.example.com
+  veskel-cli filters shop --add "?sessionid="
+  veskel-cli scan shop
+  veskel-cli show shop
+
+Exit codes:
+  0    done
+  1    the scan finished and found broken pages
+  2    bad usage or input
+  3    the start URL could not be reached
+  4    a file could not be read or written
+  5    the site is being scanned already
+  130  stopped by SIGINT or SIGTERM
+
+The sites lie in "Library/Application Support/Quillfern/Veskel" in your home
+directory; "veskel-cli where" prints the path.)";
+
+CLI::Option* addName(CLI::App* command, std::string& name) {
+  return command->add_option("NAME", name, "The site's name")->required()->type_name("");
+}
+
+/// Text as given, also when it is empty; nothing when the option was not used.
+std::optional<std::string> givenText(const CLI::Option* option) {
+  if (option->count() == 0) return {};
+  return option->results().back();
+}
+
+CLI::Option* addText(CLI::App* command, const std::string& flag, const std::string& valueName,
+                     const std::string& description) {
+  return command->add_option(flag)->description(description)->type_name(valueName);
+}
+
+/// An option that takes one text each time it is used, and may be used several times.
+CLI::Option* addTexts(CLI::App* command, const std::string& flag, const std::string& description) {
+  return addText(command, flag, "TEXT ...", description)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+void addSitesCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("sites", "List the sites with the counts of their last scan");
+  auto json = std::make_shared<bool>(false);
+  command->add_flag("--json", *json, "Print a JSON array with one object a site");
+  command->callback([json, &chosen] {
+    chosen = [json](const CliContext& context) {
+      return cli::listSites(context, *json ? cli::OutputStyle::json : cli::OutputStyle::text);
+    };
+  });
+}
+
+void addAddCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("add", "Add a site");
+  struct Arguments {
+    std::string name;
+    std::string url;
+  };
+  auto arguments = std::make_shared<Arguments>();
+  addName(command, arguments->name);
+  command
+      ->add_option("URL", arguments->url, "Where a scan of the site starts; http:// is added where missing")
+      ->required()
+      ->type_name("");
+  command->footer("Example:\n  veskel-cli add shop www.example.com");
+  command->callback([arguments, &chosen] {
+    chosen = [arguments](const CliContext& context) {
+      return cli::addSite(context, arguments->name, arguments->url);
+    };
+  });
+}
+
+void addEditCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("edit", "Rename a site, change its URL or its robots switch");
+  auto options = std::make_shared<cli::EditOptions>();
+  addName(command, options->siteName);
+  const auto* newName = addText(command, "--name", "NEW", "Rename the site");
+  const auto* newUrl = addText(command, "--url", "URL", "Where a scan starts from now on");
+  const auto* robots = addText(command, "--ignore-robots", "yes|no", "Whether scans ignore robots.txt")
+                           ->check(CLI::IsMember({"yes", "no"}, CLI::ignore_case).description(""));
+  command->footer("Example:\n  veskel-cli edit shop --name store --url https://store.example.com");
+  command->callback([options, newName, newUrl, robots, &chosen] {
+    options->newName = givenText(newName);
+    options->newUrl = givenText(newUrl);
+    if (const auto answer = givenText(robots)) options->ignoreRobots = *answer == "yes";
+    chosen = [options](const CliContext& context) { return cli::editSite(context, *options); };
+  });
+}
+
+void addDeleteCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("delete", "Delete a site with all its sitemaps");
+  struct Arguments {
+    std::string name;
+    bool yes = false;
+  };
+  auto arguments = std::make_shared<Arguments>();
+  addName(command, arguments->name);
+  command->add_flag("--yes", arguments->yes, "Do not ask; needed where no terminal is there to ask on");
+  command->footer("Example:\n  veskel-cli delete shop --yes");
+  command->callback([arguments, &chosen] {
+    chosen = [arguments](const CliContext& context) {
+      const auto confirmation = arguments->yes ? cli::Confirmation::given : cli::Confirmation::ask;
+      return cli::deleteSite(context, arguments->name, confirmation);
+    };
+  });
+}
+
+void addFiltersCommand(CLI::App& app, Command& chosen) {
+  auto* command =
+      app.add_subcommand("filters", "List or change the texts that keep links out of the sitemaps");
+  auto options = std::make_shared<cli::FilterOptions>();
+  addName(command, options->siteName);
+  const auto* additions = addTexts(command, "--add", "Leave out links that contain TEXT, in any case");
+  const auto* deletions = addTexts(command, "--delete", "Take away one filter that is exactly TEXT");
+  command->footer(
+      "Deletions come first. When one filter is not there, nothing is changed at all.\n\n"
+      "Example:\n  veskel-cli filters shop --add /private/ --add \"?print=\" --delete /old/");
+  command->callback([options, additions, deletions, &chosen] {
+    options->additions = additions->results();
+    options->deletions = deletions->results();
+    chosen = [options](const CliContext& context) { return cli::changeFilters(context, *options); };
+  });
+}
+
+void addScanCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("scan", "Scan a site and write its sitemaps");
+  auto options = std::make_shared<cli::ScanOptions>();
+  addName(command, options->siteName);
+  command->add_option("--connections", options->connections, "Pages fetched at the same time, 1 to 64")
+      ->check(CLI::Range(1, 64).description(""))
+      ->type_name("N")
+      ->capture_default_str();
+  const auto* loops =
+      addText(command, "--loops", "continue|cancel", "When the site seems to lead in a circle [continue]")
+          ->check(CLI::IsMember({"continue", "cancel"}).description(""));
+  const auto* progress =
+      addText(command, "--progress", "auto|bar|json|none", "How progress is shown [auto: bar on a terminal]")
+          ->check(CLI::IsMember({"auto", "bar", "json", "none"}).description(""));
+  command->add_option("--max-pages", options->maxPages, "Stop after so many pages")
+      ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""))
+      ->type_name("N");
+  command->footer("Example:\n  veskel-cli scan shop --loops cancel --progress json");
+  command->callback([options, loops, progress, &chosen] {
+    if (givenText(loops) == "cancel") options->loops = cli::LoopAnswer::cancelScan;
+    const std::string style = givenText(progress).value_or("auto");
+    options->progress = style == "bar"    ? cli::ProgressStyle::bar
+                        : style == "json" ? cli::ProgressStyle::json
+                        : style == "none" ? cli::ProgressStyle::none
+                                          : cli::ProgressStyle::automatic;
+    chosen = [options](const CliContext& context) { return cli::runScan(context, *options); };
+  });
+}
+
+void addShowCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("show", "Show a site, its last scan and its broken pages");
+  struct Arguments {
+    std::string name;
+    bool json = false;
+  };
+  auto arguments = std::make_shared<Arguments>();
+  addName(command, arguments->name);
+  command->add_flag("--json", arguments->json, "Print a JSON object");
+  command->callback([arguments, &chosen] {
+    chosen = [arguments](const CliContext& context) {
+      return cli::showSite(context, arguments->name,
+                           arguments->json ? cli::OutputStyle::json : cli::OutputStyle::text);
+    };
+  });
+}
+
+void addWhereCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("where", "Print the path of the data folder, or of a site's folder");
+  const auto* name = addText(command, "NAME", "", "The site's name");
+  command->footer("Example:\n  cd \"$(veskel-cli where shop)\"");
+  command->callback([name, &chosen] {
+    chosen = [site = givenText(name)](const CliContext& context) { return cli::printFolder(context, site); };
+  });
+}
+
+/// Prints the help that was asked for, or what is wrong with the arguments.
+int reportUsage(const CLI::App& app, const CLI::ParseError& error) {
+  if (error.get_exit_code() != 0 && app.get_subcommands().empty() && !app.remaining().empty()) {
+    // The library would only say that a command is required.
+    cli::printError("Unknown command: " + cli::printable(app.remaining().front()));
+    cli::printError("Run with --help for more information.");
+    return cli::exitBadInput;
+  }
+  // The library's own codes, from 100 on, mean nothing to our callers.
+  return app.exit(error) == 0 ? cli::exitDone : cli::exitBadInput;
+}
+
+int runCommand(const Command& command) {
+  const auto context = cli::openContext();
+  if (!context) return cli::exitFileFailure;
+  const int code = command(*context);
+  if (!std::cout.flush()) {
+    cli::printError("The output could not be written.");
+    return cli::exitFileFailure;
+  }
+  return code;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app("Builds sitemaps for websites.", "veskel-cli");
+  app.set_version_flag("--version", "veskel-cli " VESKEL_VERSION);
+  app.require_subcommand(1);
+  Command chosen;
+  addSitesCommand(app, chosen);
+  addAddCommand(app, chosen);
+  addEditCommand(app, chosen);
+  addDeleteCommand(app, chosen);
+  addFiltersCommand(app, chosen);
+  addScanCommand(app, chosen);
+  addShowCommand(app, chosen);
+  addWhereCommand(app, chosen);
+  app.footer(kMainFooter);  // last: commands that exist later would take it over
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return reportUsage(app, error);
+  }
+  return runCommand(chosen);
+}

@@ -1,0 +1,36 @@
+// How sites look on stdout, for people and as JSON.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "store/broken_reasons.h"
+#include "store/site_list.h"
+
+namespace cli {
+
+struct SiteRow {
+  std::string name;
+  store::SiteDetails details;
+  std::optional<std::string> problem = {};  // why the details are empty or incomplete
+};
+
+/// An aligned table with a heading.
+void printSitesTable(const std::vector<SiteRow>& rows);
+
+/// An array with one object a site.
+void printSitesJson(const std::vector<SiteRow>& rows);
+
+struct ShownSite {
+  std::string name;
+  std::filesystem::path folder;
+  store::SiteDetails details;
+  std::vector<store::BrokenPage> brokenPages;
+};
+
+void printSite(const ShownSite& site);
+void printSiteJson(const ShownSite& site);
+
+}  // namespace cli

@@ -1,0 +1,164 @@
+#include "support/run_program.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <stdexcept>
+#include <string_view>
+#include <system_error>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/mman.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace support {
+
+namespace {
+
+int checked(int returned, const char* what) {
+  if (returned == -1) throw std::system_error(errno, std::generic_category(), what);
+  return returned;
+}
+
+int memoryFile(std::string_view text = {}) {
+  const int file = checked(memfd_create("program", MFD_CLOEXEC), "memfd_create");
+  if (pwrite(file, text.data(), text.size(), 0) != static_cast<ssize_t>(text.size())) {
+    throw std::runtime_error("memory file not written");
+  }
+  return file;
+}
+
+/// From the start, without moving the position at which the program writes on.
+std::string contentOf(int file) {
+  std::string text;
+  char buffer[4096];
+  for (;;) {
+    const ssize_t count = pread(file, buffer, sizeof buffer, static_cast<off_t>(text.size()));
+    if (count <= 0) return text;
+    text.append(buffer, static_cast<std::size_t>(count));
+  }
+}
+
+struct Terminal {
+  int ours;
+  int theirs;
+};
+
+/// A terminal on which `input` was typed.
+Terminal terminalWith(std::string_view input) {
+  const int ours = checked(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC), "posix_openpt");
+  checked(grantpt(ours), "grantpt");
+  checked(unlockpt(ours), "unlockpt");
+  const int theirs = checked(open(ptsname(ours), O_RDWR | O_NOCTTY | O_CLOEXEC), "terminal");
+  if (write(ours, input.data(), input.size()) != static_cast<ssize_t>(input.size())) {
+    throw std::runtime_error("terminal not written");
+  }
+  return {ours, theirs};
+}
+
+std::vector<std::string> mergedEnvironment(std::map<std::string, std::string> merged) {
+  for (char** entry = environ; *entry != nullptr; ++entry) {
+    const std::string text = *entry;
+    const auto equals = text.find('=');
+    if (equals != std::string::npos) merged.emplace(text.substr(0, equals), text.substr(equals + 1));
+  }
+  std::vector<std::string> entries;
+  for (const auto& [name, value] : merged) entries.push_back(name + "=" + value);
+  return entries;
+}
+
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  for (std::string& text : texts) pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+pid_t spawn(const std::string& program, std::vector<std::string> arguments,
+            std::vector<std::string> environment, const int (&standardFiles)[3]) {
+  arguments.insert(arguments.begin(), program);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  for (int target = 0; target < 3; ++target) {
+    posix_spawn_file_actions_adddup2(&actions, standardFiles[target], target);
+  }
+  pid_t process = -1;
+  const int error = posix_spawn(&process, program.c_str(), &actions, nullptr, pointersTo(arguments).data(),
+                                pointersTo(environment).data());
+  posix_spawn_file_actions_destroy(&actions);
+  if (error != 0) throw std::system_error(error, std::generic_category(), program);
+  return process;
+}
+
+/// Whether the process ended in time. It is left for waitpid().
+bool endsWithin(pid_t process, std::chrono::milliseconds limit) {
+  // The header of this glibc declares pidfd_open() for C alone.
+  const int handle = checked(static_cast<int>(syscall(SYS_pidfd_open, process, 0)), "pidfd_open");
+  pollfd waiting{handle, POLLIN, 0};
+  const int ready = poll(&waiting, 1, static_cast<int>(limit.count()));
+  close(handle);
+  return ready == 1;
+}
+
+}  // namespace
+
+RunningProgram::RunningProgram(const std::filesystem::path& program,
+                               const std::vector<std::string>& arguments, const ProgramOptions& options)
+    : m_timeLimit(options.timeLimit), m_output(memoryFile()), m_errors(memoryFile()) {
+  int input = -1;
+  if (options.inputFrom == StandardInput::terminal) {
+    const Terminal terminal = terminalWith(options.input);
+    m_terminal = terminal.ours;
+    input = terminal.theirs;
+  } else {
+    input = memoryFile(options.input);
+  }
+  m_process = spawn(program, arguments, mergedEnvironment(options.environment), {input, m_output, m_errors});
+  close(input);
+}
+
+RunningProgram::~RunningProgram() {
+  if (m_process > 0) {
+    kill(m_process, SIGKILL);
+    waitpid(m_process, nullptr, 0);
+  }
+  for (const int file : {m_output, m_errors, m_terminal}) {
+    if (file >= 0) close(file);
+  }
+}
+
+void RunningProgram::sendSignal(int number) const {
+  if (m_process > 0) kill(m_process, number);
+}
+
+std::string RunningProgram::output() const {
+  return contentOf(m_output);
+}
+
+std::string RunningProgram::errors() const {
+  return contentOf(m_errors);
+}
+
+ProgramResult RunningProgram::wait() {
+  ProgramResult result;
+  result.timedOut = !endsWithin(m_process, m_timeLimit);
+  if (result.timedOut) kill(m_process, SIGKILL);
+  int status = 0;
+  checked(waitpid(m_process, &status, 0), "waitpid");
+  m_process = -1;
+  result.exitCode = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  result.output = output();
+  result.errors = errors();
+  return result;
+}
+
+ProgramResult runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+                         const ProgramOptions& options) {
+  return RunningProgram(program, arguments, options).wait();
+}
+
+}  // namespace support

@@ -1,0 +1,61 @@
+// Runs a built program as its users do, and catches everything it says.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace support {
+
+enum class StandardInput { file, terminal };
+
+struct ProgramOptions {
+  std::map<std::string, std::string> environment = {};  // beside, or instead of, what this process has
+  std::string input = {};                               // what the program reads
+  StandardInput inputFrom = StandardInput::file;
+  std::chrono::milliseconds timeLimit{60'000};  // for wait(); the program is killed then
+};
+
+struct ProgramResult {
+  int exitCode = -1;  // 128 + signal for one that was killed
+  bool timedOut = false;
+  std::string output;  // stdout
+  std::string errors;  // stderr
+};
+
+/// A program that runs. What it writes lands in memory, so it is never held up by a full pipe.
+class RunningProgram {
+ public:
+  /// Throws when the program cannot be started.
+  RunningProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+                 const ProgramOptions& options = {});
+  /// Kills the program when nobody waited for its end.
+  ~RunningProgram();
+  RunningProgram(const RunningProgram&) = delete;
+  RunningProgram& operator=(const RunningProgram&) = delete;
+
+  void sendSignal(int number) const;
+
+  /// What it has written so far.
+  std::string output() const;
+  std::string errors() const;
+
+  /// Waits for its end. Call once.
+  ProgramResult wait();
+
+ private:
+  std::chrono::milliseconds m_timeLimit;
+  int m_output = -1;
+  int m_errors = -1;
+  int m_terminal = -1;  // our side of it
+  pid_t m_process = -1;
+};
+
+ProgramResult runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+                         const ProgramOptions& options = {});
+
+}  // namespace support
