@@ -11,6 +11,7 @@
 
 #include <curl/curl.h>
 
+#include "platform/idna.h"
 #include "platform/uri.h"
 
 namespace platform {
@@ -194,7 +195,7 @@ bool Connection::keptConnectionDied() const {
 }
 
 FetchFailure Connection::prepare(const HttpRequest& request) {
-  const std::string address = requestAddress(request.url);
+  const std::string address = requestAddress(withAsciiHost(request.url));
   if (!isHttpUrl(address)) return FetchFailure::invalidAddress;
   // The library refuses texts beyond some megabytes; the previous URL would stay.
   if (curl_easy_setopt(m_easy, CURLOPT_URL, address.c_str()) != CURLE_OK) return FetchFailure::invalidAddress;

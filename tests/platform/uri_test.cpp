@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/idna.h"
+
 namespace platform {
 namespace {
 
@@ -167,6 +169,26 @@ TEST(RequestAddress, EncodesWhatDoesNotFit) {
     SCOPED_TRACE(c.name);
     EXPECT_EQ(requestAddress(c.url), c.expected);
   }
+}
+
+TEST(WithAsciiHost, WritesOtherScriptsAsTheNameSystemDoes) {
+  struct Case {
+    const char* url;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"http://h.example/\xC3\xBC", "http://h.example/\xC3\xBC"},
+      {"http://b\xC3\xBC"
+       "cher.example:81/\xC3\xBC?b\xC3\xBC",
+       "http://xn--bcher-kva.example:81/\xC3\xBC?b\xC3\xBC"},
+      {"http://me@STRA\xC3\x9F"
+       "E.example",
+       "http://me@xn--strae-oqa.example"},
+      {"http://\xE2\x80\x8B/", "http://\xE2\x80\x8B/"},  // nothing is left of a blank without width
+      {"http://b\xFF/", "http://b\xFF/"},
+      {"relative/\xC3\xBC", "relative/\xC3\xBC"},
+  };
+  for (const Case& c : cases) EXPECT_EQ(withAsciiHost(c.url), c.expected);
 }
 
 }  // namespace

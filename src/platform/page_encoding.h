@@ -1,0 +1,34 @@
+// Which character set a page is written in, found out as browsers do (WHATWG Encoding).
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace platform {
+
+/// How bytes become characters.
+enum class EncodingForm {
+  utf8,
+  utf16,
+  singleByte,   // extends ASCII by a byte for a character
+  latin10,      // likewise; the only one that ICU does not have
+  userDefined,  // likewise; the private characters F780 to F7FF
+  multiByte,
+};
+
+struct Encoding {
+  EncodingForm form;
+  const char* converter;    // its name in ICU, null where ICU has none
+  std::string_view labels;  // each between two blanks
+};
+
+struct PageEncoding {
+  const Encoding* encoding;    // never null
+  std::size_t markLength = 0;  // bytes of the byte-order mark
+};
+
+/// By the byte-order mark, else the charset of the Content-Type header, else a declaration in the first 1024
+/// bytes, else windows-1252.
+PageEncoding pageEncoding(std::string_view bytes, std::string_view contentType);
+
+}  // namespace platform
