@@ -57,6 +57,13 @@ void QuietView::askAboutLooping() {
                                            : crawler::LoopingAnswer::continueScan);
 }
 
+void QuietView::scanMayNotEnd(const crawler::EndlessHint& hint) {
+  printWarning(printable(hint.text()));
+  if (hint.filter.empty()) return;
+  printWarning("A filter would keep such addresses out: veskel-cli filters NAME --add '" +
+               std::string(hint.filter) + "'");
+}
+
 void QuietView::scanFinished(const crawler::ScanResult& result, const crawler::PageQueue&) {
   m_result = result;
 }
@@ -78,6 +85,11 @@ void BarView::askAboutLooping() {
   erase();
   printWarning(std::string(crawler::kLoopingTitle) + " " + std::string(crawler::kLoopingMessage));
   QuietView::askAboutLooping();
+}
+
+void BarView::scanMayNotEnd(const crawler::EndlessHint& hint) {
+  erase();
+  QuietView::scanMayNotEnd(hint);
 }
 
 void BarView::scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) {
@@ -108,6 +120,10 @@ void JsonView::pageVisited(const crawler::VisitedPage& page) {
 void JsonView::askAboutLooping() {
   printEvent({{"event", "looping"}, {"message", crawler::kLoopingMessage}});
   QuietView::askAboutLooping();
+}
+
+void JsonView::scanMayNotEnd(const crawler::EndlessHint& hint) {
+  printEvent({{"event", "mayNotEnd"}, {"message", hint.text()}, {"filter", hint.filter}});
 }
 
 void JsonView::scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) {

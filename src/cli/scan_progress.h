@@ -32,6 +32,7 @@ class QuietView : public crawler::ScanView {
   void pageVisited(const crawler::VisitedPage&) override {}
   void loopingError(crawler::LoopingSheet) override {}
   void askAboutLooping() override;
+  void scanMayNotEnd(const crawler::EndlessHint& hint) override;
   void endStartAlert() override {}
   void updateAllScanDetails(const store::ScanStatistics&, int) override {}
   void endStopAlert() override {}
@@ -56,6 +57,7 @@ class BarView : public QuietView {
   void updateScanSheet(const crawler::ScanProgress& progress) override;
   void pageVisited(const crawler::VisitedPage& page) override { m_url = page.url; }
   void askAboutLooping() override;
+  void scanMayNotEnd(const crawler::EndlessHint& hint) override;
   void endStartAlert() override { erase(); }
   void scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) override;
 
@@ -76,6 +78,7 @@ class JsonView : public QuietView {
   void scanStarted() override;
   void pageVisited(const crawler::VisitedPage& page) override;
   void askAboutLooping() override;
+  void scanMayNotEnd(const crawler::EndlessHint& hint) override;
   void scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) override;
 
  private:

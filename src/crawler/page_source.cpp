@@ -1,5 +1,7 @@
 #include "crawler/page_source.h"
 
+#include <functional>
+
 #include "platform/text.h"
 
 namespace crawler {
@@ -28,6 +30,7 @@ FetchedPage visitPage(platform::HttpClient& client, std::string_view url, std::s
   page.status = answer.status;
   page.mime = platform::mimeType(answer.contentType);
   page.hasContent = !answer.body.empty();
+  page.fingerprint = std::hash<std::string>{}(answer.body);
   page.contents = readBody(answer);
   if (page.isGood() && !page.hasContent) {
     // Some servers send an empty page now and then. The title stays that of the first answer.

@@ -1,6 +1,7 @@
 // Where the crawl gets its pages from.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <stop_token>
 #include <string>
@@ -14,9 +15,10 @@ namespace crawler {
 /// One answer to one visit of an address.
 struct FetchedPage {
   platform::FetchFailure failure = platform::FetchFailure::none;
-  int status = 0;           // HTTP status, 0 when no answer came
-  std::string mime = {};    // lower case, without parameters; empty when not told
-  bool hasContent = false;  // a body came, if need be when asked for once more
+  int status = 0;                 // HTTP status, 0 when no answer came
+  std::string mime = {};          // lower case, without parameters; empty when not told
+  bool hasContent = false;        // a body came, if need be when asked for once more
+  std::uint64_t fingerprint = 0;  // the same for the same body
   PageContents contents = {};
 
   /// Whether the page can be used in a sitemap.

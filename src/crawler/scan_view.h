@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "crawler/page_queue.h"
+#include "crawler/repeat_watch.h"
 #include "sitemaps/site_documents.h"
 #include "store/site_record.h"
 
@@ -83,6 +84,9 @@ class ScanView {
   /// Asks the user whether to go on with a site whose addresses hold many "?". The answer goes to
   /// SiteScanner::sheetDidEndShouldStopScan(), from any thread, also from within this call.
   virtual void askAboutLooping() = 0;
+
+  /// The site seems to have no end. Told once, as a notice that interrupts nothing.
+  virtual void scanMayNotEnd(const EndlessHint& hint) = 0;
 
   /// The progress sheet makes way for the closing panel, and the counters go back to zero.
   virtual void endStartAlert() = 0;

@@ -188,6 +188,7 @@ void SiteScanner::usePage(std::string_view url, const std::string& title, const 
   const std::string entry = sitemaps::pageEntry(url, m_totLinks, title);
   m_fullPageData += entry;
   buildPageTitleSitemap(entry, orNotFound(url));
+  if (const auto hint = m_repeats.visited(url, page.fingerprint)) m_services.view.scanMayNotEnd(*hint);
   // Without content the page's entry waits for the next page's block, and its number is used again.
   if (!page.hasContent) return;
 

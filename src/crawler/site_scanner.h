@@ -16,6 +16,7 @@
 #include "crawler/link_rules.h"
 #include "crawler/page_queue.h"
 #include "crawler/page_source.h"
+#include "crawler/repeat_watch.h"
 #include "crawler/scan_view.h"
 #include "platform/dates.h"
 #include "platform/http_client.h"
@@ -111,6 +112,7 @@ class SiteScanner {
   LinkBase m_base;
   Exclusions m_robots;
   Exclusions m_filters;
+  RepeatWatch m_repeats;
   std::unordered_set<std::string> m_pageInnerLinks;  // links listed for the page in hand
   std::string m_fullPageData;  // its entry and those of its links; kept over a page without content
   int m_ssf = 0;               // pages handled: good, broken or skipped

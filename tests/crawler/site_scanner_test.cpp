@@ -200,6 +200,33 @@ TEST(Scan, CancellingAnswersTheLoopingQuestionToo) {
   EXPECT_EQ(run.scan().end, ScanEnd::cancelled);
 }
 
+TEST(Scan, TellsOnceThatASiteMayHaveNoEnd) {
+  // A page under a query without a file name is its own base, so the link on it grows with every visit.
+  const SiteServer server([](const std::string& target, int) -> ServedPage {
+    if (target == "/") return {titled("Start", linkTo("list?p=1") + linkTo("other.html"))};
+    if (target == "/other.html") return {titled("Other")};
+    return {titled("List", linkTo("x"))};
+  });
+  ScanRun run(server.url());
+  run.settings.maxPages = 300;
+  run.scan();
+  const std::string hint =
+      "This scan may not end: 200 addresses gave the same page as " + server.url("list?p=1") + ", filter ?";
+  EXPECT_THAT(run.view.events,
+              ElementsAre("started", "connected", hint, "closing", "details", "closed", "finished"));
+}
+
+TEST(RepeatWatch, FindsTheRepeatedDocumentAmongManyOthers) {
+  RepeatWatch watch;
+  std::optional<EndlessHint> hint;
+  for (std::uint64_t i = 0; i < 100'000 && !hint; ++i) {
+    EXPECT_FALSE(watch.visited("http://h/" + std::to_string(i), i * 0x9e3779b97f4a7c15));
+    if (i % 4 == 0) hint = watch.visited("http://h/p#" + std::to_string(i), 42);
+  }
+  ASSERT_TRUE(hint);
+  EXPECT_EQ(hint->filter, "#");
+}
+
 TEST(Scan, TellsWhyAStartPageCannotBeReached) {
   struct Case {
     const char* path;

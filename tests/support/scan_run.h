@@ -46,6 +46,9 @@ class RecordingView : public crawler::ScanView {
     events.push_back("looping");
     if (onLooping) onLooping();
   }
+  void scanMayNotEnd(const crawler::EndlessHint& hint) override {
+    events.push_back(hint.text() + ", filter " + std::string(hint.filter));
+  }
   void endStartAlert() override { events.push_back("closing"); }
   void updateAllScanDetails(const store::ScanStatistics&, int) override { events.push_back("details"); }
   void endStopAlert() override { events.push_back("closed"); }
