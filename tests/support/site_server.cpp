@@ -16,11 +16,11 @@ ServedPage lookUp(const SiteServer::Pages& pages, const std::string& target) {
 
 }  // namespace
 
-SiteServer::SiteServer(Pages pages)
-    : SiteServer(
-          [pages = std::move(pages)](const std::string& target, int) { return lookUp(pages, target); }) {}
+SiteServer::SiteServer(Pages pages, int port)
+    : SiteServer([pages = std::move(pages)](const std::string& target, int) { return lookUp(pages, target); },
+                 port) {}
 
-SiteServer::SiteServer(Handler handler)
+SiteServer::SiteServer(Handler handler, int port)
     : m_server(std::make_unique<httplib::Server>()), m_handler(std::move(handler)) {
   m_server->set_tcp_nodelay(true);
   m_server->set_keep_alive_max_count(1'000'000);
@@ -39,7 +39,8 @@ SiteServer::SiteServer(Handler handler)
     response.body = page.body;
     if (!page.contentType.empty()) response.set_header("Content-Type", page.contentType);
   });
-  m_port = m_server->bind_to_any_port("127.0.0.1");
+  m_port = port != 0 && m_server->bind_to_port("127.0.0.1", port) ? port : -1;
+  if (port == 0) m_port = m_server->bind_to_any_port("127.0.0.1");
   if (m_port < 0) throw std::runtime_error("no free port");
   m_thread = std::thread([this] { m_server->listen_after_bind(); });
   while (!m_server->is_running()) std::this_thread::yield();  // stop() does nothing before
