@@ -17,18 +17,17 @@ build_packages=(
   ninja-build
   nlohmann-json3-dev
   pkg-config
+  util-linux # flock, unshare
 )
 
 # The tests, on top of the build.
 # shellcheck disable=SC2034 # used by ./test
 test_packages=(
-  iproute2 # brings up the loopback of a network namespace
   libbrotli-dev
   libgmock-dev
   libgtest-dev
   libxml2-utils # xmllint
-  strace # makes single system calls fail
-  util-linux # unshare
+  strace
   zlib1g-dev
 )
 
