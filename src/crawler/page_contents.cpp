@@ -1,5 +1,7 @@
 #include "crawler/page_contents.h"
 
+#include <utility>
+
 #include "crawler/titles.h"
 #include "platform/markup.h"
 
@@ -7,9 +9,26 @@ namespace crawler {
 
 namespace {
 
-/// Links and their names may nest in broken markup, and the text of an inner anchor belongs to the outer ones
-/// too. Beyond this much text in all, a page is trying to fill the memory and further names stay empty.
-constexpr std::size_t kMaxCollectedText = 64u << 20;
+// A page may try to fill the memory. Several are held at the same time, so none may grow far beyond its
+// markup.
+
+/// Anchors may nest in broken markup, and the text of an inner one belongs to the outer ones too. Beyond this
+/// much text in all, further anchors count as without text.
+constexpr std::size_t kMaxCollectedText = 16u << 20;
+
+/// Three letters make an anchor, which takes many times that in memory. Further ones are passed over.
+constexpr std::size_t kMaxAnchors = 1u << 18;
+
+/// An image's name is looked for in its markup, which takes several copies. One beyond this size has no name.
+constexpr std::size_t kMaxImageMarkup = 4u << 20;
+
+std::size_t sizeOf(const std::vector<platform::MarkupAttribute>& attributes) {
+  std::size_t sum = 0;
+  for (const platform::MarkupAttribute& attribute : attributes) {
+    sum += attribute.name.size() + attribute.value.size();
+  }
+  return sum;
+}
 
 class ContentsCollector : public platform::MarkupHandler {
  public:
@@ -26,7 +45,7 @@ class ContentsCollector : public platform::MarkupHandler {
   }
 
   void endElement(std::string_view name) override {
-    if (name == "a" && !m_open.empty()) closeAnchor();
+    if (name == "a") endAnchor();
     if (m_depth == m_titleDepth) m_titleDepth = 0;
     --m_depth;
   }
@@ -53,6 +72,10 @@ class ContentsCollector : public platform::MarkupHandler {
   };
 
   void openAnchor(const std::vector<platform::MarkupAttribute>& attributes) {
+    if (m_anchors.size() >= kMaxAnchors) {
+      ++m_openPassedOver;
+      return;
+    }
     OpenAnchor anchor{m_anchors.size(), m_text.size(), {}};
     for (const platform::MarkupAttribute& attribute : attributes) {
       if (attribute.name == "href") anchor.element.href = attribute.value;
@@ -61,6 +84,15 @@ class ContentsCollector : public platform::MarkupHandler {
     m_anchors.emplace_back();
     m_open.push_back(std::move(anchor));
     m_awaitsFirstChild = true;
+  }
+
+  void endAnchor() {
+    // Those passed over came last of all, so they are the inner ones.
+    if (m_openPassedOver > 0) {
+      --m_openPassedOver;
+    } else if (!m_open.empty()) {
+      closeAnchor();
+    }
   }
 
   void closeAnchor() {
@@ -81,7 +113,9 @@ class ContentsCollector : public platform::MarkupHandler {
   void noteFirstChild(std::string_view name, const std::vector<platform::MarkupAttribute>& attributes) {
     if (!m_awaitsFirstChild) return;
     m_awaitsFirstChild = settleFirstChild(name == "img" ? FirstChild::image : FirstChild::other);
-    if (name == "img") m_open.back().element.imageMarkup = platform::serialiseStartTag(name, attributes);
+    if (name == "img" && sizeOf(attributes) <= kMaxImageMarkup) {
+      m_open.back().element.imageMarkup = platform::serialiseStartTag(name, attributes);
+    }
   }
 
   /// Returns false, the state of waiting afterwards.
@@ -92,6 +126,7 @@ class ContentsCollector : public platform::MarkupHandler {
 
   std::vector<Anchor> m_anchors;
   std::vector<OpenAnchor> m_open;
+  std::size_t m_openPassedOver = 0;
   std::string m_text;  // since the outermost open anchor began
   std::size_t m_collected = 0;
   bool m_awaitsFirstChild = false;  // nothing has come since the innermost open anchor began
@@ -110,9 +145,9 @@ std::size_t PageContents::bytes() const {
   return sum;
 }
 
-PageContents readPageContents(std::string_view markup) {
+PageContents readPageContents(std::string_view markup, std::stop_token stop) {
   ContentsCollector collector;
-  platform::readHtml(markup, collector);
+  platform::readHtml(markup, collector, std::move(stop));
   return collector.take();
 }
 

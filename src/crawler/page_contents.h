@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,7 +22,9 @@ struct PageContents {
   std::size_t bytes() const;
 };
 
-/// Reads a page's markup (valid UTF-8), however broken.
-PageContents readPageContents(std::string_view markup);
+/// Reads a page's markup (valid UTF-8), however broken. A page made to exhaust its reader is read in part
+/// (platform/markup.h), and so is one with more than a quarter of a million anchors. What that leaves depends
+/// on the markup alone, unless a stop ends the reading.
+PageContents readPageContents(std::string_view markup, std::stop_token stop = {});
 
 }  // namespace crawler

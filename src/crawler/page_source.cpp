@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::chrono::seconds kLastModifiedTimeout{10};
 
-PageContents readBody(platform::HttpAnswer& answer) {
-  return readPageContents(platform::decodePage(std::move(answer.body), answer.contentType));
+PageContents readBody(platform::HttpAnswer& answer, const std::stop_token& stop) {
+  return readPageContents(platform::decodePage(std::move(answer.body), answer.contentType), stop);
 }
 
 }  // namespace
@@ -31,12 +31,12 @@ FetchedPage visitPage(platform::HttpClient& client, std::string_view url, std::s
   page.mime = platform::mimeType(answer.contentType);
   page.hasContent = !answer.body.empty();
   page.fingerprint = std::hash<std::string>{}(answer.body);
-  page.contents = readBody(answer);
+  page.contents = readBody(answer, stop);
   if (page.isGood() && !page.hasContent) {
     // Some servers send an empty page now and then. The title stays that of the first answer.
     platform::HttpAnswer second = client.fetch(request, stop);
     page.hasContent = !second.body.empty();
-    page.contents.anchors = readBody(second).anchors;
+    page.contents.anchors = readBody(second, stop).anchors;
   }
   return page;
 }

@@ -93,12 +93,27 @@ std::optional<RawRequest> RawConnection::readRequest() {
       m_server.m_requests.push_back(request);
       return request;
     }
-    if (!waitFor(POLLIN, kForever)) return std::nullopt;
-    char buffer[4096];
-    const ssize_t count = recv(m_socket.number(), buffer, sizeof buffer, 0);
-    if (count <= 0) return std::nullopt;
-    m_unread.append(buffer, static_cast<std::size_t>(count));
+    if (!readMore()) return std::nullopt;
   }
+}
+
+bool RawConnection::readMore() {
+  if (!waitFor(POLLIN, kForever)) return false;
+  char buffer[4096];
+  const ssize_t count = recv(m_socket.number(), buffer, sizeof buffer, 0);
+  if (count <= 0) return false;
+  m_unread.append(buffer, static_cast<std::size_t>(count));
+  return true;
+}
+
+std::string RawConnection::receive() {
+  if (m_unread.empty()) readMore();
+  return std::exchange(m_unread, {});
+}
+
+bool RawConnection::startsTls() {
+  constexpr char kHandshakeRecord = 0x16;
+  return (!m_unread.empty() || readMore()) && m_unread.front() == kHandshakeRecord;
 }
 
 bool RawConnection::send(std::string_view bytes) {

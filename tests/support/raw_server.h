@@ -49,6 +49,10 @@ class RawConnection {
  public:
   /// The next request's head, nothing when there is none to come. Its body, if any, is not looked for.
   std::optional<RawRequest> readRequest();
+  /// What comes next, whatever it is; empty when the client is gone.
+  std::string receive();
+  /// Whether the client begins a TLS handshake, of which nothing is taken away.
+  bool startsTls();
   /// False when the client is gone. Blocks while the client does not read.
   bool send(std::string_view bytes);
   /// Sends the same again and again until the client is gone.
@@ -62,11 +66,12 @@ class RawConnection {
   friend class RawServer;
   RawConnection(RawServer& server, Descriptor socket, int number);
   bool waitFor(short event, int milliseconds);  // false on a stop; also true when the time is over
+  bool readMore();                              // to m_unread; false when the client is gone
 
   RawServer& m_server;
   Descriptor m_socket;
   int m_number;
-  std::string m_unread;  // received beyond the last head
+  std::string m_unread;  // received, and not asked for yet
 };
 
 /// Listens from construction to destruction, with one thread for each connection. The destructor ends what

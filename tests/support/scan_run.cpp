@@ -22,7 +22,7 @@ ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()) {
 }
 
 const crawler::ScanResult& ScanRun::scan(const std::function<void(crawler::SiteScanner&)>& whenRunning) {
-  platform::CurlHttpClient client("Veskel/test");
+  platform::CurlHttpClient client("Veskel/test", httpLimits);
   crawler::ReadAheadPages pages(client, limits);
   crawler::SiteScanner scanner({m_controls, state, client, pages, view}, settings);
   m_scanner = &scanner;

@@ -66,6 +66,7 @@ class ScanRun {
 
   crawler::ScanSettings settings;
   crawler::ReadAheadLimits limits;
+  platform::HttpLimits httpLimits;
   store::SharedState state;
   RecordingView view;  // of the next scan
 
