@@ -1,5 +1,6 @@
 #include "cli/scan_command.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <iomanip>
@@ -83,14 +84,18 @@ void printBroken(const store::SharedState& state) {
   if (count > kBrokenPagesShown) std::cout << "  and " << count - kBrokenPagesShown << " more\n";
 }
 
-void printFiles(const CliContext& context, const std::string& name) {
-  std::cout << "Written to " << printable(context.controls.siteFolder(name).native()) << ":\n ";
-  for (const sitemaps::Layout& layout : sitemaps::kLayouts) std::cout << ' ' << layout.fileName;
-  std::cout << ' ' << sitemaps::kXmlSitemapFile;
-  if (platform::somethingAt(context.controls.siteFolder(name) / store::kBadLinksFile)) {
-    std::cout << ' ' << store::kBadLinksFile;
-  }
-  std::cout << '\n';
+/// Names the files that are written in full; what is wrong with the others is said elsewhere.
+void printFiles(const std::filesystem::path& folder, const std::vector<sitemaps::FileProblem>& problems) {
+  std::string names;
+  const auto name = [&](std::string_view file) {
+    const bool failed = std::any_of(problems.begin(), problems.end(),
+                                    [&](const auto& problem) { return problem.path == folder / file; });
+    if (!failed) names.append(" ").append(file);
+  };
+  for (const sitemaps::Layout& layout : sitemaps::kLayouts) name(layout.fileName);
+  name(sitemaps::kXmlSitemapFile);
+  if (platform::somethingAt(folder / store::kBadLinksFile)) name(store::kBadLinksFile);
+  if (!names.empty()) std::cout << "Written to " << printable(folder.native()) << ":\n " << names << '\n';
 }
 
 void printSummary(const CliContext& context, const crawler::ScanResult& result,
@@ -104,7 +109,7 @@ void printSummary(const CliContext& context, const crawler::ScanResult& result,
   }
   printCounts(result, seconds);
   printBroken(state);
-  printFiles(context, name);
+  printFiles(context.controls.siteFolder(name), result.problems);
 }
 
 void printProblems(const crawler::ScanResult& result) {

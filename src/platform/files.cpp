@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -19,6 +20,8 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kFileMode = 0644;  // the umask takes its share
 constexpr int kMaxLinks = 40;       // on the way to a file, as the kernel has it
+constexpr int kMaxAttempts = 20;    // to replace a file that others replace at the same time
+constexpr std::string_view kTemporaryPrefix = ".veskel-";
 
 FileResult failure(int error) {
   FileResult result{FileStatus::failed, std::generic_category().message(error)};
@@ -84,42 +87,95 @@ fs::path linkTarget(fs::path file) {
   return file;
 }
 
-/// A name beside `file` that no other file of this program has at the time.
-fs::path temporaryName(const fs::path& file) {
+fs::path folderOf(const fs::path& file) {
+  return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+/// A name in `folder` that no other file of this program has at the time.
+fs::path temporaryName(const fs::path& folder) {
   static std::atomic<unsigned> counter{0};
-  return file.parent_path() / (".veskel-" + std::to_string(getpid()) + "-" + std::to_string(counter++));
+  return folder /
+         (std::string(kTemporaryPrefix) + std::to_string(getpid()) + "-" + std::to_string(counter++));
 }
 
-FileResult writeWhole(const Descriptor& file, std::string_view text, const struct stat* replaced) {
-  if (replaced != nullptr && fchmod(file.number(), replaced->st_mode & 07777) != 0) return failure(errno);
-  const FileResult written = writeAll(file.number(), text);
-  return written.ok() ? sync(file.number()) : written;
-}
-
-void syncFolderOf(const fs::path& file) {
-  const fs::path folder = file.parent_path();
-  const Descriptor descriptor(folder.empty() ? fs::path(".") : folder, O_RDONLY | O_DIRECTORY);
-  // Not every file system can do this, and the new file is in place already: at worst, after a power cut, the
-  // old one is back.
-  if (descriptor.isOpen()) static_cast<void>(sync(descriptor.number()));
-}
-
-FileResult replaceThrough(const fs::path& temporary, const fs::path& file, std::string_view text,
-                          const struct stat* replaced) {
-  {
-    // Nobody may read the new text meanwhile who could not read the old one.
-    const Descriptor descriptor(temporary, O_WRONLY | O_CREAT | O_EXCL,
-                                replaced != nullptr ? 0600 : kFileMode);
-    if (!descriptor.isOpen()) return failure(errno);
-    const FileResult written = writeWhole(descriptor, text, replaced);
-    if (!written.ok()) {
-      unlink(temporary.c_str());
-      return written;
-    }
+/// Removes what processes that were killed left in `folder`. One that is alive and loses its file to this
+/// begins again, see replaceOnce().
+void removeLeftovers(const fs::path& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const fs::path& path = entry->path();
+    if (path.filename().native().starts_with(kTemporaryPrefix)) unlink(path.c_str());
   }
-  const FileResult renamed = outcome(rename(temporary.c_str(), file.c_str()));
-  if (!renamed.ok()) unlink(temporary.c_str());
-  return renamed;
+}
+
+/// The file that a new text is written to before it takes the place of the old one. It has no name until it
+/// is complete, so that a process that is killed while it writes and syncs leaves nothing behind. Not every
+/// file system has such files; there it is a plain one from the start.
+class TemporaryFile {
+ public:
+  TemporaryFile(const fs::path& folder, mode_t mode) : m_name(temporaryName(folder)) {
+    m_file.emplace(folder, O_WRONLY | O_TMPFILE, mode);
+    if (m_file->isOpen() || (errno != EOPNOTSUPP && errno != EISDIR)) return;
+    m_file.emplace(m_name, O_WRONLY | O_CREAT | O_EXCL, mode);
+    m_named = m_file->isOpen();
+  }
+  ~TemporaryFile() {
+    if (m_named) unlink(m_name.c_str());
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  bool isOpen() const { return m_file->isOpen(); }
+  int number() const { return m_file->number(); }
+
+  FileResult moveOver(const fs::path& file) {
+    if (!m_named) {
+      // There is no call that would rename a file without a name, so it gets one for a moment.
+      const std::string self = "/proc/self/fd/" + std::to_string(number());
+      if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, m_name.c_str(), AT_SYMLINK_FOLLOW) != 0)
+        return failure(errno);
+      m_named = true;
+    }
+    if (rename(m_name.c_str(), file.c_str()) == 0) {
+      m_named = false;
+      return {};
+    }
+    FileResult result = failure(errno);
+    if (result.status == FileStatus::missing) result.status = FileStatus::busy;
+    return result;
+  }
+
+ private:
+  fs::path m_name;
+  std::optional<Descriptor> m_file;
+  bool m_named = false;
+};
+
+FileResult writeWhole(int descriptor, std::string_view text, const struct stat* replaced) {
+  if (replaced != nullptr && fchmod(descriptor, replaced->st_mode & 07777) != 0) return failure(errno);
+  const FileResult written = writeAll(descriptor, text);
+  return written.ok() ? sync(descriptor) : written;
+}
+
+FileResult syncFolder(const fs::path& folder) {
+  const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+  if (!descriptor.isOpen()) return errno == EACCES ? FileResult{} : failure(errno);
+  if (withoutInterruption([&] { return fsync(descriptor.number()); }) == 0) return {};
+  // Not every file system can do this. Where none can, nothing better is to be had.
+  if (errno == EINVAL || errno == EOPNOTSUPP) return {};
+  FileResult result = failure(errno);
+  result.error = "the new content is in place, but its folder could not be synced: " + result.error;
+  return result;
+}
+
+/// `exists` or `busy` when somebody else came between: the caller tries again.
+FileResult replaceOnce(const fs::path& file, std::string_view text, const struct stat* replaced) {
+  removeLeftovers(folderOf(file));
+  // Nobody may read the new text meanwhile who could not read the old one.
+  TemporaryFile temporary(folderOf(file), replaced != nullptr ? 0600 : kFileMode);
+  if (!temporary.isOpen()) return failure(errno);
+  const FileResult written = writeWhole(temporary.number(), text, replaced);
+  return written.ok() ? temporary.moveOver(file) : written;
 }
 
 }  // namespace
@@ -154,11 +210,11 @@ FileResult replaceFile(const fs::path& path, std::string_view text) {
   // A rename would put a plain file in the place of a device or pipe.
   if (exists && !S_ISREG(status.st_mode)) return failure(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
   FileResult result;
-  do {  // a name that is taken was left behind by a process that was killed
-    result = replaceThrough(temporaryName(file), file, text, exists ? &status : nullptr);
-  } while (result.status == FileStatus::exists);
-  if (result.ok()) syncFolderOf(file);
-  return result;
+  for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
+    result = replaceOnce(file, text, exists ? &status : nullptr);
+    if (result.status != FileStatus::exists && result.status != FileStatus::busy) break;
+  }
+  return result.ok() ? syncFolder(folderOf(file)) : result;
 }
 
 FileResult appendToFile(const fs::path& file, std::string_view text) {

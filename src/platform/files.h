@@ -36,8 +36,11 @@ FileContent readFile(const std::filesystem::path& file);
 
 /// Makes `text` the whole content of `file`, which may exist or not: a temporary file in the same folder is
 /// written, synced and renamed over it, then the folder is synced where that can be done. After a failure the
-/// old file is whole and no temporary file is left behind. The permissions of an existing file are kept. A
-/// symbolic link stays: what it leads to is replaced, or made. Devices and pipes are refused.
+/// old file is whole, unless it was the folder that could not be synced: then the new one is in place, and a
+/// power cut may undo that. No temporary file is left behind; only a process that is killed in the moment of
+/// the renaming leaves one (".veskel-..."), which the next replacement in that folder removes. The
+/// permissions of an existing file are kept. A symbolic link stays: what it leads to is replaced, or made.
+/// Devices and pipes are refused.
 FileResult replaceFile(const std::filesystem::path& file, std::string_view text);
 
 /// Adds `text` to the end of an existing file; a missing one is not created (`missing`). The cost does not

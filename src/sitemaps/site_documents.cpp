@@ -52,14 +52,23 @@ void SiteDocuments::appendCell(std::string_view block, Listing listing) {
 }
 
 void SiteDocuments::append(const std::filesystem::path& file, std::string_view text) {
-  note(file, platform::appendToFile(file, text));
+  // What does not fit would be missing in the middle if smaller pieces still went in behind it.
+  if (!isCutShort(file)) note(file, platform::appendToFile(file, text));
 }
 
 void SiteDocuments::note(const std::filesystem::path& file, const platform::FileResult& result) {
-  if (result.ok()) return;
-  const bool known = std::any_of(m_problems.begin(), m_problems.end(),
-                                 [&](const FileProblem& problem) { return problem.path == file; });
-  if (!known) m_problems.push_back({file, result});
+  if (!result.ok() && !hasProblem(file)) m_problems.push_back({file, result});
+}
+
+bool SiteDocuments::isCutShort(const std::filesystem::path& file) const {
+  return std::any_of(m_problems.begin(), m_problems.end(), [&](const FileProblem& problem) {
+    return problem.path == file && problem.result.status != platform::FileStatus::missing;
+  });
+}
+
+bool SiteDocuments::hasProblem(const std::filesystem::path& file) const {
+  return std::any_of(m_problems.begin(), m_problems.end(),
+                     [&](const FileProblem& problem) { return problem.path == file; });
 }
 
 int SiteDocuments::cellsInLinkRow(int columns) const {

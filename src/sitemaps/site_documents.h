@@ -39,8 +39,9 @@ class SiteDocuments {
   /// Closes all documents and puts them on disk for good.
   void finish();
 
-  /// What went wrong so far: each file once, with the first cause. A file that disappears during the scan is
-  /// not made again (somebody wants it gone), and counts as a problem.
+  /// What went wrong so far: each file once, with the first cause. A file that could not take a piece ends
+  /// before it and gets no more. One that disappears during the scan is not made again (somebody wants it
+  /// gone), and counts as a problem.
   const std::vector<FileProblem>& problems() const { return m_problems; }
 
  private:
@@ -53,6 +54,8 @@ class SiteDocuments {
   void appendCell(std::string_view block, Listing listing);
   void append(const std::filesystem::path& file, std::string_view text);
   void note(const std::filesystem::path& file, const platform::FileResult& result);
+  bool hasProblem(const std::filesystem::path& file) const;
+  bool isCutShort(const std::filesystem::path& file) const;
   int cellsInLinkRow(int columns) const;
 
   std::vector<Document> m_documents;

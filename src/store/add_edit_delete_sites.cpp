@@ -102,7 +102,13 @@ SaveResult AddEditDeleteSites::saveEditedSite(std::string_view originalName, std
 
   const std::string renamed = withRecordValue(record.text, kSiteName, newName);
   auto written = platform::replaceFile(newRecord, withRecordValue(renamed, kSiteUrl, newUrl));
-  if (!written.ok()) return failed(newRecord, std::move(written));
+  if (!written.ok()) {
+    // The new text is in place already when it is the folder that could not be synced.
+    if (platform::readFile(newRecord).text != record.text) {
+      static_cast<void>(platform::replaceFile(newRecord, record.text));
+    }
+    return failed(newRecord, std::move(written));
+  }
   moves.keep();
   return {};
 }

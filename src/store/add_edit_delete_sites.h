@@ -18,7 +18,7 @@ std::string renameNameTaken(std::string_view name);
 enum class SaveOutcome {
   saved,
   nameTaken,  // create: nothing was written. Edit: the other site's URL was overwritten, see saveEditedSite()
-  failed,     // nothing changed; `path` and `file` say what and why
+  failed,     // `path` and `file` say what and why; nothing changed, but see replaceFile() for a new URL
 };
 
 struct [[nodiscard]] SaveResult {

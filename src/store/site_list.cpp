@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -55,6 +56,50 @@ std::optional<std::string> upgradeRecord(const std::filesystem::path& olderFile)
     if (!firstProblem) firstProblem = std::move(next);
   }
   return firstProblem;
+}
+
+/// The site folder whose one record still bears another name: a rename, which moves the folder first and then
+/// the record in it, was cut off in between. `records` are all below the data folder, sorted.
+struct CutOffRename {
+  std::string folder;
+  std::string record;  // its file name in the folder
+};
+
+std::vector<CutOffRename> cutOffRenames(const std::vector<std::string>& records) {
+  std::map<std::string, std::vector<std::string>> recordsByFolder;
+  for (const std::string& file : records) {
+    const auto slash = file.find('/');
+    if (slash == std::string::npos || file.find('/', slash + 1) != std::string::npos) continue;
+    recordsByFolder[file.substr(0, slash)].push_back(file.substr(slash + 1));
+  }
+  std::vector<CutOffRename> renames;
+  for (const auto& [folder, names] : recordsByFolder) {
+    // With several nobody can tell which one is the site's.
+    if (names.size() == 1 && names[0] != folder + std::string(kRecordExtension)) {
+      renames.push_back({folder, names[0]});
+    }
+  }
+  return renames;
+}
+
+/// Goes on where the rename was cut off, so that the site can be used again.
+std::optional<std::string> finishRename(const GlobalControls& controls, const CutOffRename& rename) {
+  // A rename that is under way holds the lock, and needs no help.
+  const auto folder = controls.siteFolder(rename.folder);
+  const platform::FolderLock lock(folder);
+  if (!lock.result().ok()) return {};
+  const auto content = platform::readFile(folder / rename.record);
+  // A record that does not name itself either was never a site's.
+  const auto name = recordValue(content.text, kSiteName);
+  if (!name || *name + std::string(kRecordExtension) != rename.record) return {};
+
+  const auto record = controls.returnFullFileLocation(rename.folder);
+  if (const auto moved = platform::moveTo(folder / rename.record, record); !moved.ok()) {
+    return problem("Could not finish the renaming to", record, moved.error);
+  }
+  const auto written = platform::replaceFile(record, withRecordValue(content.text, kSiteName, rename.folder));
+  if (!written.ok()) return problem("Could not write", record, written.error);
+  return {};
 }
 
 SelectedSite siteFromRecord(const GlobalControls& controls, std::string_view name, std::string_view record) {
@@ -113,9 +158,12 @@ SiteList siteTableRows(const GlobalControls& controls) {
     if (auto sentence = upgradeRecord(dataFolder / file)) list.problems.push_back(*std::move(sentence));
   }
   if (list.updatedOldFile) files = platform::filesBelow(dataFolder);
+  std::erase_if(files, [](const std::string& file) { return !hasExtension(file, kRecordExtension); });
 
+  for (const CutOffRename& rename : cutOffRenames(files)) {
+    if (auto sentence = finishRename(controls, rename)) list.problems.push_back(*std::move(sentence));
+  }
   for (const std::string& file : files) {
-    if (!hasExtension(file, kRecordExtension)) continue;
     const auto folderEnd = file.rfind('/');
     if (folderEnd != std::string::npos) list.names.push_back(file.substr(0, folderEnd));
   }

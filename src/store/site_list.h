@@ -18,11 +18,12 @@ platform::FileResult checkNeededFoldersExist(const GlobalControls& controls);
 struct SiteList {
   std::vector<std::string> names;          // folder names relative to the data folder, sorted by byte order
   bool updatedOldFile = false;             // records in the older format were upgraded on the way
-  std::vector<std::string> problems = {};  // upgrades that failed, one sentence each
+  std::vector<std::string> problems = {};  // what of this failed, one sentence each
 };
 
-/// Upgrades every record in the older format ("NAME.qzvsk"), then lists the folders that hold a record. A
-/// record lying directly in the data folder is passed over. Records whose upgrade fails stay as they were.
+/// Upgrades every record in the older format ("NAME.qzvsk"), gives the record of a folder its name where a
+/// rename was cut off, then lists the folders that hold a record. A record lying directly in the data folder
+/// is passed over. Records whose upgrade fails stay as they were.
 SiteList siteTableRows(const GlobalControls& controls);
 
 /// What is known of one site: its record's values, empty or 0 where the record lacks them.

@@ -1,8 +1,10 @@
 #include "platform/files.h"
 
+#include <atomic>
 #include <csignal>
 #include <fstream>
 #include <optional>
+#include <thread>
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -118,12 +120,37 @@ TEST_F(Files, ReplacesByABareName) {
   EXPECT_THAT(everything(), ElementsAre("bare"));
 }
 
-TEST_F(Files, ReplacesPastALeftoverOfAKilledProcess) {
+TEST_F(Files, RemovesLeftoversOfKilledProcesses) {
   // The numbers used so far are unknown, so all that may come next are taken.
   const std::string stem = ".veskel-" + std::to_string(getpid()) + "-";
   for (int i = 0; i < 50; ++i) put(in((stem + std::to_string(i)).c_str()), "leftover");
+  put(in(".veskel-1-1"), "leftover of another process");
+  put(in(".veskelrc"), "somebody else's");
   EXPECT_TRUE(replaceFile(in("f"), "x").ok());
-  EXPECT_EQ(everything().size(), 51u);
+  EXPECT_THAT(everything(), ElementsAre(".veskelrc", "f"));
+}
+
+TEST_F(Files, ReplacesBesideOthersThatDo) {
+  constexpr int kWriters = 4;
+  std::vector<std::jthread> writers;
+  std::atomic<int> failures{0};
+  for (int writer = 0; writer < kWriters; ++writer) {
+    writers.emplace_back([&, writer] {
+      const std::string text(5000, static_cast<char>('a' + writer));
+      for (int i = 0; i < 25; ++i) {
+        if (!replaceFile(in("shared"), text).ok()) ++failures;
+        if (!replaceFile(in(("own-" + text.substr(0, 1)).c_str()), text).ok()) ++failures;
+      }
+    });
+  }
+  writers.clear();
+  EXPECT_EQ(failures, 0);
+  EXPECT_THAT(everything(), ElementsAre("own-a", "own-b", "own-c", "own-d", "shared"));
+  for (const std::string& file : everything()) {
+    const std::string text = readFile(in(file.c_str())).text;
+    EXPECT_EQ(text, std::string(5000, text.front())) << file;
+    EXPECT_TRUE(file == "shared" || text.front() == file.back()) << file;
+  }
 }
 
 TEST_F(Files, AFailedReplacementLeavesTheOldFileAlone) {

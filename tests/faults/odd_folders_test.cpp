@@ -1,0 +1,108 @@
+// Homes that are missing, folders that cannot be written, folders that go away.
+#include <atomic>
+#include <fstream>
+
+#include <unistd.h>
+
+#include "fault_test.h"
+#include "platform/files.h"
+
+namespace faults {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+using OddFolders = FaultTest;
+
+TEST_F(OddFolders, AReadOnlySiteIsToldAndLeftAlone) {
+  prepare({"add", "shop", "http://127.0.0.1:9/"});
+  prepare({"add", "other", "http://a.test/"});
+  prepare({"filters", "shop", "--add", "/first/"});
+  const std::string folder = site().lexically_relative(ownHome.path());
+  const MountedFolder disk("size=1m", ownHome.path(), folder);
+  SKIP_UNLESS_MOUNTED(disk);
+  useHome(disk.path());
+  const Snapshot before = snapshotOf(data());
+  const Arguments edits[] = {{"edit", "shop", "--url", "http://b.test/"},
+                             {"edit", "shop", "--ignore-robots", "yes"},
+                             {"edit", "shop", "--name", "store"},
+                             {"filters", "shop", "--add", "/second/"},
+                             {"delete", "shop", "--yes"},
+                             {"scan", "shop"}};
+  for (const Arguments& edit : edits) {
+    SCOPED_TRACE(edit[0] + " " + edit.back());
+    const auto result = run(edit);
+    EXPECT_EQ(result.exitCode, 4);
+    EXPECT_THAT(result.errors, testing::AnyOf(HasSubstr("Read-only file system"),
+                                              HasSubstr("Device or resource busy")));  // moves and deletions
+    EXPECT_TRUE(snapshotOf(data()) == before);
+  }
+  const auto shown = run({"show", "shop"});
+  EXPECT_EQ(shown.exitCode, 0) << shown.errors;
+  prepare({"edit", "other", "--url", "http://b.test/"});
+}
+
+TEST_F(OddFolders, WithoutHomeTheUserDatabaseKnows) {
+  const support::TempFolder home;
+  const fs::path users = ownHome.path() / "users";
+  std::ofstream(users) << "root:x:0:0::" << home.path().string() << ":/bin/sh\n";
+  Arguments launcher = {"unshare", "--mount"};
+  if (geteuid() != 0) launcher.push_back("--map-root-user");
+  launcher.insert(launcher.end(),
+                  {"sh", "-c", "mount --bind \"$0\" /etc/passwd || exit 99; exec \"$@\"", users});
+  if (const auto result = runUnder(launcher, {"--version"}); result.exitCode != 0) {
+    GTEST_SKIP() << "the user database cannot be replaced here: " << result.errors;
+  }
+  launcher.push_back("env");
+  for (const Arguments& unset : {Arguments{"-u", "HOME", "-u", "XDG_STATE_HOME"}, Arguments{"HOME="}}) {
+    SCOPED_TRACE(unset[0]);
+    Arguments complete = launcher;
+    complete.insert(complete.end(), unset.begin(), unset.end());
+    const auto result = runUnder(complete, {"where"});
+    EXPECT_EQ(result.exitCode, 0) << result.errors;
+    EXPECT_THAT(result.output, StartsWith(home.path().string() + "/Library/"));
+  }
+  EXPECT_TRUE(fs::is_directory(store::GlobalControls(home.path()).homeFolderLocation()));
+}
+
+TEST_F(OddFolders, AHomeThatLeadsNowhereIsTold) {
+  const fs::path file = ownHome.path() / "file";
+  std::ofstream(file) << "x";
+  for (const fs::path& home : {ownHome.path() / "none", ownHome.path() / "none" / "deeper", file}) {
+    SCOPED_TRACE(home);
+    useHome(home);
+    for (const Arguments& command :
+         {Arguments{"sites"}, Arguments{"add", "shop", "a.test"}, Arguments{"scan", "shop"}}) {
+      const auto result = run(command);
+      EXPECT_EQ(result.exitCode, 4);
+      EXPECT_EQ(result.output, "");
+      EXPECT_THAT(result.errors, StartsWith("Could not make the data folder " + data().string()));
+    }
+  }
+  EXPECT_THAT(platform::filesBelow(ownHome.path()), testing::ElementsAre("file"));
+  EXPECT_FALSE(fs::exists(ownHome.path() / "none"));
+}
+
+TEST_F(OddFolders, ASiteThatIsDeletedInMidScanStaysDeleted) {
+  const auto pages = manyPages(30);
+  std::atomic<bool> deleted = false;
+  const support::SiteServer server([&](const std::string& target, int) {
+    if (target == "/page11.html" && !deleted.exchange(true)) fs::remove_all(site());
+    const auto found = pages.find(target);
+    return found != pages.end() ? found->second : support::ServedPage{.status = 404};
+  });
+  prepare({"add", "shop", server.url()});
+  const auto result = run({"scan", "shop"});
+  EXPECT_TRUE(deleted);
+  EXPECT_EQ(result.exitCode, 4);
+  for (const char* file : {"sitemap1c.html", "sitemap.xml", "shop.qzVSK"}) {
+    EXPECT_THAT(result.errors, HasSubstr("Missing during the scan: " + (site() / file).string()));
+  }
+  EXPECT_THAT(result.output, testing::Not(HasSubstr("Written to")));
+  EXPECT_TRUE(snapshotOf(data()).empty());
+}
+
+}  // namespace
+}  // namespace faults
