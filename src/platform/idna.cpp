@@ -24,7 +24,10 @@ std::string withAsciiHost(std::string_view url) {
   icu::IDNAInfo info;
   names->nameToASCII_UTF8(icu::StringPiece(host.data(), static_cast<int32_t>(host.size())), sink, info,
                           error);
-  if (U_FAILURE(error) || info.hasErrors()) return std::string(url);
+  // Some characters map to "?" or "/", which would be read as the end of the host.
+  constexpr std::string_view kForbidden = " #%/:<>?@[\\]^|";
+  const bool cutsUrl = ascii.find_first_of(kForbidden) != std::string::npos;
+  if (U_FAILURE(error) || info.hasErrors() || cutsUrl) return std::string(url);
 
   const auto start = static_cast<std::size_t>(host.data() - url.data());
   return std::string(url.substr(0, start)).append(ascii).append(url.substr(start + host.size()));

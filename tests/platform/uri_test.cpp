@@ -184,7 +184,8 @@ TEST(WithAsciiHost, WritesOtherScriptsAsTheNameSystemDoes) {
       {"http://me@STRA\xC3\x9F"
        "E.example",
        "http://me@xn--strae-oqa.example"},
-      {"http://\xE2\x80\x8B/", "http://\xE2\x80\x8B/"},  // nothing is left of a blank without width
+      {"http://\xE2\x80\x8B/", "http://\xE2\x80\x8B/"},    // nothing is left of a blank without width
+      {"http://b\xE2\x81\x88/", "http://b\xE2\x81\x88/"},  // U+2048 means "?!"
       {"http://b\xFF/", "http://b\xFF/"},
       {"relative/\xC3\xBC", "relative/\xC3\xBC"},
   };
