@@ -1,8 +1,8 @@
 # shellcheck shell=bash
 # Configuring and building one preset quietly. To be sourced after common.sh.
 
-# build_preset PRESET: brings build/PRESET up to date. Says one line when there is something to do, and shows the
-# tools' own output only when they fail. Ends the script when they do.
+# build_preset PRESET [TARGET...]: brings build/PRESET up to date, or only these targets of it. Says one line when
+# there is something to do, and shows the tools' own output only when they fail. Ends the script when they do.
 build_preset() {
   local folder=$root/build/$1
   mkdir -p -- "$folder"
@@ -11,7 +11,7 @@ build_preset() {
   (
     flock 9
     configure_preset "$1" "$folder"
-    run_ninja "$folder"
+    run_ninja "$folder" "${@:2}"
   ) 9>"$folder/.lock" || exit 1
 }
 
@@ -29,9 +29,9 @@ configure_preset() {
 
 run_ninja() {
   local folder=$1
-  [[ $(ninja -C "$folder" -n 2>/dev/null | tail -n 1) == "ninja: no work to do." ]] && return
+  [[ $(ninja -C "$folder" -n "${@:2}" 2>/dev/null | tail -n 1) == "ninja: no work to do." ]] && return
   note "Building ${folder#"$root/"} ..."
-  if ! ninja -C "$folder" -j "$(nproc)" >"$folder/build.log" 2>&1; then
+  if ! ninja -C "$folder" -j "$(nproc)" "${@:2}" >"$folder/build.log" 2>&1; then
     # The lines "[12/80] Building ..." only tell how far it came.
     grep -v '^\[[0-9]*/[0-9]*\]' -- "$folder/build.log" | tail -n 100 >&2 || true
     fail "the build failed; all of its output is in $folder/build.log"

@@ -12,23 +12,38 @@ build_packages=(
   libcurl4-openssl-dev
   libicu-dev
   libpcre2-dev
+  libqt6svg6-dev
   libssl-dev # cpp-httplib is built with TLS
   libxml2-dev
   ninja-build
   nlohmann-json3-dev
   pkg-config
+  qt6-base-dev
   util-linux # flock, unshare
 )
 
 # The tests, on top of the build.
 # shellcheck disable=SC2034 # used by ./test
 test_packages=(
+  at-spi2-core # with the next and the last ones: the window as an assistive technology sees it
+  dbus
   libbrotli-dev
   libgmock-dev
   libgtest-dev
   libxml2-utils # xmllint
+  python3-pyatspi
   strace
+  xauth
+  xvfb
   zlib1g-dev
+)
+
+# fuzz/run, on top of the build.
+# shellcheck disable=SC2034 # used by fuzz/run
+fuzz_packages=(
+  clang
+  libclang-rt-14-dev # libFuzzer and the sanitizers
+  llvm # names the functions in a finding's stack trace
 )
 
 # missing_packages PACKAGE...: prints those that are not installed, one a line.

@@ -1,111 +1,19 @@
 // The one-pass reader against the same parser's tree: what it tells of a page has to be what a tree would
 // tell.
-#include <filesystem>
-#include <functional>
-#include <memory>
 #include <random>
 
 #include <gtest/gtest.h>
-#include <libxml/HTMLparser.h>
-#include <libxml/HTMLtree.h>
-#include <libxml/SAX2.h>
-#include <libxml/xpath.h>
 
 #include "crawler/page_contents.h"
-#include "crawler/titles.h"
-#include "platform/files.h"
 #include "platform/text.h"
+#include "support/tree_contents.h"
 
 namespace crawler {
 namespace {
 
-template <auto Free>
-struct Deleter {
-  template <typename T>
-  void operator()(T* object) const {
-    Free(object);
-  }
-};
-using Context = std::unique_ptr<htmlParserCtxt, Deleter<htmlFreeParserCtxt>>;
-using Document = std::unique_ptr<xmlDoc, Deleter<xmlFreeDoc>>;
-using XPathContext = std::unique_ptr<xmlXPathContext, Deleter<xmlXPathFreeContext>>;
-using XPathResult = std::unique_ptr<xmlXPathObject, Deleter<xmlXPathFreeObject>>;
-
-std::string take(xmlChar* text) {
-  const std::string copy = text == nullptr ? std::string() : reinterpret_cast<const char*>(text);
-  xmlFree(text);
-  return copy;
-}
-
-Document parseTree(const std::string& markup) {
-  const Context context(htmlCreateMemoryParserCtxt(markup.data(), static_cast<int>(markup.size())));
-  if (!context) return nullptr;
-  htmlCtxtUseOptions(context.get(), HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING |
-                                        HTML_PARSE_NONET | HTML_PARSE_IGNORE_ENC);
-  context->options |= XML_PARSE_HUGE;
-  context->charset = XML_CHAR_ENCODING_UTF8;
-  context->sax->ignorableWhitespace = xmlSAX2Characters;
-  htmlParseDocument(context.get());
-  return Document(context->myDoc);
-}
-
-std::string attribute(xmlNodePtr node, const char* name) {
-  return take(xmlGetProp(node, reinterpret_cast<const xmlChar*>(name)));
-}
-
-std::string imageMarkup(xmlDocPtr document, xmlNodePtr image) {
-  // An attribute without a value counts as one with an empty value.
-  for (xmlAttrPtr each = image->properties; each != nullptr; each = each->next) {
-    if (each->children == nullptr) {
-      each->children = each->last = xmlNewDocText(document, reinterpret_cast<const xmlChar*>(""));
-    }
-  }
-  xmlFree(const_cast<xmlChar*>(document->encoding));
-  document->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
-  const std::unique_ptr<xmlBuffer, Deleter<xmlBufferFree>> buffer(xmlBufferCreate());
-  htmlNodeDump(buffer.get(), document, image);
-  return reinterpret_cast<const char*>(xmlBufferContent(buffer.get()));
-}
-
-Anchor anchorOf(xmlDocPtr document, xmlNodePtr node) {
-  AnchorElement element;
-  if (xmlHasProp(node, reinterpret_cast<const xmlChar*>("href")) == nullptr) return {};
-  element.href = attribute(node, "href");
-  element.name = attribute(node, "name");
-  element.text = take(xmlNodeGetContent(node));
-  if (const xmlNodePtr child = node->children; child != nullptr) {
-    const bool image = child->type == XML_ELEMENT_NODE && take(xmlStrdup(child->name)) == "img";
-    element.firstChild = image ? FirstChild::image : FirstChild::other;
-    if (image) element.imageMarkup = imageMarkup(document, child);
-  }
-  return {element.href, findLinkTitle(element)};
-}
-
-void forEachNode(xmlDocPtr document, const char* path, const std::function<void(xmlNodePtr)>& visit) {
-  const XPathContext context(xmlXPathNewContext(document));
-  const XPathResult result(xmlXPathEvalExpression(reinterpret_cast<const xmlChar*>(path), context.get()));
-  for (int i = 0; result && result->nodesetval != nullptr && i < result->nodesetval->nodeNr; ++i) {
-    visit(result->nodesetval->nodeTab[i]);
-  }
-}
-
-PageContents contentsOfTree(const std::string& markup) {
-  PageContents contents;
-  std::optional<std::string> title;
-  if (const Document document = parseTree(markup)) {
-    forEachNode(document.get(), "//title", [&](xmlNodePtr node) {
-      if (!title) title = take(xmlNodeGetContent(node));
-    });
-    forEachNode(document.get(), "//a",
-                [&](xmlNodePtr node) { contents.anchors.push_back(anchorOf(document.get(), node)); });
-  }
-  contents.title = findPageHTMLTitleElement(title);
-  return contents;
-}
-
 void expectSameAsTree(const std::string& bytes) {
   const std::string markup = platform::decodePage(bytes, "text/html; charset=utf-8");
-  const PageContents expected = contentsOfTree(markup);
+  const PageContents expected = support::contentsOfTree(markup);
   const PageContents actual = readPageContents(markup);
   EXPECT_EQ(actual.title, expected.title) << markup;
   ASSERT_EQ(actual.anchors.size(), expected.anchors.size()) << markup;
@@ -128,8 +36,8 @@ TEST(OnePassAgainstTree, OddMarkup) {
       "<title>a<b>c</b>d</title><title>e</title>",
       "<title><a href=1>in a title</a></title>",
       "<a href='a' href='b' HREF='c'>twice</a>",
-      "<a href=1><img alt='\"' title='x'></a><a href=2><img alt=\"'\"></a><a href=3><img "
-      "alt=\"'&quot;\"></a>",
+      "<a href=1><img alt='\"' title='x'></a><a href=2><img alt=\"'\"></a>",
+      "<a href=3><img alt=\"'&quot;\"></a>",
       "<a href=1><img src='a b\" alt=\"q' alt=w></a><a href=1><img alt='&lt;&eacute;\xC3\xA9>'></a>",
       "<a href=1><img alt></a><a href=2><img alt=''></a><a href=3><img checked alt=x></a>",
       "<html><body><a href=1>x</body></html><a href=2>after</a>",

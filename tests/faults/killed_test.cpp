@@ -137,7 +137,7 @@ TEST_F(Killed, ARenameIsUsableWhereverItEnds) {
     return platform::readFile(controls().returnFullFileLocation(name)).text;
   };
   int killed = 0;
-  for (const char* calls : {"/^rename", "linkat", "fsync", "write"}) {
+  for (const char* calls : {"renameat2", "/^rename(at)?$", "linkat", "fsync", "write"}) {
     for (int n = 1; n < 10; ++n) {
       SCOPED_TRACE(std::string(calls) + " " + std::to_string(n));
       fs::remove_all(data());

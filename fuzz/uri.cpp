@@ -1,0 +1,116 @@
+// Splitting addresses, judging them, and making them fit for a request.
+#include "platform/uri.h"
+
+#include <algorithm>
+#include <string>
+
+#include "fuzz_target.h"
+#include "platform/idna.h"
+
+namespace {
+
+using fuzz::require;
+
+std::string recomposed(const platform::UriParts& parts) {
+  std::string text;
+  if (parts.scheme) text.append(*parts.scheme).append(":");
+  if (parts.authority) text.append("//").append(*parts.authority);
+  text.append(parts.path);
+  if (parts.query) text.append("?").append(*parts.query);
+  if (parts.fragment) text.append("#").append(*parts.fragment);
+  return text;
+}
+
+int hexValue(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+}
+
+/// Percent-encoded bytes as themselves; a "%" that begins none stays.
+std::string decoded(std::string_view text) {
+  std::string result;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool hasTwo = text[i] == '%' && text.size() - i >= 3;
+    const int high = hasTwo ? hexValue(text[i + 1]) : -1;
+    const int low = hasTwo ? hexValue(text[i + 2]) : -1;
+    const bool isTriplet = high >= 0 && low >= 0;
+    result += isTriplet ? static_cast<char>(high * 16 + low) : text[i];
+    if (isTriplet) i += 2;
+  }
+  return result;
+}
+
+void checkSplit(std::string_view text) {
+  const platform::UriParts parts = platform::splitUri(text);
+  require(recomposed(parts) == text, "the parts make up the text");
+  require(!parts.scheme ||
+              (!parts.scheme->empty() && parts.scheme->find_first_of(":/?#") == std::string_view::npos),
+          "a scheme is short");
+  require(!parts.authority || parts.authority->find_first_of("/?#") == std::string_view::npos,
+          "an authority ends before the path");
+  require(parts.path.find_first_of("?#") == std::string_view::npos, "a path ends before query and fragment");
+  require(parts.query.value_or("").find('#') == std::string_view::npos, "a query ends before the fragment");
+  require(parts.authority.value_or("").find(parts.host()) != std::string_view::npos,
+          "a host is in its authority");
+}
+
+/// Whether `address` holds nothing that a request may not: brackets belong to the authority, and a "%" has
+/// two hex digits behind it.
+bool isFitForRequest(std::string_view address) {
+  constexpr std::string_view kLegal =
+      "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~:/?@!$&'()*+,;=";
+  const std::string_view authority = platform::splitUri(address).authority.value_or("");
+  std::ptrdiff_t brackets = 0;
+  for (std::size_t i = 0; i < address.size(); ++i) {
+    if (address[i] == '[' || address[i] == ']') {
+      ++brackets;
+    } else if (address[i] == '%') {
+      if (address.size() - i < 3 || hexValue(address[i + 1]) < 0 || hexValue(address[i + 2]) < 0)
+        return false;
+    } else if (kLegal.find(address[i]) == std::string_view::npos) {
+      return false;
+    }
+  }
+  return brackets ==
+         std::count_if(authority.begin(), authority.end(), [](char c) { return c == '[' || c == ']'; });
+}
+
+void checkRequest(std::string_view text) {
+  const std::string_view sent = text.substr(0, text.find('#'));
+  const std::string address = platform::requestAddress(text);
+  require(isFitForRequest(address), "a request has no illegal byte");
+  require(platform::requestAddress(address) == address, "what was made fit once is fit");
+  require(decoded(address) == decoded(sent), "a request means what the text does");
+  const platform::UriParts before = platform::splitUri(sent);
+  const platform::UriParts after = platform::splitUri(address);
+  require(before.scheme.has_value() == after.scheme.has_value() &&
+              before.authority.has_value() == after.authority.has_value() &&
+              before.query.has_value() == after.query.has_value(),
+          "a request has the parts of the text");
+  if (platform::isUriReference(text)) require(address == sent, "a well-formed address is sent as it is");
+}
+
+void checkHost(std::string_view text) {
+  const std::string url = platform::withAsciiHost(text);
+  require(platform::withAsciiHost(url) == url, "a host is rewritten once");
+  if (url == text) return;
+  const platform::UriParts before = platform::splitUri(text);
+  const platform::UriParts after = platform::splitUri(url);
+  require(before.scheme == after.scheme && before.path == after.path && before.query == after.query &&
+              before.fragment == after.fragment,
+          "rewriting the host leaves all else alone");
+  require(std::all_of(after.host().begin(), after.host().end(),
+                      [](char c) { return static_cast<unsigned char>(c) < 0x80; }),
+          "a rewritten host is ASCII");
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view text = fuzz::textOf(data, size);
+  checkSplit(text);
+  checkRequest(text);
+  checkHost(text);
+  return 0;
+}

@@ -1,0 +1,101 @@
+#include "crawler/pending_scan.h"
+
+#include <atomic>
+#include <thread>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace crawler {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr std::size_t kManyLinks = 1000;
+
+ScanEvent event(ScanEvent::Kind kind) {
+  return {.kind = kind};
+}
+
+TEST(PendingScan, KeepsTheNewestLinksOnly) {
+  PendingScan pending(3);
+  for (const char* link : {"a", "b", "c", "d", "e"}) static_cast<void>(pending.addLink(link));
+  EXPECT_THAT(pending.takeAll().links, ElementsAre("c", "d", "e"));
+  static_cast<void>(pending.addLink("f"));
+  EXPECT_THAT(pending.takeAll().links, ElementsAre("f"));
+}
+
+TEST(PendingScan, KeepsEveryEventInOrder) {
+  PendingScan pending(1);
+  using Kind = ScanEvent::Kind;
+  static_cast<void>(pending.add(event(Kind::started)));
+  static_cast<void>(pending.addLink("a"));
+  static_cast<void>(pending.add(event(Kind::connected)));
+  static_cast<void>(pending.addLink("b"));
+  static_cast<void>(pending.add({.kind = Kind::unreachable, .text = "why"}));
+
+  const ScanNews news = pending.takeAll();
+  ASSERT_EQ(news.events.size(), 3u);
+  EXPECT_EQ(news.events[0].kind, Kind::started);
+  EXPECT_EQ(news.events[1].kind, Kind::connected);
+  EXPECT_EQ(news.events[2].text, "why");
+  EXPECT_TRUE(pending.takeAll().events.empty());
+}
+
+TEST(PendingScan, TellsOnceForEachLook) {
+  PendingScan pending(kManyLinks);
+  EXPECT_TRUE(pending.addLink("a"));
+  EXPECT_FALSE(pending.setProgress({}));
+  EXPECT_FALSE(pending.setUrl("b"));
+  EXPECT_FALSE(pending.add(event(ScanEvent::Kind::closing)));
+  pending.takeAll();
+  EXPECT_TRUE(pending.setProgress({}));
+  EXPECT_FALSE(pending.addLink("c"));
+}
+
+TEST(PendingScan, RemembersWhereTheScanStands) {
+  PendingScan pending(kManyLinks);
+  static_cast<void>(pending.setProgress({.pagesFound = 4, .pagesScanned = 2}));
+  static_cast<void>(pending.setProgress({.pagesFound = 5, .pagesScanned = 3}));
+  static_cast<void>(pending.setUrl("http://site.test/3"));
+  EXPECT_EQ(pending.takeAll().progress.pagesScanned, 3);
+  // A look without news in between sees no jump back to nothing.
+  const ScanNews later = pending.takeAll();
+  EXPECT_EQ(later.progress.pagesFound, 5);
+  EXPECT_EQ(later.url, "http://site.test/3");
+}
+
+TEST(PendingScan, LosesNothingBetweenTwoThreads) {
+  constexpr std::size_t kLinks = 50'000;
+  PendingScan pending(kLinks);
+  std::atomic<int> told = 0;
+  std::atomic<bool> done = false;
+  std::jthread scan([&] {
+    for (std::size_t i = 0; i < kLinks; ++i) {
+      if (pending.addLink(std::to_string(i))) ++told;
+    }
+    if (pending.add(event(ScanEvent::Kind::finished))) ++told;
+    done = true;
+  });
+
+  std::deque<std::string> links;
+  std::size_t events = 0;
+  int looksWithNews = 0;
+  const auto look = [&] {
+    ScanNews news = pending.takeAll();
+    if (!news.links.empty() || !news.events.empty()) ++looksWithNews;
+    links.insert(links.end(), news.links.begin(), news.links.end());
+    events += news.events.size();
+  };
+  while (!done) look();
+  look();
+
+  ASSERT_EQ(links.size(), kLinks);
+  for (std::size_t i = 0; i < kLinks; ++i) ASSERT_EQ(links[i], std::to_string(i));
+  EXPECT_EQ(events, 1u);
+  // Each look that found something was announced, once.
+  EXPECT_EQ(told, looksWithNews);
+}
+
+}  // namespace
+}  // namespace crawler
