@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # `./run demo [--keep]`: scans the example website and shows what came of it. To be sourced after common.sh,
-# with the program's path in $cli.
+# with the programs' paths in $cli and $window.
 #
 # Nothing of the user's is touched: the data folder lies in a throw-away home folder.
 
@@ -27,10 +27,14 @@ demo() {
   step veskel-cli scan Example || status=$?
   # 1: finished, and found broken pages. The example has some on purpose.
   ((status <= 1)) || exit "$status"
-  exec {SERVER[1]}>&-
   step veskel-cli show Example
 
   show_files "$(demo_cli where Example)"
+  if [[ -n ${DISPLAY-}${WAYLAND_DISPLAY-} ]]; then
+    heading "The desktop application opens on it; close its window to end the demo."
+    HOME=$demo_home "$window" || note "The window could not be opened."
+  fi
+  exec {SERVER[1]}>&-
   if [[ $keep == yes ]]; then
     heading "Kept in $demo_home (remove it when you are done)"
     echo "Look at it again with: HOME=$(printf %q "$demo_home") ./run show Example"

@@ -76,7 +76,6 @@ std::optional<BrokenReasons> BrokenReasons::fromEnvironment() {
 }
 
 FileResult BrokenReasons::save(std::string_view siteName, const std::vector<BrokenPage>& pages) const {
-  if (pages.empty()) return remove(siteName);
   std::string text;
   for (const BrokenPage& page : pages) {
     text.append(escaped(page.url)).append("\t").append(escaped(page.reason)).append("\n");
@@ -84,6 +83,13 @@ FileResult BrokenReasons::save(std::string_view siteName, const std::vector<Brok
   const auto target = file(siteName);
   if (auto made = makeFolders(target.parent_path()); !made.ok()) return made;
   return platform::replaceFile(target, text);
+}
+
+std::optional<std::filesystem::file_time_type> BrokenReasons::savedAt(std::string_view siteName) const {
+  std::error_code error;
+  const auto time = std::filesystem::last_write_time(file(siteName), error);
+  if (error) return {};
+  return time;
 }
 
 std::vector<BrokenPage> BrokenReasons::lookUp(std::string_view siteName,

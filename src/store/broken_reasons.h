@@ -29,7 +29,14 @@ class BrokenReasons {
   static std::optional<BrokenReasons> fromEnvironment();
 
   /// Replaces what was kept of the site.
+  /// The folder for all that the program remembers and that is no data of a site: state folder / "veskel".
+  std::filesystem::path stateFolder() const { return m_folder / "veskel"; }
+
+  /// Remembers the broken pages of a scan that has just ended, also when there are none.
   platform::FileResult save(std::string_view siteName, const std::vector<BrokenPage>& pages) const;
+
+  /// When save() was last called for the site, which is when it was last scanned; nothing when never.
+  std::optional<std::filesystem::file_time_type> savedAt(std::string_view siteName) const;
 
   /// `urls` with the reasons known for them. A file that is missing or cannot be read knows none.
   std::vector<BrokenPage> lookUp(std::string_view siteName, const std::vector<std::string>& urls) const;

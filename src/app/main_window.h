@@ -1,0 +1,63 @@
+// The main window: its controls from the interface file, and the controllers that make them work.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "crawler/filter_controller.h"
+#include "crawler/scan_controller.h"
+#include "platform/sheet_queue.h"
+#include "store/add_edit_delete_sites_controller.h"
+#include "store/broken_reasons.h"
+#include "store/global_controls.h"
+#include "store/shared_state.h"
+#include "ui/main_view_control.h"
+#include "ui/scan_view_controller.h"
+
+namespace Ui {
+class MainWindow;
+}
+
+namespace app {
+
+/// Closing it ends the program.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// All are borrowed and outlive the window. `stateFile` is where its size and place are remembered.
+  MainWindow(const store::GlobalControls& controls, const store::BrokenReasons& reasons, QString stateFile);
+  ~MainWindow() override;
+
+  store::SharedState& state() { return m_state; }
+  ui::MainViewControl& views() { return *m_views; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void makeControllers();
+  void connectMenus();
+  void applyIcons();
+  void restorePlace();
+  void rememberPlace() const;
+  void triggerOnFocus(const char* slot);
+  void showGuide();
+  void showAbout();
+
+  const store::GlobalControls& m_controls;
+  const store::BrokenReasons& m_reasons;
+  QString m_stateFile;
+  store::SharedState m_state;
+  std::unique_ptr<Ui::MainWindow> m_ui;
+
+  std::unique_ptr<platform::SheetQueue> m_sheets;
+  std::unique_ptr<store::AddEditDeleteSitesController> m_siteEditor;
+  std::unique_ptr<crawler::FilterController> m_filters;
+  std::unique_ptr<crawler::ScanController> m_scan;
+  std::unique_ptr<ui::ScanViewController> m_scanView;
+  std::unique_ptr<ui::MainViewControl> m_views;
+};
+
+}  // namespace app

@@ -1,0 +1,91 @@
+#include "crawler/filter_controller.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+#include "store/filters_file.h"
+
+namespace crawler {
+
+using platform::control;
+using platform::toQString;
+
+FilterController::FilterController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+                                   const store::GlobalControls& controls, store::SharedState& state)
+    : m_mainWindow(mainWindow),
+      m_sheets(sheets),
+      m_controls(controls),
+      m_state(state),
+      m_filterTable(control<QTableView>(mainWindow, "filterTable")),
+      m_newFilterInput(control<QLineEdit>(mainWindow, "newFilterInput")) {
+  m_filterTable.setModel(&m_model);
+  m_filterTable.horizontalHeader()->hide();
+  m_filterTable.horizontalHeader()->setStretchLastSection(true);
+  m_filterTable.verticalHeader()->hide();
+  auto* remove = new QAction(tr("Delete Filter"), &m_filterTable);
+  remove->setShortcut(QKeySequence::Delete);
+  remove->setShortcutContext(Qt::WidgetShortcut);
+  m_filterTable.addAction(remove);
+  connect(remove, &QAction::triggered, this, &FilterController::deleteFilter);
+  connect(&control<QPushButton>(mainWindow, "addFilterButton"), &QPushButton::clicked, this,
+          &FilterController::addFilterCommand);
+  connect(&control<QPushButton>(mainWindow, "delFilterButton"), &QPushButton::clicked, this,
+          &FilterController::deleteFilter);
+  connect(&m_newFilterInput, &QLineEdit::returnPressed, this, &FilterController::addFilterCommand);
+}
+
+void FilterController::loadFilterFile() {
+  const std::string site = siteName();
+  store::Filters filters;
+  if (!site.empty()) filters = store::loadFilterFile(m_controls, site);
+  m_state.qzvskFiltersArray = std::move(filters.entries);
+  reloadFilterTable();
+}
+
+void FilterController::reloadFilterTable() {
+  QStringList rows;
+  for (const std::string& filter : m_state.qzvskFiltersArray) rows.append(toQString(filter));
+  m_model.setStringList(rows);
+}
+
+void FilterController::addFilterCommand() {
+  const std::string text = platform::toUtf8(m_newFilterInput.text());
+  if (text.empty()) {
+    m_sheets.alert(tr("Cannot Add Filter"), tr("There is nothing to add!"));
+  } else {
+    const platform::FileResult added = store::addFilter(m_controls, siteName(), text);
+    // What was typed stays in the field when it could not be saved.
+    if (!added.ok()) return tellFailure(tr("The filter could not be saved."), added);
+    m_newFilterInput.clear();
+  }
+  loadFilterFile();
+}
+
+void FilterController::deleteFilter() {
+  std::vector<std::string> remaining;
+  const QItemSelectionModel* selection = m_filterTable.selectionModel();
+  for (int row = 0; row < m_model.rowCount(); ++row) {
+    if (!selection->isRowSelected(row, {})) {
+      remaining.push_back(m_state.qzvskFiltersArray[static_cast<std::size_t>(row)]);
+    }
+  }
+  const platform::FileResult saved = store::saveFilters(m_controls, siteName(), remaining);
+  if (!saved.ok()) tellFailure(tr("The filters could not be saved."), saved);
+  loadFilterFile();
+}
+
+void FilterController::tellFailure(const QString& what, const platform::FileResult& result) {
+  m_sheets.alert(what, toQString(result.error));
+}
+
+std::string FilterController::siteName() const {
+  return platform::toUtf8(control<QLabel>(m_mainWindow, "siteName").text());
+}
+
+}  // namespace crawler

@@ -1,0 +1,86 @@
+// The scan in the window: its button, its sheets, its counts.
+#pragma once
+
+#include <QMainWindow>
+#include <QObject>
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "crawler/coalescing_view.h"
+#include "crawler/link_list_model.h"
+#include "crawler/scan_sheets.h"
+#include "platform/sheet_queue.h"
+#include "store/broken_reasons.h"
+#include "store/global_controls.h"
+#include "store/shared_state.h"
+
+namespace crawler {
+
+class SiteScanner;
+
+/// Runs one scan at a time, of the site that the main window shows. UI thread; the scan has its own.
+class ScanController : public QObject {
+  Q_OBJECT
+
+ public:
+  /// All are borrowed and outlive the controller.
+  ScanController(QMainWindow& mainWindow, platform::SheetQueue& sheets, const store::GlobalControls& controls,
+                 store::SharedState& state, const store::BrokenReasons& reasons);
+  /// Stops a running scan and waits for its end.
+  ~ScanController() override;
+
+  void scanSiteAction();
+  void cancelScan();
+  void setIgnoreRobots(bool ignore) { m_ignoreRobots = ignore; }
+
+  /// Empties the list of links and takes the notice away: both belong to the site scanned last.
+  void forgetLastScan();
+
+  bool isScanning() const { return m_scan != nullptr; }
+
+  /// Asks whether a running scan may be stopped, and calls `quit` once it has ended. A second call while the
+  /// question is up does nothing.
+  void askToStop(std::function<void()> quit);
+
+ signals:
+  /// A scan of this site has ended.
+  void scanned(const QString& siteName);
+  void report(const QString& sentence);
+
+ private:
+  struct Scan;
+
+  std::array<QDialog*, 3> scanSheets();
+  void onNews(const ScanNews& news);
+  void onEvent(const ScanEvent& event);
+  void onLooping();
+  void onDetails(const ScanEvent& event);
+  void onFinished(const ScanEvent& event);
+  void tellProblems(const ScanResult& result);
+  void showNotice(const QString& text);
+  void lockControls(bool locked);
+  void reopenFilterDrawer();
+
+  QMainWindow& m_mainWindow;
+  platform::SheetQueue& m_sheets;
+  const store::GlobalControls& m_controls;
+  store::SharedState& m_state;
+  const store::BrokenReasons& m_reasons;
+
+  WaitingSheet m_establishConnectionSheet;
+  ProgressSheet m_scanCustomAlertPanel;
+  WaitingSheet m_endAlertPanel;
+  platform::SheetQueue m_questions;  // above whatever sheet the scan shows
+  LinkListModel m_links;
+  CoalescingView m_view;
+  bool m_ignoreRobots = false;
+  bool m_reopenFilterDrawer = false;
+  bool m_asksToStop = false;
+  std::function<void()> m_whenEnded;
+
+  std::unique_ptr<Scan> m_scan;  // last: its thread uses the view
+};
+
+}  // namespace crawler

@@ -1,0 +1,61 @@
+// The three sheets of a scan: connecting, in progress, closing.
+#pragma once
+
+#include <QDialog>
+
+#include "crawler/pending_scan.h"
+
+class QGridLayout;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace crawler {
+
+/// A sentence, a bar that only tells that something goes on, and where it makes sense a button to give up.
+class WaitingSheet : public QDialog {
+  Q_OBJECT
+
+ public:
+  enum class GiveUp { offered, impossible };
+
+  WaitingSheet(QWidget* parent, const char* name, const char* barName, GiveUp giveUp);
+
+  void setText(const QString& text);
+  void reject() override;  // Escape and the close button give up, if that is offered
+
+ signals:
+  void givenUp();
+
+ private:
+  QLabel* m_text;
+  GiveUp m_giveUp;
+};
+
+/// How far the scan is.
+class ProgressSheet : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit ProgressSheet(QWidget* parent);
+
+  void showProgress(const ScanProgress& progress, const QString& url);
+  void reset();
+  void reject() override;
+
+ signals:
+  void cancelled();
+
+ private:
+  QLabel* addCounter(const QString& caption, const char* name, QGridLayout* grid, int column);
+
+  QLabel* m_url;
+  QProgressBar* m_bar;
+  QLabel* m_pagesLeft;
+  QLabel* m_pagesScanned;
+  QLabel* m_brokenLinks;
+  QLabel* m_linksFound;
+  QPushButton* m_cancel;
+};
+
+}  // namespace crawler

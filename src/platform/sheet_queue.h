@@ -1,0 +1,52 @@
+// Sheets: dialogs that belong to a window and hold it back until they are answered, one at a time.
+#pragma once
+
+#include <QDialog>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+namespace platform {
+
+/// The sheets of one window. A sheet asked for while another is up follows half a second after that one has
+/// closed, so that the user sees one go before the next comes. Nothing here blocks. UI thread only.
+class SheetQueue : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit SheetQueue(QWidget& window);
+
+  /// Puts a sheet up that its caller owns, at once unless another is up. When it closes, by whatever means,
+  /// the next one follows.
+  void show(QDialog& sheet);
+
+  /// Takes a sheet down, or out of the queue if it was not up yet.
+  void close(QDialog& sheet);
+
+  /// A message with the button "OK".
+  void alert(const QString& title, const QString& message = {});
+
+  /// A question. `answered` is called once: with true for the default button, with false for the other one or
+  /// when the sheet is dismissed. The default button is on offer to the Return key, the other to Escape.
+  void ask(const QString& title, const QString& message, const QString& defaultButton,
+           const QString& otherButton, std::function<void(bool)> answered);
+
+  /// Whether a sheet is up or about to come up.
+  bool busy() const { return m_current != nullptr || !m_waiting.empty(); }
+
+ private:
+  void showAfterOthers(QDialog& sheet);
+  void open(QDialog& sheet);
+  void closed();
+  void openNext();
+
+  QWidget& m_window;
+  QPointer<QDialog> m_current;
+  std::deque<QPointer<QDialog>> m_waiting;
+  QTimer m_followUp;
+};
+
+}  // namespace platform

@@ -1,0 +1,218 @@
+#include "store/add_edit_delete_sites_controller.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+#include "store/site_input.h"
+#include "store/site_record.h"
+
+namespace store {
+
+namespace {
+
+using platform::control;
+using platform::toQString;
+using platform::toUtf8;
+
+constexpr int kFieldWidth = 360;
+
+QString busySentence(std::string_view name) {
+  return QObject::tr("The site \"%1\" is being scanned.").arg(toQString(name));
+}
+
+}  // namespace
+
+AddEditDeleteSitesController::AddEditDeleteSitesController(QMainWindow& mainWindow,
+                                                           platform::SheetQueue& sheets,
+                                                           const GlobalControls& controls,
+                                                           const BrokenReasons& reasons)
+    : m_mainWindow(mainWindow),
+      m_sheets(sheets),
+      m_controls(controls),
+      m_reasons(reasons),
+      m_sites(controls),
+      m_aedWindow(&mainWindow),
+      m_sheetsOfSheet(m_aedWindow) {
+  buildSheet();
+}
+
+AddEditDeleteSitesController::~AddEditDeleteSitesController() = default;
+
+void AddEditDeleteSitesController::buildSheet() {
+  m_aedWindow.setObjectName(QStringLiteral("aedWindow"));
+  m_siteName = new QLineEdit;
+  m_siteName->setObjectName(QStringLiteral("aedSiteName"));
+  m_siteName->setAccessibleName(tr("Site name"));
+  m_siteURL = new QLineEdit;
+  m_siteURL->setObjectName(QStringLiteral("aedSiteURL"));
+  m_siteURL->setAccessibleName(tr("Site URL"));
+  m_siteURL->setPlaceholderText(QStringLiteral("http://www.example.com/"));
+  m_siteURL->setMinimumWidth(kFieldWidth);
+  m_defaultButton = new QPushButton;
+  m_defaultButton->setObjectName(QStringLiteral("defaultButton"));
+  m_defaultButton->setDefault(true);
+  m_alternateButton = new QPushButton;
+  m_alternateButton->setObjectName(QStringLiteral("alternateButton"));
+  m_alternateButton->setAutoDefault(false);
+
+  auto* fields = new QFormLayout;
+  fields->addRow(tr("Site &name"), m_siteName);
+  fields->addRow(tr("Site &URL"), m_siteURL);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(m_alternateButton);
+  buttons->addWidget(m_defaultButton);
+  auto* layout = new QVBoxLayout(&m_aedWindow);
+  layout->addLayout(fields);
+  layout->addStretch();
+  layout->addLayout(buttons);
+
+  connect(m_defaultButton, &QPushButton::clicked, this, &AddEditDeleteSitesController::defaultAction);
+  connect(m_alternateButton, &QPushButton::clicked, this, &AddEditDeleteSitesController::alternateAction);
+  // Escape and the window's own close button mean Cancel too.
+  connect(&m_aedWindow, &QDialog::rejected, this, [this] {
+    if (!m_calledBy.empty()) resetAndClose();
+  });
+}
+
+void AddEditDeleteSitesController::addNewSite() {
+  m_calledBy = "addNewSite";
+  showSheet(tr("Add New Site"), tr("Add Site"));
+}
+
+void AddEditDeleteSitesController::editSite() {
+  m_calledBy = "editSite";
+  editSiteStart();
+}
+
+void AddEditDeleteSitesController::editSiteStart() {
+  const std::filesystem::path file = m_controls.returnFullFileLocation(selectedSite());
+  const platform::FileContent record = platform::readFile(file);
+  if (!record.result.ok()) {
+    m_calledBy.clear();
+    return tellFailure(m_sheets, tr("Could not read"), file, record.result);
+  }
+  m_originalName = recordValue(record.text, kSiteName).value_or("");
+  m_originalURL = recordValue(record.text, kSiteUrl).value_or("");
+  m_siteName->setText(toQString(m_originalName));
+  m_siteURL->setText(toQString(m_originalURL));
+  showSheet(tr("Edit Site"), tr("Save Changes"));
+}
+
+void AddEditDeleteSitesController::showSheet(const QString& title, const QString& defaultTitle) {
+  m_aedWindow.setWindowTitle(title);
+  m_defaultButton->setText(defaultTitle);
+  m_alternateButton->setText(tr("Cancel"));
+  m_siteName->setFocus();
+  m_sheets.show(m_aedWindow);
+}
+
+void AddEditDeleteSitesController::defaultAction() {
+  checkInputIsOK();
+}
+
+void AddEditDeleteSitesController::alternateAction() {
+  resetAndClose();
+}
+
+void AddEditDeleteSitesController::checkInputIsOK() {
+  const SiteInput input = checkSiteInput(toUtf8(m_siteName->text()), toUtf8(m_siteURL->text()));
+  if (!input.error.empty()) {
+    m_sheetsOfSheet.alert(tr("The following error has occurred while saving your site."),
+                          toQString(input.error));
+    return;
+  }
+  const std::string calledBy = m_calledBy;
+  if (calledBy == "addNewSite") createNewSite(input.name, input.url);
+  if (calledBy == "editSite") saveEditedSite(input.name, input.url);
+}
+
+void AddEditDeleteSitesController::createNewSite(const std::string& passedSiteName,
+                                                 const std::string& passedSiteURL) {
+  const SaveResult result = m_sites.createNewSite(passedSiteName, passedSiteURL);
+  if (result.outcome == SaveOutcome::nameTaken) return m_sheetsOfSheet.alert(toQString(kCreateNameTaken));
+  if (result.outcome == SaveOutcome::failed) {
+    return tellFailure(m_sheetsOfSheet, tr("Could not write"), result.path, result.file);
+  }
+  emit report(tr("Added \"%1\"").arg(toQString(passedSiteName)));
+  resetAndClose();
+}
+
+void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
+                                                  const std::string& passedURL) {
+  SaveResult result;
+  {
+    const platform::FolderLock lock(m_controls.siteFolder(m_originalName));
+    if (lock.result().status == platform::FileStatus::busy) {
+      return m_sheetsOfSheet.alert(busySentence(m_originalName));
+    }
+    result = m_sites.saveEditedSite(m_originalName, passedName, passedURL);
+  }
+  if (result.outcome == SaveOutcome::failed) {
+    return tellFailure(m_sheetsOfSheet, tr("Could not save"), result.path, result.file);
+  }
+  if (result.outcome == SaveOutcome::nameTaken) {
+    m_sheets.alert(toQString(renameNameTaken(passedName)));
+  } else {
+    // The reasons follow as far as they can: without them the list of broken pages still stands.
+    if (passedName != m_originalName) static_cast<void>(m_reasons.rename(m_originalName, passedName));
+    emit report(tr("Saved \"%1\"").arg(toQString(passedName)));
+  }
+  resetAndClose();
+}
+
+void AddEditDeleteSitesController::deleteSite() {
+  const std::string name = selectedSite();
+  m_sheets.ask(tr("Do you really want to delete the site:\n%1").arg(toQString(name)), {}, tr("Delete"),
+               tr("Cancel"), [this, name](bool deleteIt) { sheetDidEndShouldDelete(deleteIt, name); });
+}
+
+void AddEditDeleteSitesController::sheetDidEndShouldDelete(bool deleteIt, const std::string& name) {
+  if (!deleteIt) return;
+  platform::FileResult removed;
+  {
+    const platform::FolderLock lock(m_controls.siteFolder(name));
+    if (lock.result().status == platform::FileStatus::busy) return m_sheets.alert(busySentence(name));
+    removed = m_sites.deleteSite(name);
+  }
+  if (removed.ok()) {
+    static_cast<void>(m_reasons.remove(name));
+    emit report(tr("Deleted \"%1\"").arg(toQString(name)));
+  } else {
+    tellFailure(m_sheets, tr("Could not delete"), m_controls.siteFolder(name), removed);
+  }
+  control<QTableView>(m_mainWindow, "siteListTable").clearSelection();
+  emit sitesChanged();
+}
+
+void AddEditDeleteSitesController::resetAndClose() {
+  m_calledBy.clear();
+  for (const char* field : {"siteName", "siteURL", "totalLinksFound", "pagesFound", "brokenLinks"}) {
+    control<QLabel>(m_mainWindow, field).clear();
+  }
+  m_siteName->clear();
+  m_siteURL->clear();
+  m_sheets.close(m_aedWindow);
+  m_siteName->setFocus();  // the next sheet starts with the name
+  control<QTableView>(m_mainWindow, "siteListTable").clearSelection();
+  emit sitesChanged();
+}
+
+void AddEditDeleteSitesController::tellFailure(platform::SheetQueue& sheets, const QString& what,
+                                               const std::filesystem::path& path,
+                                               const platform::FileResult& result) {
+  sheets.alert(QStringLiteral("%1 %2").arg(what, toQString(path.native())), toQString(result.error));
+}
+
+std::string AddEditDeleteSitesController::selectedSite() const {
+  return toUtf8(control<QLabel>(m_mainWindow, "siteName").text());
+}
+
+}  // namespace store

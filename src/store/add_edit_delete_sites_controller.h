@@ -1,0 +1,76 @@
+// The sheet in which a site is added or edited, and the question before one is deleted.
+#pragma once
+
+#include <QDialog>
+#include <QMainWindow>
+#include <QObject>
+#include <QString>
+#include <string>
+
+#include "platform/sheet_queue.h"
+#include "store/add_edit_delete_sites.h"
+#include "store/broken_reasons.h"
+#include "store/global_controls.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+
+namespace store {
+
+/// One sheet serves both commands. The site to edit or delete is the one whose name the main window shows. UI
+/// thread.
+class AddEditDeleteSitesController : public QObject {
+  Q_OBJECT
+
+ public:
+  /// All are borrowed and outlive the controller.
+  AddEditDeleteSitesController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+                               const GlobalControls& controls, const BrokenReasons& reasons);
+  ~AddEditDeleteSitesController() override;
+
+  void addNewSite();
+  void editSite();
+  void deleteSite();
+
+ signals:
+  /// The list of sites has to be read anew; no site is selected any more.
+  void sitesChanged();
+  /// Something worth a line at the foot of the window.
+  void report(const QString& sentence);
+
+ private:
+  void buildSheet();
+  void showSheet(const QString& title, const QString& defaultTitle);
+  void editSiteStart();
+  void defaultAction();
+  void alternateAction();
+  void checkInputIsOK();
+  void createNewSite(const std::string& passedSiteName, const std::string& passedSiteURL);
+  void saveEditedSite(const std::string& passedName, const std::string& passedURL);
+  void sheetDidEndShouldDelete(bool deleteIt, const std::string& name);
+  void resetAndClose();
+  void tellFailure(platform::SheetQueue& sheets, const QString& what, const std::filesystem::path& path,
+                   const platform::FileResult& result);
+  std::string selectedSite() const;
+
+  QMainWindow& m_mainWindow;
+  platform::SheetQueue& m_sheets;
+  const GlobalControls& m_controls;
+  const BrokenReasons& m_reasons;
+  AddEditDeleteSites m_sites;
+
+  QDialog m_aedWindow;
+  platform::SheetQueue m_sheetsOfSheet;
+  QLineEdit* m_siteName = nullptr;
+  QLineEdit* m_siteURL = nullptr;
+  QPushButton* m_defaultButton = nullptr;
+  QPushButton* m_alternateButton = nullptr;
+
+  std::string m_calledBy;  // "addNewSite" or "editSite"
+  std::string m_originalName;
+  std::string m_originalURL;
+};
+
+}  // namespace store

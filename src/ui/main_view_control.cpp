@@ -1,0 +1,245 @@
+#include "ui/main_view_control.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QDockWidget>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QSysInfo>
+#include <QTableView>
+#include <QUrl>
+#include <array>
+
+#include "platform/files.h"
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+
+namespace ui {
+
+using platform::control;
+using platform::toQString;
+using platform::toUtf8;
+
+namespace {
+
+constexpr std::array<const char*, 7> kViews = {"scanWindowView", "htmlWindowView",   "htmlEditorWindowView",
+                                               "xmlWindowView",  "exportWindowView", "uploadWindowView",
+                                               "blWindowView"};
+constexpr std::array<const char*, 7> kViewActions = {"scanTBI",   "htmlTBI",   "htmlEditTBI", "xmlTBI",
+                                                     "exportTBI", "uploadTBI", "brokenMI"};
+const QString kNoSites = QStringLiteral("No Sites Have Been Scanned");
+
+}  // namespace
+
+MainViewControl::MainViewControl(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+                                 const store::GlobalControls& controls, store::SharedState& state)
+    : m_mainWindow(mainWindow),
+      m_sheets(sheets),
+      m_controls(controls),
+      m_state(state),
+      m_versionString(QSysInfo::productVersion()) {
+  connectActions();
+  connectBrokenLinks();
+  populateSitePicker();
+  control<QStackedWidget>(mainWindow, "mainViewArea").setCurrentWidget(mainViewsList(scanView));
+  changeCurrentView(scanView);
+  markCurrentView();
+}
+
+void MainViewControl::connectActions() {
+  const auto onAction = [this](const char* name, void (MainViewControl::*slot)()) {
+    connect(&control<QAction>(m_mainWindow, name), &QAction::triggered, this, slot);
+  };
+  onAction("scanTBI", &MainViewControl::scanTBIAction);
+  onAction("htmlTBI", &MainViewControl::htmlTBIAction);
+  onAction("htmlEditTBI", &MainViewControl::htmlEditTBIAction);
+  onAction("xmlTBI", &MainViewControl::xmlTBIAction);
+  onAction("exportTBI", &MainViewControl::exportTBIAction);
+  onAction("uploadTBI", &MainViewControl::uploadTBIAction);
+  onAction("brokenMI", &MainViewControl::showBrokenLinks);
+  connect(&control<QAction>(m_mainWindow, "reportProblemMI"), &QAction::triggered, this,
+          &MainViewControl::reportProblem);
+  const auto onClick = [this](const char* name, auto slot) {
+    connect(&control<QPushButton>(m_mainWindow, name), &QPushButton::clicked, this, slot);
+  };
+  onClick("brokenLinksButton", [this] { showBrokenLinks(); });
+  onClick("backToScanButton", [this] { scanTBIAction(); });
+  onClick("htmlExportButton", [this] { openInBrowser("sitemap3c.html"); });
+  onClick("xmlExportButton", [this] { openInBrowser("sitemap.xml"); });
+  onClick("copySitemapLine", [this] {
+    QGuiApplication::clipboard()->setText(control<QLineEdit>(m_mainWindow, "sitemapLine").text());
+  });
+  for (const char* button : {"htmlWindowViewFolder", "htmlEditorWindowViewFolder", "xmlWindowViewFolder"}) {
+    onClick(button, [this] { control<QAction>(m_mainWindow, "openFolderMI").trigger(); });
+  }
+}
+
+void MainViewControl::connectBrokenLinks() {
+  auto& table = control<QTableView>(m_mainWindow, "badLinkTable");
+  table.setModel(&m_badLinks);
+  table.verticalHeader()->hide();
+  table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  table.horizontalHeader()->setHighlightSections(false);
+  table.horizontalHeader()->setSectionResizeMode(BrokenLinksModel::urlColumn, QHeaderView::Stretch);
+  table.horizontalHeader()->resizeSection(BrokenLinksModel::reasonColumn,
+                                          table.fontMetrics().averageCharWidth() * 36);
+  auto* copy = new QAction(tr("Copy"), &table);
+  copy->setObjectName(QStringLiteral("copySelection"));
+  auto* open = new QAction(tr("Open in Browser"), &table);
+  table.addActions({copy, open});
+  table.setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(copy, &QAction::triggered, this,
+          [this] { QGuiApplication::clipboard()->setText(selectedBrokenUrls().join(QLatin1Char('\n'))); });
+  connect(open, &QAction::triggered, this, [this] {
+    const QStringList urls = selectedBrokenUrls();
+    if (!urls.isEmpty()) QDesktopServices::openUrl(QUrl(urls.first()));
+  });
+  auto& copyButton = control<QPushButton>(m_mainWindow, "copyBadLinkButton");
+  auto& openButton = control<QPushButton>(m_mainWindow, "openBadLinkButton");
+  connect(&copyButton, &QPushButton::clicked, copy, &QAction::trigger);
+  connect(&openButton, &QPushButton::clicked, open, &QAction::trigger);
+  const auto enable = [this, &copyButton, &openButton] {
+    const bool any = !selectedBrokenUrls().isEmpty();
+    copyButton.setEnabled(any);
+    openButton.setEnabled(any);
+  };
+  connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this, enable);
+  connect(&m_badLinks, &QAbstractItemModel::modelReset, this, enable);
+  enable();
+}
+
+QWidget* MainViewControl::mainViewsList(int number) const {
+  if (number < scanView || number > brokenLinksView) return nullptr;
+  return &control<QWidget>(m_mainWindow, kViews[static_cast<std::size_t>(number - 1)]);
+}
+
+void MainViewControl::scanTBIAction() {
+  control<QDockWidget>(m_mainWindow, "filterDrawer").setVisible(m_state.qzvskPLastState);
+  switchTo(scanView, AbandonEdits::yes);
+}
+
+void MainViewControl::htmlTBIAction() {
+  if (needsSite(tr("You need to select a sitemap from the sites list to use the HTML sitemap viewer.")))
+    return;
+  closeFilterDrawer();
+  switchTo(htmlView, AbandonEdits::yes);
+}
+
+void MainViewControl::htmlEditTBIAction() {
+  closeFilterDrawer();
+  switchTo(htmlEditorView, AbandonEdits::yes);
+}
+
+void MainViewControl::xmlTBIAction() {
+  if (needsSite(tr("You need to select a sitemap from the sites list to use the XML sitemap viewer.")))
+    return;
+  closeFilterDrawer();
+  switchTo(xmlView, AbandonEdits::yes);
+}
+
+void MainViewControl::exportTBIAction() {
+  closeFilterDrawer();
+  m_mainWindow.setWindowTitle(QStringLiteral("Veskel2"));
+  switchTo(exportView, AbandonEdits::yes);
+}
+
+void MainViewControl::uploadTBIAction() {
+  switchTo(uploadView, AbandonEdits::yes);
+}
+
+void MainViewControl::showBrokenLinks() {
+  switchTo(brokenLinksView, AbandonEdits::no);
+  std::vector<store::BrokenPage> pages;
+  for (std::size_t i = 0; i < m_state.qzvskBadLinkArray.size(); ++i) {
+    const bool known = i < m_state.qzvskBadLinkReasonArray.size();
+    pages.push_back(
+        {m_state.qzvskBadLinkArray[i], known ? m_state.qzvskBadLinkReasonArray[i] : std::string()});
+  }
+  m_badLinks.setPages(std::move(pages));
+}
+
+/// The order matters: an edit that was begun is dropped before its document is offered for saving, and the
+/// export view looks for sites in between.
+void MainViewControl::switchTo(int number, AbandonEdits abandon) {
+  if (abandon == AbandonEdits::yes) {
+    if (returnCurrentView() == htmlView) {
+      for (const char* field : {"titleEditInput", "linkEditInput"}) {
+        if (auto* edit = m_mainWindow.findChild<QLineEdit*>(QLatin1String(field))) edit->clear();
+      }
+    }
+    if (number == exportView) {
+      populateSitePicker();
+      const bool any = m_sitePickerPopUpArray.first() != kNoSites;
+      control<QPushButton>(m_mainWindow, "htmlExportButton").setEnabled(any);
+      control<QPushButton>(m_mainWindow, "xmlExportButton").setEnabled(any);
+    }
+    if (m_checkSave) m_checkSave();
+  }
+  control<QStackedWidget>(m_mainWindow, "mainViewArea").setCurrentWidget(mainViewsList(number));
+  changeCurrentView(number);
+  markCurrentView();
+}
+
+bool MainViewControl::needsSite(const QString& message) {
+  if (!m_state.qzvskCurSite.empty()) return false;
+  m_sheets.alert(message);
+  markCurrentView();  // the button that was pressed has checked itself
+  return true;
+}
+
+void MainViewControl::closeFilterDrawer() {
+  control<QDockWidget>(m_mainWindow, "filterDrawer").hide();
+}
+
+void MainViewControl::markCurrentView() {
+  for (std::size_t i = 0; i < kViewActions.size(); ++i) {
+    control<QAction>(m_mainWindow, kViewActions[i])
+        .setChecked(static_cast<int>(i) + 1 == returnCurrentView());
+  }
+}
+
+void MainViewControl::populateSitePicker() {
+  constexpr qsizetype kCut = 6;
+  const QString siteInHand = control<QLabel>(m_mainWindow, "siteName").text();
+  m_sitePickerPopUpArray.clear();
+  for (const std::string& file : platform::filesBelow(m_controls.homeFolderLocation())) {
+    if (!file.ends_with(".xml")) continue;
+    QString path = toQString(file);
+    path.chop(kCut);
+    const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
+    if (slash > 0) m_sitePickerPopUpArray.append(path.left(slash));
+  }
+  const bool present = m_sitePickerPopUpArray.contains(siteInHand);
+  if (m_sitePickerPopUpArray.isEmpty()) m_sitePickerPopUpArray.append(kNoSites);
+  auto& picker = control<QComboBox>(m_mainWindow, "sitePickerPopUp");
+  picker.clear();
+  picker.addItems(m_sitePickerPopUpArray);
+  picker.setDisabled(m_sitePickerPopUpArray.first() == kNoSites);
+  if (present) picker.setCurrentText(siteInHand);
+}
+
+void MainViewControl::reportProblem() const {
+  QDesktopServices::openUrl(QUrl(QStringLiteral(VESKEL_SUPPORT_PAGE)));
+}
+
+void MainViewControl::openInBrowser(std::string_view file) const {
+  const std::string site = toUtf8(control<QComboBox>(m_mainWindow, "sitePickerPopUp").currentText());
+  QDesktopServices::openUrl(QUrl::fromLocalFile(toQString((m_controls.siteFolder(site) / file).native())));
+}
+
+QStringList MainViewControl::selectedBrokenUrls() const {
+  QStringList urls;
+  const auto& table = control<QTableView>(m_mainWindow, "badLinkTable");
+  for (const QModelIndex& row : table.selectionModel()->selectedRows(BrokenLinksModel::urlColumn)) {
+    urls.append(row.data().toString());
+  }
+  return urls;
+}
+
+}  // namespace ui

@@ -1,0 +1,294 @@
+#include "ui/scan_view_controller.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QDockWidget>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QLocale>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QToolButton>
+#include <QUrl>
+#include <algorithm>
+
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+#include "store/site_list.h"
+
+namespace ui {
+
+using platform::control;
+using platform::toQString;
+using platform::toUtf8;
+
+namespace {
+
+QString countText(int count) {
+  return QLocale().toString(std::max(0, count));
+}
+
+}  // namespace
+
+ScanViewController::ScanViewController(QMainWindow& mainWindow, const ScanViewParts& parts)
+    : m_mainWindow(mainWindow),
+      m_parts(parts),
+      m_sites(parts.controls, parts.reasons),
+      m_siteListTable(control<QTableView>(mainWindow, "siteListTable")) {
+  buildTable();
+  connectCommands();
+  buildContextMenus();
+  // A hidden button keeps its place, so that nothing moves when it comes and goes.
+  auto& button = control<QPushButton>(mainWindow, "brokenLinksButton");
+  QSizePolicy policy = button.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  button.setSizePolicy(policy);
+  populateSiteTable();
+  showNoSite();
+}
+
+void ScanViewController::buildTable() {
+  m_found.setSourceModel(&m_sites);
+  m_found.setFilterCaseSensitivity(Qt::CaseInsensitive);
+  // When the search takes the selected site out of the list, no site is selected: the table would go on to
+  // the next one, and with every letter typed another site would come into hand. Connected before the table
+  // is.
+  connect(&m_found, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+          [this](const QModelIndex&, int first, int last) {
+            const int current = m_siteListTable.currentIndex().row();
+            if (current >= first && current <= last) m_siteListTable.selectionModel()->clear();
+          });
+  m_siteListTable.setModel(&m_found);
+  m_siteListTable.verticalHeader()->hide();
+  m_siteListTable.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  QHeaderView* header = m_siteListTable.horizontalHeader();
+  header->setHighlightSections(false);
+  header->setStretchLastSection(false);
+  header->setSectionResizeMode(QHeaderView::Interactive);
+  header->setSectionResizeMode(SiteTableModel::siteColumn, QHeaderView::Stretch);
+  const QFontMetrics metrics = m_siteListTable.fontMetrics();
+  const int number = metrics.horizontalAdvance(QStringLiteral("0,000,000"));
+  const int date = metrics.horizontalAdvance(QLocale().toString(QDate(2000, 12, 28), QLocale::ShortFormat));
+  for (int column = SiteTableModel::pagesColumn; column < SiteTableModel::lastScanColumn; ++column) {
+    header->resizeSection(column, number);
+  }
+  header->resizeSection(SiteTableModel::lastScanColumn, std::max(date + 2 * metrics.averageCharWidth(),
+                                                                 number + 2 * metrics.averageCharWidth()));
+  connect(m_siteListTable.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &ScanViewController::tableViewSelectionDidChange);
+  connect(&control<QLineEdit>(m_mainWindow, "siteSearch"), &QLineEdit::textChanged, &m_found,
+          &QSortFilterProxyModel::setFilterFixedString);
+}
+
+void ScanViewController::connectCommands() {
+  using store::AddEditDeleteSitesController;
+  AddEditDeleteSitesController& editor = m_parts.siteEditor;
+  const auto onClick = [&](const char* name, auto* receiver, auto slot) {
+    connect(&control<QPushButton>(m_mainWindow, name), &QPushButton::clicked, receiver, slot);
+  };
+  const auto onAction = [&](const char* name, auto* receiver, auto slot) {
+    connect(&control<QAction>(m_mainWindow, name), &QAction::triggered, receiver, slot);
+  };
+  onClick("addSiteButton", &editor, &AddEditDeleteSitesController::addNewSite);
+  onClick("firstSiteButton", &editor, &AddEditDeleteSitesController::addNewSite);
+  onClick("editSiteButton", &editor, &AddEditDeleteSitesController::editSite);
+  onClick("deleteSiteButton", &editor, &AddEditDeleteSitesController::deleteSite);
+  onAction("addMI", &editor, &AddEditDeleteSitesController::addNewSite);
+  onAction("editMI", &editor, &AddEditDeleteSitesController::editSite);
+  onAction("deleteMI", &editor, &AddEditDeleteSitesController::deleteSite);
+  onAction("scanMI", &m_parts.scan, &crawler::ScanController::scanSiteAction);
+  onAction("openFolderMI", this, [this] { openSiteFolder(); });
+  onAction("filtersMI", this, &ScanViewController::filterAddPanel);
+  onClick("filterDrawerButton", this, &ScanViewController::filterAddPanel);
+  connect(&control<QCheckBox>(m_mainWindow, "ignoreRobotsButton"), &QCheckBox::clicked, this,
+          &ScanViewController::ignoreRobotsAction);
+  onAction("ignoreRobotsMI", this,
+           [this] { control<QCheckBox>(m_mainWindow, "ignoreRobotsButton").click(); });
+  onAction("findSiteMI", this, [this] { control<QLineEdit>(m_mainWindow, "siteSearch").setFocus(); });
+  connect(&control<QToolButton>(m_mainWindow, "copyUrlButton"), &QToolButton::clicked, this,
+          [this] { QGuiApplication::clipboard()->setText(control<QLabel>(m_mainWindow, "siteURL").text()); });
+  connect(&editor, &AddEditDeleteSitesController::sitesChanged, this, [this] {
+    populateSiteTable();
+    tableViewSelectionDidChange();
+  });
+  connect(&m_parts.scan, &crawler::ScanController::scanned, this,
+          [this](const QString& name) { m_sites.refresh(toUtf8(name)); });
+  connect(this, &ScanViewController::qzvskLFF, &m_parts.filters, &crawler::FilterController::loadFilterFile);
+  // The drawer has a close button of its own; the buttons that show its state follow.
+  auto& drawer = control<QDockWidget>(m_mainWindow, "filterDrawer");
+  drawer.installEventFilter(this);
+  connect(&drawer, &QDockWidget::visibilityChanged, this, [this](bool visible) {
+    control<QPushButton>(m_mainWindow, "filterDrawerButton").setChecked(visible);
+    control<QAction>(m_mainWindow, "filtersMI").setChecked(visible);
+  });
+}
+
+void ScanViewController::buildContextMenus() {
+  auto& list = control<QListView>(m_mainWindow, "scannedLinksViewer");
+  const auto selectedLinks = [&list] {
+    QStringList links;
+    for (const QModelIndex& index : list.selectionModel()->selectedIndexes())
+      links.append(index.data().toString());
+    return links;
+  };
+  auto* copy = new QAction(tr("Copy"), &list);
+  copy->setObjectName(QStringLiteral("copySelection"));  // what the Edit menu's Copy does here
+  auto* open = new QAction(tr("Open in Browser"), &list);
+  connect(copy, &QAction::triggered, this, [selectedLinks] {
+    QGuiApplication::clipboard()->setText(selectedLinks().join(QLatin1Char('\n')));
+  });
+  connect(open, &QAction::triggered, this, [selectedLinks] {
+    const QStringList links = selectedLinks();
+    if (!links.isEmpty()) QDesktopServices::openUrl(QUrl(links.first()));
+  });
+  list.addActions({copy, open});
+  list.setContextMenuPolicy(Qt::ActionsContextMenu);
+  // The key belongs to the table of sites alone: elsewhere it deletes a character or a filter.
+  auto& remove = control<QAction>(m_mainWindow, "deleteMI");
+  remove.setShortcut(QKeySequence::Delete);
+  remove.setShortcutContext(Qt::WidgetShortcut);
+  m_siteListTable.addActions(
+      {&control<QAction>(m_mainWindow, "scanMI"), &control<QAction>(m_mainWindow, "editMI"),
+       &control<QAction>(m_mainWindow, "openFolderMI"), &control<QAction>(m_mainWindow, "deleteMI")});
+  m_siteListTable.setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+/// Hiding the drawer for another view is no such event, so that it comes back with the scan view.
+bool ScanViewController::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Close) m_parts.state.qzvskPLastState = false;
+  return QObject::eventFilter(watched, event);
+}
+
+void ScanViewController::populateSiteTable() {
+  std::vector<std::string> problems;
+  m_sites.rebuild(&problems);
+  for (const std::string& problem : problems) emit report(toQString(problem));
+  auto& area = control<QStackedWidget>(m_mainWindow, "siteArea");
+  area.setCurrentWidget(&control<QWidget>(m_mainWindow, m_sites.isEmpty() ? "noSitesPage" : "sitePage"));
+}
+
+void ScanViewController::tableViewSelectionDidChange() {
+  m_parts.state.qzvskBadLinkArray.clear();
+  m_parts.state.qzvskBadLinkReasonArray.clear();
+  control<QLabel>(m_mainWindow, "linksScanned").clear();
+  const std::string name = selectedName();
+  if (name.empty()) {
+    showNoSite();
+  } else {
+    showSite(name);
+  }
+}
+
+void ScanViewController::showNoSite() {
+  m_parts.state.qzvskCurSite.clear();
+  setWindowTitle(QStringLiteral("Veskel2"));
+  for (const char* field :
+       {"totalLinksFound", "pagesFound", "brokenLinks", "linksScanned", "siteName", "siteURL"}) {
+    control<QLabel>(m_mainWindow, field).clear();
+  }
+  auto& broken = control<QPushButton>(m_mainWindow, "brokenLinksButton");
+  broken.setEnabled(false);
+  broken.hide();
+  m_parts.scan.forgetLastScan();
+  control<QCheckBox>(m_mainWindow, "ignoreRobotsButton").setChecked(false);
+  control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(false);
+  setSiteControlsEnabled(false);
+  emit qzvskLFF();
+}
+
+void ScanViewController::showSite(const std::string& name) {
+  m_parts.state.qzvskCurSite = name;
+  const store::SelectedSite site = store::selectSite(m_parts.controls, name);
+  if (!site.result.ok()) {
+    emit report(tr("Could not use %1: %2").arg(toQString(site.path.native()), toQString(site.result.error)));
+  }
+  const store::SiteDetails& details = site.details;
+  setWindowTitle(QStringLiteral("Veskel2 - ") + toQString(details.name));
+  control<QCheckBox>(m_mainWindow, "ignoreRobotsButton").setChecked(details.ignoreRobots);
+  control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(details.ignoreRobots);
+  m_parts.scan.setIgnoreRobots(details.ignoreRobots);
+  control<QLabel>(m_mainWindow, "totalLinksFound").setText(countText(details.totalLinks));
+  control<QLabel>(m_mainWindow, "pagesFound").setText(countText(details.pagesFound));
+  control<QLabel>(m_mainWindow, "linksScanned").setText(countText(details.pagesUsed));
+  showBrokenLinksOf(name, details);
+  control<QLabel>(m_mainWindow, "siteName").setText(toQString(details.name));
+  control<QLabel>(m_mainWindow, "siteURL").setText(toQString(details.url));
+  setSiteControlsEnabled(true);
+  m_parts.filters.reloadFilterTable();
+  m_parts.state.qzvskViewChanged = true;
+  m_parts.scan.forgetLastScan();
+  emit qzvskLFF();
+}
+
+void ScanViewController::showBrokenLinksOf(const std::string& name, const store::SiteDetails& details) {
+  for (store::BrokenPage& page : m_parts.reasons.lookUp(name, details.badLinks)) {
+    m_parts.state.qzvskBadLinkArray.push_back(std::move(page.url));
+    m_parts.state.qzvskBadLinkReasonArray.push_back(std::move(page.reason));
+  }
+  const int count = static_cast<int>(details.badLinks.size());
+  control<QLabel>(m_mainWindow, "brokenLinks").setText(countText(count));
+  auto& button = control<QPushButton>(m_mainWindow, "brokenLinksButton");
+  button.setEnabled(count != 0);
+  button.setVisible(count != 0);
+}
+
+void ScanViewController::setSiteControlsEnabled(bool enabled) {
+  for (const char* widget :
+       {"scanSiteButton", "filterDrawerButton", "addFilterButton", "delFilterButton", "newFilterInput",
+        "deleteSiteButton", "editSiteButton", "ignoreRobotsButton", "copyUrlButton"}) {
+    control<QWidget>(m_mainWindow, widget).setEnabled(enabled);
+  }
+  for (const char* action : {"editMI", "deleteMI", "scanMI", "filtersMI", "ignoreRobotsMI", "openFolderMI"}) {
+    control<QAction>(m_mainWindow, action).setEnabled(enabled);
+  }
+  const QString why = enabled ? tr("Build the sitemaps of this site anew") : tr("Select a site first");
+  control<QPushButton>(m_mainWindow, "scanSiteButton").setToolTip(why);
+}
+
+void ScanViewController::setWindowTitle(const QString& title) {
+  m_parts.state.qzvskWinTit = toUtf8(title);
+  m_mainWindow.setWindowTitle(title);
+}
+
+void ScanViewController::ignoreRobotsAction() {
+  auto& box = control<QCheckBox>(m_mainWindow, "ignoreRobotsButton");
+  const bool ignore = box.isChecked();
+  const platform::FileResult saved = store::setIgnoreRobots(m_parts.controls, selectedName(), ignore);
+  if (!saved.ok()) {
+    box.setChecked(!ignore);
+    m_parts.sheets.alert(tr("The robots switch could not be saved."), toQString(saved.error));
+    return;
+  }
+  control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(ignore);
+  m_parts.scan.setIgnoreRobots(ignore);
+}
+
+void ScanViewController::filterAddPanel() {
+  bool& open = m_parts.state.qzvskPLastState;
+  auto& drawer = control<QDockWidget>(m_mainWindow, "filterDrawer");
+  // The user may have closed the drawer by its own button.
+  open = !drawer.isVisible();
+  drawer.setVisible(open);
+  control<QPushButton>(m_mainWindow, "filterDrawerButton").setChecked(open);
+  control<QAction>(m_mainWindow, "filtersMI").setChecked(open);
+}
+
+void ScanViewController::openSiteFolder() const {
+  const QString folder = toQString(m_parts.controls.siteFolder(m_parts.state.qzvskCurSite).native());
+  QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+std::string ScanViewController::selectedName() const {
+  const QModelIndexList rows = m_siteListTable.selectionModel()->selectedRows();
+  return rows.isEmpty() ? std::string() : m_sites.siteName(m_found.mapToSource(rows.first()).row());
+}
+
+}  // namespace ui

@@ -1,0 +1,137 @@
+#!/usr/bin/python3
+"""A session with the window as an assistive technology sees it: by role and name only.
+
+Adds a site, scans it, and reads the counts. Run inside a D-Bus session with a display; arguments are the program,
+the example server and the folder that it serves.
+"""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+import pyatspi
+
+TIME_LIMIT = 40  # seconds for any one thing to happen; most take a fraction of one
+
+
+def wait_for(what, find):
+    """The first thing that find() gives; ends the test when nothing comes in time."""
+    end = time.monotonic() + TIME_LIMIT
+    while time.monotonic() < end:
+        try:
+            found = find()
+            if found:
+                return found
+        except Exception:  # widgets come and go while they are looked at
+            pass
+        time.sleep(0.05)
+    sys.exit(f"not found in time: {what}")
+
+
+def descendants(node):
+    yield node
+    for i in range(node.childCount):
+        child = node.getChildAtIndex(i)
+        if child is not None:
+            yield from descendants(child)
+
+
+def showing(node):
+    return node.getState().contains(pyatspi.STATE_SHOWING)
+
+
+class Place:
+    """The program, or one of its dialogs."""
+
+    def __init__(self, root):
+        self.root = root
+
+    def find(self, role, name):
+        def look():
+            for node in descendants(self.root):
+                if node.getRoleName() == role and node.name == name and showing(node):
+                    return node
+            return None
+
+        return wait_for(f'{role} "{name}"', look)
+
+    def press(self, name, role="push button"):
+        button = self.find(role, name)
+        wait_for(f'"{name}" enabled', lambda: button.getState().contains(pyatspi.STATE_ENABLED))
+        button.queryAction().doAction(0)
+
+    def type(self, name, text):
+        self.find("text", name).queryEditableText().setTextContents(text)
+
+    def select_row(self, table_name, text):
+        def look():
+            table = self.find("table", table_name).queryTable()
+            for row in range(table.nRows):
+                if table.getAccessibleAt(row, 0).name == text:
+                    return table.addRowSelection(row) or table.isRowSelected(row)
+            return None
+
+        wait_for(f'row "{text}" in "{table_name}"', look)
+
+    def dialog(self, name):
+        return Place(self.find("dialog", name))
+
+
+def labelled(place, label_name):
+    """What stands beside a label: the name of the control that it is the label for."""
+    for relation in place.find("label", label_name).getRelationSet():
+        if relation.getRelationType() == pyatspi.RELATION_LABEL_FOR:
+            return relation.getTarget(0).name
+    return None
+
+
+def find_application(pid):
+    desktop = pyatspi.Registry.getDesktop(0)
+    for i in range(desktop.childCount):
+        application = desktop.getChildAtIndex(i)
+        if application is not None and application.get_process_id() == pid and application.childCount > 0:
+            return application
+    return None
+
+
+def run(program, url):
+    started = subprocess.Popen([program])
+    try:
+        window = Place(wait_for("the program", lambda: find_application(started.pid)))
+        window.press("Add a Website")
+        sheet = window.dialog("Add New Site")
+        sheet.type("Site name", "Mill")
+        sheet.type("Site URL", url)
+        sheet.press("Add Site")
+        window.select_row("Sites", "Mill")
+        window.press("Scan Site")
+        counts = {
+            "Pages found": "34",
+            "Pages used": "32",
+            "Broken": "2",
+        }
+        for name, expected in counts.items():
+            wait_for(f"{name}: {expected}", lambda n=name, e=expected: labelled(window, n) == e)
+        print("all counts read")
+    finally:
+        started.terminate()
+        started.wait(10)
+
+
+def main():
+    program, server, site = sys.argv[1:]
+    home = tempfile.mkdtemp(prefix="veskel-accessibility-")
+    os.environ.update(HOME=home, XDG_STATE_HOME=home + "/state", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+    serving = subprocess.Popen([server, site], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+    try:
+        run(program, serving.stdout.readline().strip())
+    finally:
+        serving.stdin.close()
+        serving.wait(10)
+        shutil.rmtree(home, ignore_errors=True)
+
+
+main()

@@ -1,0 +1,591 @@
+// A scan in the window, from its button to the final counts.
+#include <QAction>
+#include <QDockWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTimer>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+
+#include "platform/files.h"
+#include "platform/qt_text.h"
+#include "store/site_record.h"
+#include "support/site_server.h"
+#include "window_test.h"
+
+namespace window_tests {
+
+namespace {
+
+using support::ServedPage;
+using support::SiteServer;
+
+const QString kShop = QStringLiteral("Shop");
+const QString kConnecting = QStringLiteral("establishConnectionSheet");
+const QString kProgress = QStringLiteral("scanCustomAlertPanel");
+const QString kRunning = QStringLiteral("A scan is running.");
+const QString kLooping = QStringLiteral("There may be an issue with the site you are scanning.");
+const QString kKeep = QStringLiteral("Keep Scanning");
+const QString kStop = QStringLiteral("Stop and Quit");
+constexpr const char* kLoop = "loop?a?b?c?d";
+
+ServedPage page(const std::string& title, const std::vector<std::string>& links) {
+  std::string body = "<html><head><title>" + title + "</title></head><body>";
+  for (const std::string& link : links) body += "<a href=\"" + link + "\">" + link + "</a>";
+  return {body + "</body></html>"};
+}
+
+/// Four pages, of which one is broken.
+SiteServer::Pages smallSite() {
+  return {{"/", page("Start", {"a.html", "b.html", "private/c.html"})},
+          {"/a.html", page("A", {"gone.html", "a.html"})},
+          {"/b.html", page("B", {})},
+          {"/private/c.html", page("C", {})}};
+}
+
+/// A site one page of which is answered only when the test says so.
+class SlowSite {
+ public:
+  SlowSite(SiteServer::Pages pages, std::string slowTarget)
+      : m_pages(std::move(pages)),
+        m_slowTarget(std::move(slowTarget)),
+        m_server([this](const std::string& target, int) { return answer(target); }) {}
+  ~SlowSite() { release(); }
+
+  std::string url(const std::string& path = {}) const { return m_server.url(path); }
+  void release() {
+    const std::lock_guard lock(m_mutex);
+    m_released = true;
+    m_changed.notify_all();
+  }
+  /// Whether somebody waits for the slow page.
+  bool isWaitedFor() const {
+    const std::lock_guard lock(m_mutex);
+    return m_waitedFor && !m_released;
+  }
+
+ private:
+  ServedPage answer(const std::string& target) {
+    if (target == m_slowTarget) {
+      std::unique_lock lock(m_mutex);
+      m_waitedFor = true;
+      m_changed.wait_for(lock, std::chrono::milliseconds(3 * kPatience), [this] { return m_released; });
+    }
+    const auto found = m_pages.find(target);
+    return found == m_pages.end() ? ServedPage{.status = 404} : found->second;
+  }
+
+  const SiteServer::Pages m_pages;
+  const std::string m_slowTarget;
+  mutable std::mutex m_mutex;  // guards what follows, up to the server
+  std::condition_variable m_changed;
+  bool m_waitedFor = false;
+  bool m_released = false;
+  SiteServer m_server;  // last, since its threads use the rest
+};
+
+void openWithShop(Desk& desk, const std::string& url) {
+  desk.makeSite("Shop", url);
+  desk.open();
+  desk.select(kShop);
+}
+
+bool scanHasEnded(const Desk& desk) {
+  return comesTrue([&] { return desk.enabled("scanSiteButton"); });
+}
+
+bool scan(const Desk& desk) {
+  return desk.click("scanSiteButton") && !desk.enabled("scanSiteButton") && scanHasEnded(desk) &&
+         noSheetLeft();
+}
+
+QStringList shownLinks(const Desk& desk) {
+  const QAbstractItemModel& model = *desk.control<QListView>("scannedLinksViewer").model();
+  QStringList links;
+  for (int row = 0; row < model.rowCount(); ++row) links.append(model.index(row, 0).data().toString());
+  return links;
+}
+
+QStringList addresses(const std::string& base, const QStringList& paths) {
+  QStringList all;
+  for (const QString& path : paths) all.append(platform::toQString(base) + path);
+  return all;
+}
+
+QString counter(const char* name) {
+  const QDialog* sheet = topSheet();
+  return sheet == nullptr ? QString() : platform::control<QLabel>(*sheet, name).text();
+}
+
+int messagesUp() {
+  int count = 0;
+  for (const QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->isVisible() && qobject_cast<const QMessageBox*>(widget) != nullptr) ++count;
+  }
+  return count;
+}
+
+/// Whether the program quits once `act` is done. `act` tells whether it could be done.
+bool quits(const std::function<bool()>& act) {
+  QTimer deadline;
+  QObject::connect(&deadline, &QTimer::timeout, &deadline, [] { QCoreApplication::exit(1); });
+  deadline.start(kPatience);
+  QTimer::singleShot(0, &deadline, [&] {
+    if (!act()) QCoreApplication::exit(2);
+  });
+  return QApplication::exec() == 0;
+}
+
+}  // namespace
+
+class ScanWindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void scansFromTheButtonToTheFinalCounts();
+  void showsHowFarItIs();
+  void startsByKey();
+  void endsExactlyHoweverFastLinksCome();
+  void honoursFiltersAndTheRobotsSwitch();
+  void forgetsTheBrokenPagesOfTheLastScan();
+  void listsBrokenPagesWithReasons();
+  void stopsInMidPage_data();
+  void stopsInMidPage();
+  void stopsWhileConnecting();
+  void asksAboutLooping_data();
+  void asksAboutLooping();
+  void tellsOfAnUnreachableSite_data();
+  void tellsOfAnUnreachableSite();
+  void refusesASiteThatIsScannedElsewhere();
+  void tellsOfALostDocument();
+  void noticesASiteWithoutEnd();
+  void asksOnceBeforeQuitting_data();
+  void asksOnceBeforeQuitting();
+  void quitsAfterTheScanHasEndedBehindTheQuestion_data();
+  void quitsAfterTheScanHasEndedBehindTheQuestion();
+  void quitsAtOnceWithoutAScan();
+  void endsAScanWithTheWindow();
+};
+
+void ScanWindowTest::scansFromTheButtonToTheFinalCounts() {
+  const SiteServer server(smallSite());
+  Desk desk;
+  openWithShop(desk, server.url());
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
+  QCOMPARE(desk.label("linksScanned"), QStringLiteral("4"));
+  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("1"));
+  QCOMPARE(desk.label("totalLinksFound"), QStringLiteral("9"));  // four pages with five anchors
+  QVERIFY(desk.control<QPushButton>("brokenLinksButton").isVisible());
+  QCOMPARE(shownLinks(desk),
+           addresses(server.url(), {QString(), QStringLiteral("a.html"), QStringLiteral("b.html"),
+                                    QStringLiteral("private/c.html"), QStringLiteral("gone.html")}));
+  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), QStringLiteral("Scanned \"Shop\""));
+
+  QCOMPARE(desk.file("Shop", "badLinks.txt"), server.url("gone.html") + "\n");
+  const std::string record = desk.record("Shop");
+  QCOMPARE(store::recordCount(record, store::kPagesFound), std::optional(5));
+  QCOMPARE(store::recordCount(record, store::kPagesUsed), std::optional(4));
+  QCOMPARE(store::recordCount(record, store::kTotalLinks), std::optional(9));
+  for (const char* name : {"sitemap1c.html", "sitemap1cpo.html", "sitemap2c.html", "sitemap2cpo.html",
+                           "sitemap3c.html", "sitemap3cpo.html"}) {
+    QVERIFY2(desk.file("Shop", name).ends_with("</html>"), name);
+  }
+  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+
+  const QAbstractItemModel& sites = *desk.control<QTableView>("siteListTable").model();
+  QCOMPARE(sites.index(0, 1).data().toString(), QStringLiteral("5"));
+  QCOMPARE(sites.index(0, 2).data().toString(), QStringLiteral("9"));
+  QCOMPARE(sites.index(0, 3).data().toString(), QStringLiteral("1"));
+  QVERIFY(!sites.index(0, 4).data().toString().isEmpty());
+  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI"}) {
+    QVERIFY2(desk.control<QAction>(action).isEnabled(), action);
+  }
+  QCOMPARE(desk.window().windowTitle(), QStringLiteral("Veskel2 - Shop"));
+}
+
+void ScanWindowTest::showsHowFarItIs() {
+  SlowSite site(smallSite(), "/b.html");
+  Desk desk;
+  openWithShop(desk, site.url());
+  QVERIFY(desk.click("filterDrawerButton"));
+  QVERIFY(desk.click("scanSiteButton"));
+  QVERIFY(!desk.control<QDockWidget>("filterDrawer").isVisible());
+  QDialog* sheet = sheetNamed(kProgress);
+  QVERIFY(sheet);
+  QCOMPARE(sheet->windowModality(), Qt::WindowModal);
+  // Start and A are done, B is waited for, C and the broken page come behind.
+  QVERIFY(comesTrue([] { return counter("caPagesScanned") == QLatin1String("2"); }));
+  QCOMPARE(counter("caPagesLeft"), QStringLiteral("3"));
+  QCOMPARE(counter("caBrokenLinks"), QStringLiteral("0"));
+  QCOMPARE(counter("tlsf"), QStringLiteral("7"));
+  const auto& bar = platform::control<QProgressBar>(*sheet, "scanProgressBar");
+  QCOMPARE(bar.maximum(), 5);
+  QCOMPARE(bar.value(), 2);
+  QCOMPARE(shownLinks(desk), addresses(site.url(), {QStringLiteral("a.html"), QStringLiteral("b.html"),
+                                                    QStringLiteral("private/c.html"),
+                                                    QStringLiteral("gone.html"), QStringLiteral("a.html")}));
+  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI"}) {
+    QVERIFY2(!desk.control<QAction>(action).isEnabled(), action);
+  }
+  QVERIFY(!desk.enabled("scanSiteButton"));
+
+  site.release();
+  QVERIFY(scanHasEnded(desk));
+  QVERIFY(noSheetLeft());
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
+  QVERIFY(desk.control<QDockWidget>("filterDrawer").isVisible());
+  QVERIFY(desk.window().state().qzvskPLastState);
+}
+
+void ScanWindowTest::startsByKey() {
+  const SiteServer server({{"/", page("Only", {})}});
+  Desk desk;
+  openWithShop(desk, server.url());
+  QTest::keyClick(&desk.window(), Qt::Key_F5);
+  QVERIFY(!desk.enabled("scanSiteButton"));
+  QVERIFY(scanHasEnded(desk));
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("1"));
+}
+
+void ScanWindowTest::endsExactlyHoweverFastLinksCome() {
+  std::vector<std::string> links;
+  for (int i = 0; i < 3'000; ++i) links.push_back("http://b.test/" + std::to_string(i));
+  const SiteServer server({{"/", page("Links", links)}});
+  Desk desk;
+  openWithShop(desk, server.url());
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("totalLinksFound"), QStringLiteral("3,001"));
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("1"));
+  QCOMPARE(shownLinks(desk), addresses(server.url(), {QString()}));
+}
+
+void ScanWindowTest::honoursFiltersAndTheRobotsSwitch() {
+  SiteServer::Pages pages = smallSite();
+  pages["//robots.txt"] = {"User-agent: *\nDisallow: /private\n", "text/plain"};
+  const SiteServer server(pages);
+  Desk desk;
+  openWithShop(desk, server.url());
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("4"));
+  QVERIFY(desk.click("ignoreRobotsButton"));
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
+
+  QVERIFY(desk.click("filterDrawerButton"));
+  QTest::keyClicks(&desk.control<QLineEdit>("newFilterInput"), QStringLiteral("/PRIVATE"));
+  QVERIFY(desk.click("addFilterButton"));
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("4"));
+}
+
+void ScanWindowTest::forgetsTheBrokenPagesOfTheLastScan() {
+  const SiteServer server([](const std::string& target, int times) {
+    if (target == "/") return page("Start", {"a.html"});
+    return times == 1 ? ServedPage{.status = 500} : page("A", {});
+  });
+  Desk desk;
+  openWithShop(desk, server.url());
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("1"));
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("0"));
+  QVERIFY(!desk.control<QPushButton>("brokenLinksButton").isVisible());
+  QCOMPARE(desk.file("Shop", "badLinks.txt"), std::string());
+}
+
+void ScanWindowTest::listsBrokenPagesWithReasons() {
+  const SiteServer server(smallSite());
+  Desk desk;
+  openWithShop(desk, server.url());
+  QVERIFY(scan(desk));
+  QVERIFY(desk.click("brokenLinksButton"));
+  const QAbstractItemModel& rows = *desk.control<QTableView>("badLinkTable").model();
+  QCOMPARE(rows.rowCount(), 1);
+  QCOMPARE(rows.index(0, 0).data().toString(), platform::toQString(server.url("gone.html")));
+  QCOMPARE(rows.index(0, 1).data().toString(), QStringLiteral("404 - Not Found"));
+
+  // They are still known to the next start of the program.
+  desk.close();
+  desk.open();
+  QVERIFY(desk.select(kShop));
+  QVERIFY(desk.click("brokenLinksButton"));
+  QCOMPARE(desk.control<QTableView>("badLinkTable").model()->index(0, 1).data().toString(),
+           QStringLiteral("404 - Not Found"));
+}
+
+void ScanWindowTest::stopsInMidPage_data() {
+  QTest::addColumn<bool>("escape");
+  QTest::newRow("Cancel") << false;
+  QTest::newRow("Escape") << true;
+}
+
+void ScanWindowTest::stopsInMidPage() {
+  QFETCH(const bool, escape);
+  const SlowSite site(smallSite(), "/b.html");
+  Desk desk;
+  openWithShop(desk, site.url());
+  QVERIFY(desk.click("scanSiteButton"));
+  QDialog* sheet = sheetNamed(kProgress);
+  QVERIFY(sheet);
+  QVERIFY(comesTrue([] { return counter("caPagesScanned") == QLatin1String("2"); }));
+  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
+  if (escape) {
+    pressEscape(*sheet);
+  } else {
+    QVERIFY(click(platform::control<QPushButton>(*sheet, "cancelScanButton")));
+  }
+  QVERIFY(scanHasEnded(desk));
+  QVERIFY(noSheetLeft());
+  QVERIFY(site.isWaitedFor());
+  // Found are also the pages that were never visited.
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
+  QCOMPARE(shownLinks(desk).size(), 5);
+  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+  QCOMPARE(store::recordCount(desk.record("Shop"), store::kPagesFound), std::optional(5));
+  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(),
+           QStringLiteral("Stopped the scan of \"Shop\""));
+}
+
+void ScanWindowTest::stopsWhileConnecting() {
+  const SlowSite site(smallSite(), "/");
+  Desk desk;
+  openWithShop(desk, site.url());
+  QVERIFY(desk.click("scanSiteButton"));
+  QDialog* sheet = sheetNamed(kConnecting);
+  QVERIFY(sheet);
+  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
+  pressEscape(*sheet);
+  QVERIFY(scanHasEnded(desk));
+  QVERIFY(noSheetLeft());
+  QCOMPARE(messagesUp(), 0);
+  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+}
+
+void ScanWindowTest::asksAboutLooping_data() {
+  QTest::addColumn<QString>("choice");
+  QTest::addColumn<QString>("pagesUsed");
+  QTest::newRow("go on") << QStringLiteral("Continue") << QStringLiteral("2");
+  QTest::newRow("stop") << QStringLiteral("Cancel Scan") << QStringLiteral("1");
+  QTest::newRow("Escape") << QString() << QStringLiteral("1");
+}
+
+void ScanWindowTest::asksAboutLooping() {
+  QFETCH(const QString, choice);
+  QFETCH(const QString, pagesUsed);
+  const SiteServer server({{"/", page("Start", {kLoop, "b.html"})}, {"/b.html", page("B", {})}});
+  Desk desk;
+  openWithShop(desk, server.url());
+  QVERIFY(desk.click("scanSiteButton"));
+  QMessageBox* question = message(kLooping);
+  QVERIFY(question);
+  QCOMPARE(question->informativeText(),
+           QStringLiteral("URL parameters have been found containing multiple ?s which may be invalid."));
+  QVERIFY(hasButtons(*question, {QStringLiteral("Continue"), QStringLiteral("Cancel Scan")}));
+  // One sheet at a time, and the scan waits behind it.
+  QVERIFY(!platform::control<QDialog>(desk.window(), "scanCustomAlertPanel").isVisible());
+  QVERIFY(!desk.enabled("scanSiteButton"));
+  QCOMPARE(server.timesAsked("GET /b.html"), 0);
+  if (choice.isEmpty()) {
+    pressEscape(*question);
+  } else {
+    QVERIFY(answer(question, choice));
+  }
+  QVERIFY(scanHasEnded(desk));
+  QVERIFY(noSheetLeft());
+  QCOMPARE(desk.label("linksScanned"), pagesUsed);
+  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+}
+
+void ScanWindowTest::tellsOfAnUnreachableSite_data() {
+  QTest::addColumn<bool>("serverIsUp");
+  QTest::addColumn<QString>("told");
+  QTest::newRow("no server") << false << QStringLiteral("Error Code: 0 - ");
+  QTest::newRow("no such page") << true << QStringLiteral("Error Code: 404 - Not Found");
+}
+
+void ScanWindowTest::tellsOfAnUnreachableSite() {
+  QFETCH(const bool, serverIsUp);
+  QFETCH(const QString, told);
+  auto server = std::make_unique<SiteServer>(SiteServer::Pages{});
+  Desk desk;
+  openWithShop(desk, server->url());
+  if (!serverIsUp) server.reset();
+  QVERIFY(desk.click("scanSiteButton"));
+  QMessageBox* alert = message(QStringLiteral("The Site URL Could Not Be Reached"));
+  QVERIFY(alert);
+  QVERIFY2(alert->informativeText().startsWith(told), qPrintable(alert->informativeText()));
+  QVERIFY(hasButtons(*alert, {QStringLiteral("OK")}));
+  QVERIFY(answer(alert, QStringLiteral("OK")));
+  QVERIFY(scanHasEnded(desk));
+  QVERIFY(noSheetLeft());
+  QVERIFY(desk.control<QAction>("addMI").isEnabled());
+}
+
+void ScanWindowTest::refusesASiteThatIsScannedElsewhere() {
+  const SiteServer server(smallSite());
+  Desk desk;
+  openWithShop(desk, server.url());
+  const platform::FolderLock elsewhere(desk.controls.siteFolder("Shop"));
+  QVERIFY(elsewhere.result().ok());
+  QVERIFY(desk.click("scanSiteButton"));
+  QVERIFY(
+      answer(message(QStringLiteral("The site \"Shop\" is being scanned already.")), QStringLiteral("OK")));
+  QVERIFY(scanHasEnded(desk));
+  QVERIFY(server.requests().empty());
+  QCOMPARE(desk.file("Shop", "sitemap.xml"), std::string("(missing)"));
+}
+
+void ScanWindowTest::tellsOfALostDocument() {
+  SlowSite site(smallSite(), "/b.html");
+  Desk desk;
+  openWithShop(desk, site.url());
+  QVERIFY(desk.click("scanSiteButton"));
+  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
+  QVERIFY(std::filesystem::remove(desk.controls.siteFolder("Shop") / "sitemap.xml"));
+  site.release();
+  QMessageBox* alert = message(QStringLiteral("Not everything could be written."));
+  QVERIFY(alert);
+  QVERIFY2(alert->informativeText().startsWith(QLatin1String("sitemap.xml: ")),
+           qPrintable(alert->informativeText()));
+  QCOMPARE(alert->informativeText().count(QLatin1Char('\n')), 0);
+  QVERIFY(answer(alert, QStringLiteral("OK")));
+  QVERIFY(scanHasEnded(desk));
+  QCOMPARE(desk.file("Shop", "sitemap.xml"), std::string("(missing)"));
+  QVERIFY(desk.file("Shop", "sitemap3c.html").ends_with("</html>"));
+}
+
+void ScanWindowTest::noticesASiteWithoutEnd() {
+  std::vector<std::string> links;
+  for (int i = 0; i < 220; ++i) links.push_back("same.html?session=" + std::to_string(i));
+  const SiteServer server([&](const std::string& target, int) {
+    return target == "/" ? page("Start", links) : page("The same", {});
+  });
+  Desk desk;
+  desk.makeSite("Blog", "http://blog.test/");
+  openWithShop(desk, server.url());
+  const auto& notice = desk.control<QLabel>("scanNotice");
+  QVERIFY(!notice.isVisible());
+  QVERIFY(scan(desk));
+  QVERIFY(notice.isVisible());
+  QVERIFY(
+      notice.text().startsWith(QLatin1String("This scan may not end: 200 addresses gave the same page as ")));
+  QVERIFY(notice.text().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
+  QVERIFY(desk.select(QStringLiteral("Blog")));
+  QVERIFY(!notice.isVisible());
+}
+
+void ScanWindowTest::asksOnceBeforeQuitting_data() {
+  QTest::addColumn<QString>("slowPage");
+  QTest::addColumn<QString>("sheet");
+  QTest::addColumn<bool>("stop");
+  for (const bool stop : {false, true}) {
+    const char* what = stop ? "stop" : "keep";
+    QTest::addRow("connecting, %s", what) << QStringLiteral("/") << kConnecting << stop;
+    QTest::addRow("scanning, %s", what) << QStringLiteral("/b.html") << kProgress << stop;
+    QTest::addRow("looping, %s", what) << QStringLiteral("(none)") << QString() << stop;
+  }
+}
+
+void ScanWindowTest::asksOnceBeforeQuitting() {
+  QFETCH(const QString, slowPage);
+  QFETCH(const QString, sheet);
+  QFETCH(const bool, stop);
+  SiteServer::Pages pages = smallSite();
+  if (sheet.isEmpty()) pages["/"] = page("Start", {kLoop});
+  SlowSite site(pages, platform::toUtf8(slowPage));
+  Desk desk;
+  openWithShop(desk, site.url());
+  QVERIFY(desk.click("scanSiteButton"));
+  QVERIFY(sheet.isEmpty() ? message(kLooping) : sheetNamed(sheet));
+
+  if (sheet.isEmpty()) {
+    desk.window().close();
+  } else {
+    QTest::keyClick(topSheet(), Qt::Key_Q, Qt::ControlModifier);
+  }
+  QMessageBox* question = message(kRunning);
+  QVERIFY(question);
+  QVERIFY(hasButtons(*question, {kStop, kKeep}));
+  const int messages = messagesUp();
+  desk.window().close();
+  QCOMPARE(messagesUp(), messages);
+  QVERIFY(desk.window().isVisible());
+  if (stop) {
+    QVERIFY(quits([&] { return answer(question, kStop); }));
+    QVERIFY(!desk.window().isVisible());
+    QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+    return;
+  }
+  QVERIFY(answer(question, kKeep));
+  QVERIFY(sheet.isEmpty() ? message(kLooping) : sheetNamed(sheet));
+  site.release();
+  if (sheet.isEmpty()) QVERIFY(answer(message(kLooping), QStringLiteral("Continue")));
+  QVERIFY(scanHasEnded(desk));
+  QVERIFY(desk.window().isVisible());
+  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), QStringLiteral("Scanned \"Shop\""));
+}
+
+void ScanWindowTest::quitsAfterTheScanHasEndedBehindTheQuestion_data() {
+  QTest::addColumn<bool>("stop");
+  QTest::newRow("keep") << false;
+  QTest::newRow("stop") << true;
+}
+
+void ScanWindowTest::quitsAfterTheScanHasEndedBehindTheQuestion() {
+  QFETCH(const bool, stop);
+  SlowSite site(smallSite(), "/b.html");
+  Desk desk;
+  openWithShop(desk, site.url());
+  QVERIFY(desk.click("scanSiteButton"));
+  QVERIFY(sheetNamed(kProgress));
+  desk.window().close();
+  QVERIFY(message(kRunning));
+  site.release();
+  QVERIFY(scanHasEnded(desk));
+  QMessageBox* question = message(kRunning);
+  QVERIFY(question);
+  if (stop) {
+    QVERIFY(quits([&] { return answer(question, kStop); }));
+    return;
+  }
+  QVERIFY(answer(question, kKeep));
+  QVERIFY(noSheetLeft());
+  QVERIFY(desk.window().isVisible());
+  QVERIFY(scan(desk));
+}
+
+void ScanWindowTest::quitsAtOnceWithoutAScan() {
+  Desk desk;
+  openWithShop(desk, "http://shop.test/");
+  desk.window().resize(1000, 700);
+  QVERIFY(quits([&] { return QTest::keyClick(&desk.window(), Qt::Key_Q, Qt::ControlModifier), true; }));
+  QVERIFY(!desk.window().isVisible());
+  desk.close();
+  desk.open();
+  QCOMPARE(desk.window().size(), QSize(1000, 700));
+}
+
+void ScanWindowTest::endsAScanWithTheWindow() {
+  const SlowSite site(smallSite(), "/b.html");
+  Desk desk;
+  openWithShop(desk, site.url());
+  QVERIFY(desk.click("scanSiteButton"));
+  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
+  desk.close();
+  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+}
+
+}  // namespace window_tests
+
+int main(int argc, char** argv) {
+  return window_tests::run<window_tests::ScanWindowTest>(argc, argv);
+}
+
+#include "scan_window_test.moc"

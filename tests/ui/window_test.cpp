@@ -1,0 +1,161 @@
+#include "window_test.h"
+
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QTableView>
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/files.h"
+#include "platform/qt_text.h"
+#include "store/site_record.h"
+#include "ui/icons.h"
+
+namespace window_tests {
+
+namespace fs = std::filesystem;
+using platform::toQString;
+
+bool comesTrue(const std::function<bool()>& condition) {
+  return QTest::qWaitFor(condition, kPatience);
+}
+
+QDialog* topSheet() {
+  return qobject_cast<QDialog*>(QApplication::activeModalWidget());
+}
+
+QDialog* sheetNamed(const QString& objectName) {
+  const auto isUp = [&] { return topSheet() != nullptr && topSheet()->objectName() == objectName; };
+  return comesTrue(isUp) ? topSheet() : nullptr;
+}
+
+QMessageBox* message(const QString& title) {
+  const auto isUp = [&] {
+    const auto* box = qobject_cast<QMessageBox*>(topSheet());
+    return box != nullptr && box->text() == title;
+  };
+  return comesTrue(isUp) ? qobject_cast<QMessageBox*>(topSheet()) : nullptr;
+}
+
+bool noSheetLeft() {
+  return comesTrue([] { return topSheet() == nullptr; });
+}
+
+bool click(QAbstractButton& button) {
+  const QWidget* sheet = QApplication::activeModalWidget();
+  if (!button.isVisible() || !button.isEnabled() || (sheet != nullptr && button.window() != sheet)) {
+    qWarning("The button %s cannot be clicked", qPrintable(button.objectName() + button.text()));
+    return false;
+  }
+  QTest::mouseClick(&button, Qt::LeftButton);
+  return true;
+}
+
+bool answer(QDialog* sheet, const QString& buttonText) {
+  if (sheet == nullptr) return false;
+  const QPointer<QDialog> closing = sheet;
+  for (QAbstractButton* button : sheet->findChildren<QAbstractButton*>()) {
+    if (button->text().remove(QLatin1Char('&')) != buttonText) continue;
+    return click(*button) && comesTrue([&] { return !closing || !closing->isVisible(); });
+  }
+  return false;
+}
+
+bool hasButtons(const QDialog& sheet, const QStringList& texts) {
+  QStringList found;
+  for (const QPushButton* button : sheet.findChildren<QPushButton*>()) {
+    found.append(button->text().remove(QLatin1Char('&')));
+  }
+  found.sort();
+  QStringList wanted = texts;
+  wanted.sort();
+  return found == wanted;
+}
+
+void pressEscape(QDialog& sheet) {
+  QTest::keyClick(&sheet, Qt::Key_Escape);
+}
+
+Desk::Desk() : controls(m_home.path()), reasons(m_home.path() / "state") {
+  fs::create_directories(controls.homeFolderLocation());
+}
+
+Desk::~Desk() = default;
+
+void Desk::makeSite(const std::string& name, const std::string& url, const std::string& record) const {
+  fs::create_directory(controls.siteFolder(name));
+  writeFile(name, name + ".qzVSK", record.empty() ? store::newSiteRecord(name, url) : record);
+}
+
+std::string Desk::file(const std::string& site, const std::string& name) const {
+  const platform::FileContent content = platform::readFile(controls.siteFolder(site) / name);
+  return content.result.ok() ? content.text : "(missing)";
+}
+
+void Desk::writeFile(const std::string& site, const std::string& name, const std::string& text) const {
+  if (!platform::replaceFile(controls.siteFolder(site) / name, text).ok()) {
+    throw std::runtime_error("cannot write " + name);
+  }
+}
+
+void Desk::open() {
+  m_window = std::make_unique<app::MainWindow>(controls, reasons,
+                                               toQString((m_home.path() / "window.ini").native()));
+  m_window->show();
+  m_window->activateWindow();
+  if (!QTest::qWaitForWindowActive(m_window.get(), kPatience)) {
+    throw std::runtime_error("the window does not come up");
+  }
+}
+
+bool Desk::click(const char* button) const {
+  return window_tests::click(control<QAbstractButton>(button));
+}
+
+QString Desk::label(const char* name) const {
+  return control<QLabel>(name).text();
+}
+
+bool Desk::enabled(const char* name) const {
+  return control<QWidget>(name).isEnabled();
+}
+
+QStringList Desk::listedSites() const {
+  const QAbstractItemModel& model = *control<QTableView>("siteListTable").model();
+  QStringList sites;
+  for (int row = 0; row < model.rowCount(); ++row) sites.append(model.index(row, 0).data().toString());
+  return sites;
+}
+
+bool Desk::select(const QString& site, Qt::KeyboardModifiers modifiers) const {
+  auto& table = control<QTableView>("siteListTable");
+  const auto row = static_cast<int>(listedSites().indexOf(site));
+  if (row < 0 || topSheet() != nullptr) return false;
+  const QPoint place = table.visualRect(table.model()->index(row, 0)).center();
+  QTest::mouseClick(table.viewport(), Qt::LeftButton, modifiers, place);
+  return true;
+}
+
+bool Desk::nothingSelected() const {
+  const auto isEmpty = [this](const char* name) { return label(name).isEmpty(); };
+  constexpr const char* kFields[] = {"siteName",     "siteURL",    "totalLinksFound",
+                                     "linksScanned", "pagesFound", "brokenLinks"};
+  return !control<QTableView>("siteListTable").selectionModel()->hasSelection() &&
+         m_window->state().qzvskCurSite.empty() && m_window->windowTitle() == QLatin1String("Veskel2") &&
+         std::all_of(std::begin(kFields), std::end(kFields), isEmpty);
+}
+
+void prepareEnvironment(const fs::path& home) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("HOME", home.c_str());
+  qputenv("XDG_STATE_HOME", (home / "state").c_str());
+}
+
+void prepareApplication() {
+  QApplication::setQuitOnLastWindowClosed(false);
+  QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+  ui::loadIcons();
+}
+
+}  // namespace window_tests
