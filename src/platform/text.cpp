@@ -6,6 +6,7 @@
 #include <cstring>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
@@ -62,7 +63,7 @@ Utf8Run utf8Run(std::string_view text) {
   return {i, 0};
 }
 
-std::string replaceBadUtf8(std::string bytes) {
+std::string replaceBadUtf8(std::string bytes, const std::stop_token& stop = {}) {
   std::string_view rest = bytes;
   Utf8Run run = utf8Run(rest);
   if (run.bad == 0) return bytes;
@@ -71,6 +72,7 @@ std::string replaceBadUtf8(std::string bytes) {
   for (; run.bad != 0; run = utf8Run(rest)) {
     result.append(rest, 0, run.valid).append(kReplacement);
     rest.remove_prefix(run.valid + run.bad);
+    if (stop.stop_requested()) return result;
   }
   return result.append(rest);
 }
@@ -98,8 +100,30 @@ void U_CALLCONV replaceBadBytes(const void* euroAt80, UConverterToUnicodeArgs* o
   ucnv_cbToUWriteUChars(out, &unit, 1, 0, error);
 }
 
+/// Piece by piece, so that a stop need not wait for the end of a large page.
+icu::UnicodeString convertPieces(UConverter* converter, std::string_view bytes, const std::stop_token& stop) {
+  constexpr std::size_t kPiece = 64 * 1024;
+  icu::UnicodeString text;
+  std::vector<UChar> units(kPiece);
+  const char* source = bytes.data();
+  const char* const end = bytes.data() + bytes.size();
+  UErrorCode error = U_BUFFER_OVERFLOW_ERROR;  // there is more to come
+  const char* limit = source;
+  while (error == U_BUFFER_OVERFLOW_ERROR || limit < end) {
+    if (stop.stop_requested()) return text;
+    if (source == limit) limit += std::min(kPiece, static_cast<std::size_t>(end - limit));
+    UChar* target = units.data();
+    error = U_ZERO_ERROR;
+    ucnv_toUnicode(converter, &target, units.data() + units.size(), &source, limit, nullptr, limit == end,
+                   &error);
+    text.append(units.data(), static_cast<std::int32_t>(target - units.data()));
+    if (U_FAILURE(error) && error != U_BUFFER_OVERFLOW_ERROR) return text;
+  }
+  return text;
+}
+
 /// By ICU's converter; nothing but U+FFFD for a converter that this ICU lacks.
-icu::UnicodeString convert(std::string_view bytes, const char* converterName) {
+icu::UnicodeString convert(std::string_view bytes, const char* converterName, const std::stop_token& stop) {
   UErrorCode error = U_ZERO_ERROR;
   const icu::LocalUConverterPointer converter(ucnv_open(converterName, &error));
   // Windows writes the euro sign so in its character set for Chinese, which pages call GB 2312.
@@ -107,7 +131,7 @@ icu::UnicodeString convert(std::string_view bytes, const char* converterName) {
   const bool* euroAt80 = std::string_view(converterName) == "gb18030" ? &kYes : nullptr;
   ucnv_setToUCallBack(converter.getAlias(), replaceBadBytes, euroAt80, nullptr, nullptr, &error);
   if (U_FAILURE(error)) return {kReplacementUnit};
-  return {bytes.data(), icuLength(bytes), converter.getAlias(), error};
+  return convertPieces(converter.getAlias(), bytes, stop);
 }
 
 // Latin-10 from A0 on: the only single-byte set that ICU does not have.
@@ -127,7 +151,7 @@ std::array<char16_t, 128> upperHalf(const Encoding& encoding) {
   if (encoding.form != EncodingForm::singleByte) return table;
   std::string bytes(table.size(), '\0');
   for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(0x80 + i);
-  const icu::UnicodeString characters = convert(bytes, encoding.converter);
+  const icu::UnicodeString characters = convert(bytes, encoding.converter, {});
   for (std::size_t i = 0; i < table.size(); ++i) {
     table[i] =
         characters.length() == 128 ? characters.charAt(static_cast<std::int32_t>(i)) : kReplacementUnit;
@@ -158,11 +182,11 @@ std::string decodeSingleByte(std::string_view bytes, const std::array<char16_t, 
   }
 }
 
-std::string decodeBy(const Encoding& encoding, std::string bytes) {
-  if (encoding.form == EncodingForm::utf8) return replaceBadUtf8(std::move(bytes));
+std::string decodeBy(const Encoding& encoding, std::string bytes, const std::stop_token& stop) {
+  if (encoding.form == EncodingForm::utf8) return replaceBadUtf8(std::move(bytes), stop);
   if (encoding.form == EncodingForm::utf16 || encoding.form == EncodingForm::multiByte) {
     std::string result;
-    convert(bytes, encoding.converter).toUTF8String(result);
+    convert(bytes, encoding.converter, stop).toUTF8String(result);
     return result;
   }
   // All others extend ASCII by a byte for a character.
@@ -184,10 +208,10 @@ std::string foldCase(std::string_view utf8) {
   return folded;
 }
 
-std::string decodePage(std::string bytes, std::string_view contentType) {
+std::string decodePage(std::string bytes, std::string_view contentType, std::stop_token stop) {
   const PageEncoding found = pageEncoding(bytes, contentType);
   bytes.erase(0, found.markLength);
-  return replaceNuls(decodeBy(*found.encoding, std::move(bytes)));
+  return replaceNuls(decodeBy(*found.encoding, std::move(bytes), stop));
 }
 
 std::string decodeUtf8(std::string bytes) {

@@ -1,6 +1,7 @@
 // Character sets and case, by Unicode's rules.
 #pragma once
 
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,8 @@ std::string foldCase(std::string_view utf8);
 /// none. A meta declaration of UTF-16 means UTF-8, since it could be read. Bad bytes and U+0000 become
 /// U+FFFD; a byte-order mark is dropped. The result is always valid UTF-8. `contentType` is the whole header
 /// value ("text/html; charset=utf-8"), empty when there was none.
-std::string decodePage(std::string bytes, std::string_view contentType);
+/// A stop ends the work early; what was decoded until then comes back.
+std::string decodePage(std::string bytes, std::string_view contentType, std::stop_token stop = {});
 
 /// Bytes read as UTF-8: bad ones become U+FFFD, a byte-order mark is dropped.
 std::string decodeUtf8(std::string bytes);
