@@ -111,7 +111,7 @@ struct Trap {
   std::string_view second;  // and by the megabyte
 
   std::string markup() const {
-    return std::string(once) + repeated(first, 150'000) + filledWith(second, 6 * kMegabyte);
+    return std::string(once) + repeated(first, 150'000) + filledWith(second, 2 * kMegabyte);
   }
 };
 

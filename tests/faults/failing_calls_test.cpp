@@ -74,9 +74,9 @@ TEST_F(FailingCalls, EditsAreDoneOrReported) {
                              {"edit", "shop", "--name", "store", "--url", "http://b.test/"},
                              {"filters", "shop", "--add", "/second/"},
                              {"add", "store", "http://b.test/"}};
-  const Failure failures[] = {{"write", "ENOSPC"},    {"fsync", "EIO"},    {"linkat", "ENOSPC"},
-                              {"/^rename", "EIO"},    {"mkdir", "ENOSPC"}, {"fchmod", "EPERM"},
-                              {"openat", "EIO", true}};
+  const Failure failures[] = {{"write", "ENOSPC"},       {"fsync", "EIO"},       {"linkat", "ENOSPC"},
+                              {"/^rename(at)?$", "EIO"}, {"renameat2", "EIO"},   {"mkdir", "ENOSPC"},
+                              {"fchmod", "EPERM"},       {"openat", "EIO", true}};
   for (const Arguments& edit : edits) {
     reset();
     const auto reference = run(edit);
@@ -141,9 +141,9 @@ TEST_F(FailingCalls, ScansKeepWhatTheyCouldWrite) {
     int step;                  // from one failing call to the next
     bool mayBeSilent = false;  // some of the calls are for the reasons kept beside the site, or for leftovers
   };
-  const Case cases[] = {{{"write", "ENOSPC", true}, 9}, {{"openat", "EMFILE", true}, 9, true},
-                        {{"fsync", "EIO", true}, 2},    {{"fsync", "EIO"}, 5, true},
-                        {{"/^rename", "EIO"}, 3, true}, {{"linkat", "ENOSPC"}, 4, true}};
+  const Case cases[] = {{{"write", "ENOSPC", true}, 9},       {{"openat", "EMFILE", true}, 9, true},
+                        {{"fsync", "EIO", true}, 2},          {{"fsync", "EIO"}, 5, true},
+                        {{"/^rename(at)?$", "EIO"}, 3, true}, {{"linkat", "ENOSPC"}, 4, true}};
   for (const auto& [failure, step, mayBeSilent] : cases) {
     for (int n = 1;; n += step) {
       SCOPED_TRACE(std::string(failure.calls) + " " + std::to_string(n));

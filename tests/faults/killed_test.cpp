@@ -66,7 +66,7 @@ void expectNothingLost(const Snapshot& now, const Snapshot& before, const Snapsh
 }
 
 TEST_F(Killed, ScansLoseNothing) {
-  const support::SiteServer server(manyPages(120));
+  const support::SiteServer server(manyPages(80));
   prepare({"add", "shop", server.url()});
   const Snapshot fresh = snapshotOf(site());
   const Arguments scan = {"scan", "shop", "--progress", "none"};

@@ -8,16 +8,11 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTableView>
-#include <QTimer>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
 
 #include "platform/files.h"
 #include "platform/qt_text.h"
+#include "scan_steps.h"
 #include "store/site_record.h"
-#include "support/site_server.h"
-#include "window_test.h"
 
 namespace window_tests {
 
@@ -25,85 +20,6 @@ namespace {
 
 using support::ServedPage;
 using support::SiteServer;
-
-const QString kShop = QStringLiteral("Shop");
-const QString kConnecting = QStringLiteral("establishConnectionSheet");
-const QString kProgress = QStringLiteral("scanCustomAlertPanel");
-const QString kRunning = QStringLiteral("A scan is running.");
-const QString kLooping = QStringLiteral("There may be an issue with the site you are scanning.");
-const QString kKeep = QStringLiteral("Keep Scanning");
-const QString kStop = QStringLiteral("Stop and Quit");
-constexpr const char* kLoop = "loop?a?b?c?d";
-
-ServedPage page(const std::string& title, const std::vector<std::string>& links) {
-  std::string body = "<html><head><title>" + title + "</title></head><body>";
-  for (const std::string& link : links) body += "<a href=\"" + link + "\">" + link + "</a>";
-  return {body + "</body></html>"};
-}
-
-/// Four pages, of which one is broken.
-SiteServer::Pages smallSite() {
-  return {{"/", page("Start", {"a.html", "b.html", "private/c.html"})},
-          {"/a.html", page("A", {"gone.html", "a.html"})},
-          {"/b.html", page("B", {})},
-          {"/private/c.html", page("C", {})}};
-}
-
-/// A site one page of which is answered only when the test says so.
-class SlowSite {
- public:
-  SlowSite(SiteServer::Pages pages, std::string slowTarget)
-      : m_pages(std::move(pages)),
-        m_slowTarget(std::move(slowTarget)),
-        m_server([this](const std::string& target, int) { return answer(target); }) {}
-  ~SlowSite() { release(); }
-
-  std::string url(const std::string& path = {}) const { return m_server.url(path); }
-  void release() {
-    const std::lock_guard lock(m_mutex);
-    m_released = true;
-    m_changed.notify_all();
-  }
-  /// Whether somebody waits for the slow page.
-  bool isWaitedFor() const {
-    const std::lock_guard lock(m_mutex);
-    return m_waitedFor && !m_released;
-  }
-
- private:
-  ServedPage answer(const std::string& target) {
-    if (target == m_slowTarget) {
-      std::unique_lock lock(m_mutex);
-      m_waitedFor = true;
-      m_changed.wait_for(lock, std::chrono::milliseconds(3 * kPatience), [this] { return m_released; });
-    }
-    const auto found = m_pages.find(target);
-    return found == m_pages.end() ? ServedPage{.status = 404} : found->second;
-  }
-
-  const SiteServer::Pages m_pages;
-  const std::string m_slowTarget;
-  mutable std::mutex m_mutex;  // guards what follows, up to the server
-  std::condition_variable m_changed;
-  bool m_waitedFor = false;
-  bool m_released = false;
-  SiteServer m_server;  // last, since its threads use the rest
-};
-
-void openWithShop(Desk& desk, const std::string& url) {
-  desk.makeSite("Shop", url);
-  desk.open();
-  desk.select(kShop);
-}
-
-bool scanHasEnded(const Desk& desk) {
-  return comesTrue([&] { return desk.enabled("scanSiteButton"); });
-}
-
-bool scan(const Desk& desk) {
-  return desk.click("scanSiteButton") && !desk.enabled("scanSiteButton") && scanHasEnded(desk) &&
-         noSheetLeft();
-}
 
 QStringList shownLinks(const Desk& desk) {
   const QAbstractItemModel& model = *desk.control<QListView>("scannedLinksViewer").model();
@@ -121,25 +37,6 @@ QStringList addresses(const std::string& base, const QStringList& paths) {
 QString counter(const char* name) {
   const QDialog* sheet = topSheet();
   return sheet == nullptr ? QString() : platform::control<QLabel>(*sheet, name).text();
-}
-
-int messagesUp() {
-  int count = 0;
-  for (const QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->isVisible() && qobject_cast<const QMessageBox*>(widget) != nullptr) ++count;
-  }
-  return count;
-}
-
-/// Whether the program quits once `act` is done. `act` tells whether it could be done.
-bool quits(const std::function<bool()>& act) {
-  QTimer deadline;
-  QObject::connect(&deadline, &QTimer::timeout, &deadline, [] { QCoreApplication::exit(1); });
-  deadline.start(kPatience);
-  QTimer::singleShot(0, &deadline, [&] {
-    if (!act()) QCoreApplication::exit(2);
-  });
-  return QApplication::exec() == 0;
 }
 
 }  // namespace
@@ -165,12 +62,6 @@ class ScanWindowTest : public QObject {
   void refusesASiteThatIsScannedElsewhere();
   void tellsOfALostDocument();
   void noticesASiteWithoutEnd();
-  void asksOnceBeforeQuitting_data();
-  void asksOnceBeforeQuitting();
-  void quitsAfterTheScanHasEndedBehindTheQuestion_data();
-  void quitsAfterTheScanHasEndedBehindTheQuestion();
-  void quitsAtOnceWithoutAScan();
-  void endsAScanWithTheWindow();
 };
 
 void ScanWindowTest::scansFromTheButtonToTheFinalCounts() {
@@ -364,7 +255,7 @@ void ScanWindowTest::stopsWhileConnecting() {
   pressEscape(*sheet);
   QVERIFY(scanHasEnded(desk));
   QVERIFY(noSheetLeft());
-  QCOMPARE(messagesUp(), 0);
+  QVERIFY(topSheet() == nullptr);
   QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
 }
 
@@ -479,107 +370,6 @@ void ScanWindowTest::noticesASiteWithoutEnd() {
   QVERIFY(notice.text().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
   QVERIFY(desk.select(QStringLiteral("Blog")));
   QVERIFY(!notice.isVisible());
-}
-
-void ScanWindowTest::asksOnceBeforeQuitting_data() {
-  QTest::addColumn<QString>("slowPage");
-  QTest::addColumn<QString>("sheet");
-  QTest::addColumn<bool>("stop");
-  for (const bool stop : {false, true}) {
-    const char* what = stop ? "stop" : "keep";
-    QTest::addRow("connecting, %s", what) << QStringLiteral("/") << kConnecting << stop;
-    QTest::addRow("scanning, %s", what) << QStringLiteral("/b.html") << kProgress << stop;
-    QTest::addRow("looping, %s", what) << QStringLiteral("(none)") << QString() << stop;
-  }
-}
-
-void ScanWindowTest::asksOnceBeforeQuitting() {
-  QFETCH(const QString, slowPage);
-  QFETCH(const QString, sheet);
-  QFETCH(const bool, stop);
-  SiteServer::Pages pages = smallSite();
-  if (sheet.isEmpty()) pages["/"] = page("Start", {kLoop});
-  SlowSite site(pages, platform::toUtf8(slowPage));
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(sheet.isEmpty() ? message(kLooping) : sheetNamed(sheet));
-
-  if (sheet.isEmpty()) {
-    desk.window().close();
-  } else {
-    QTest::keyClick(topSheet(), Qt::Key_Q, Qt::ControlModifier);
-  }
-  QMessageBox* question = message(kRunning);
-  QVERIFY(question);
-  QVERIFY(hasButtons(*question, {kStop, kKeep}));
-  const int messages = messagesUp();
-  desk.window().close();
-  QCOMPARE(messagesUp(), messages);
-  QVERIFY(desk.window().isVisible());
-  if (stop) {
-    QVERIFY(quits([&] { return answer(question, kStop); }));
-    QVERIFY(!desk.window().isVisible());
-    QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
-    return;
-  }
-  QVERIFY(answer(question, kKeep));
-  QVERIFY(sheet.isEmpty() ? message(kLooping) : sheetNamed(sheet));
-  site.release();
-  if (sheet.isEmpty()) QVERIFY(answer(message(kLooping), QStringLiteral("Continue")));
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(desk.window().isVisible());
-  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), QStringLiteral("Scanned \"Shop\""));
-}
-
-void ScanWindowTest::quitsAfterTheScanHasEndedBehindTheQuestion_data() {
-  QTest::addColumn<bool>("stop");
-  QTest::newRow("keep") << false;
-  QTest::newRow("stop") << true;
-}
-
-void ScanWindowTest::quitsAfterTheScanHasEndedBehindTheQuestion() {
-  QFETCH(const bool, stop);
-  SlowSite site(smallSite(), "/b.html");
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(sheetNamed(kProgress));
-  desk.window().close();
-  QVERIFY(message(kRunning));
-  site.release();
-  QVERIFY(scanHasEnded(desk));
-  QMessageBox* question = message(kRunning);
-  QVERIFY(question);
-  if (stop) {
-    QVERIFY(quits([&] { return answer(question, kStop); }));
-    return;
-  }
-  QVERIFY(answer(question, kKeep));
-  QVERIFY(noSheetLeft());
-  QVERIFY(desk.window().isVisible());
-  QVERIFY(scan(desk));
-}
-
-void ScanWindowTest::quitsAtOnceWithoutAScan() {
-  Desk desk;
-  openWithShop(desk, "http://shop.test/");
-  desk.window().resize(1000, 700);
-  QVERIFY(quits([&] { return QTest::keyClick(&desk.window(), Qt::Key_Q, Qt::ControlModifier), true; }));
-  QVERIFY(!desk.window().isVisible());
-  desk.close();
-  desk.open();
-  QCOMPARE(desk.window().size(), QSize(1000, 700));
-}
-
-void ScanWindowTest::endsAScanWithTheWindow() {
-  const SlowSite site(smallSite(), "/b.html");
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
-  desk.close();
-  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
 }
 
 }  // namespace window_tests

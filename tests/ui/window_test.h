@@ -43,7 +43,7 @@ void pressEscape(QDialog& sheet);
 
 /// A user's home directory, and the window once open() was called.
 class Desk {
-  support::TempFolder m_home;
+  support::TempFolder m_home;  // first, since what follows lies in it
 
  public:
   Desk();
