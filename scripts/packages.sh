@@ -12,13 +12,13 @@ build_packages=(
   libcurl4-openssl-dev
   libicu-dev
   libpcre2-dev
-  libqt6svg6-dev
   libssl-dev # cpp-httplib is built with TLS
   libxml2-dev
   ninja-build
   nlohmann-json3-dev
   pkg-config
   qt6-base-dev
+  qt6-svg-dev
   util-linux # flock, unshare
 )
 
