@@ -18,7 +18,8 @@ WORDS = """mill wheel stone river flour grain miller sack hoist water sluice gea
 market village bridge meadow barn harvest season autumn winter spring summer repair timber oak iron smith rope
 ladder window visitor museum archive drawing letter ledger account tax toll owner tenant family daughter
 apprentice journey road wagon horse morning evening weather storm flood drought record measure weight bushel
-opening hours ticket school group guide tour story photograph exhibition workshop recipe rye wheat barley oats""".split()
+opening hours ticket school group guide tour story photograph exhibition workshop recipe rye wheat barley
+oats""".split()
 
 
 class Site:
