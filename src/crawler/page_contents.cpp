@@ -30,10 +30,18 @@ std::size_t sizeOf(const std::vector<platform::MarkupAttribute>& attributes) {
   return sum;
 }
 
+/// Markup of other languages within a page has prefixed names ("svg:a"). Its links are links too, as they are
+/// for a reader of the page's tree, where the prefix is no part of the name.
+std::string_view withoutPrefix(std::string_view name) {
+  const std::size_t colon = name.find(':');
+  return colon == 0 || colon == std::string_view::npos ? name : name.substr(colon + 1);
+}
+
 class ContentsCollector : public platform::MarkupHandler {
  public:
-  void startElement(std::string_view name,
+  void startElement(std::string_view qualifiedName,
                     const std::vector<platform::MarkupAttribute>& attributes) override {
+    const std::string_view name = withoutPrefix(qualifiedName);
     noteFirstChild(name, attributes);
     ++m_depth;
     if (name == "a") {
@@ -45,7 +53,7 @@ class ContentsCollector : public platform::MarkupHandler {
   }
 
   void endElement(std::string_view name) override {
-    if (name == "a") endAnchor();
+    if (withoutPrefix(name) == "a") endAnchor();
     if (m_depth == m_titleDepth) m_titleDepth = 0;
     --m_depth;
   }

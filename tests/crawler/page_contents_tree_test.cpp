@@ -52,6 +52,8 @@ TEST(OnePassAgainstTree, OddMarkup) {
       "<svg><a xlink:href=1 href=2><title>drawn</title></a></svg>",
       "<a href=1>\xEF\xBF\xBD\xC2\x85\x01\x02</a>",
       "<p>a</p>text<a href=1></a><br/><a href=2/>x",
+      "<svg:a href=1>x<a href=2>y</svg:a>z</a><x:title>t</x:title><title>u</title>",
+      "<a href=1><v:img alt=t></v:img></a><:a href=2>x</:a><a: href=3>y</a:><b:c:a href=4>z<a:a",
       "<!DOCTYPE html [<!ENTITY x 'y'>]><a href=1>&x;</a>",
       "<?xml version='1.0' encoding='utf-16'?><html><title>t</title><a href='1'/></html>",
   };
