@@ -53,8 +53,10 @@ class Bench:
     def fresh_folder(self):
         shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir(parents=True)
-        yield self.folder
-        shutil.rmtree(self.folder)
+        try:
+            yield self.folder
+        finally:
+            shutil.rmtree(self.folder, ignore_errors=True)
 
     def run(self, job):
         with self.fresh_folder():

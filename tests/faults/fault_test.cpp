@@ -59,7 +59,8 @@ support::SiteServer::Pages manyPages(int count) {
     std::vector<std::string> links;
     for (const int step : {1, 2, 3, 7, 11, 31}) links.push_back(name(number + step));
     if (number % 10 == 0) links.push_back("broken" + std::to_string(number) + ".html");
-    const std::string title = "Page " + std::to_string(number) + std::string(number % 40, 'x');
+    const std::string title =
+        "Page " + std::to_string(number) + std::string(static_cast<std::size_t>(number % 40), 'x');
     const std::string target = number == 0 ? "/" : "/" + name(number);
     pages[target] = {.body = page(title, links), .lastModified = "Mon, 02 Mar 2020 10:00:00 GMT"};
   }

@@ -71,7 +71,7 @@ TEST_F(FullDisk, ScansKeepWhatStillFits) {
   const Snapshot before = snapshotOf(site());
 
   // The old documents make room as the new ones are started, so even 0 lets a scan come a bit further.
-  for (const std::size_t room : {0, 10'000, 40'000, 100'000, 200'000, 300'000}) {
+  for (const std::size_t room : {0u, 10'000u, 40'000u, 100'000u, 200'000u, 300'000u}) {
     SCOPED_TRACE(room);
     leaveRoomFor(room);
     const auto result = run({"scan", "shop"});
