@@ -12,16 +12,16 @@
 namespace {
 
 /// A file of `size` bytes that goes with this object.
-class GrowingFile {
+class SampleFile {
  public:
-  explicit GrowingFile(std::size_t size)
+  explicit SampleFile(std::size_t size)
       : m_path(std::filesystem::temp_directory_path() / ("veskel-append-" + std::to_string(getpid()))),
         m_size(size) {
     m_made = platform::replaceFile(m_path, std::string(size, 'x'));
   }
-  ~GrowingFile() { static_cast<void>(platform::removeFile(m_path)); }
-  GrowingFile(const GrowingFile&) = delete;
-  GrowingFile& operator=(const GrowingFile&) = delete;
+  ~SampleFile() { static_cast<void>(platform::removeFile(m_path)); }
+  SampleFile(const SampleFile&) = delete;
+  SampleFile& operator=(const SampleFile&) = delete;
 
   bool made() const { return m_made.ok(); }
   const std::filesystem::path& path() const { return m_path; }
@@ -38,13 +38,14 @@ class GrowingFile {
 };
 
 /// A cell of an all-links sitemap is some 3 KB for a page of 40 links.
-void appendToFile(benchmark::State& state) {
-  const GrowingFile file(static_cast<std::size_t>(state.range(0)));
+void appendCell(benchmark::State& state) {
+  const SampleFile file(static_cast<std::size_t>(state.range(0)));
+  platform::FileAppender appender(file.path());
   const std::string cell(3'000, 'y');
   constexpr int kCellsUntilCut = 10'000;  // or a long run would fill the disk
   int cells = 0;
   for (auto _ : state) {
-    if (!file.made() || !platform::appendToFile(file.path(), cell).ok()) {
+    if (!file.made() || !appender.append(cell).ok()) {
       state.SkipWithError("the file could not be written");
       break;
     }
@@ -55,6 +56,6 @@ void appendToFile(benchmark::State& state) {
   }
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(cell.size()));
 }
-BENCHMARK(appendToFile)->Arg(1'000)->Arg(100'000'000);
+BENCHMARK(appendCell)->Arg(1'000)->Arg(100'000'000);
 
 }  // namespace

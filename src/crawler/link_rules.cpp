@@ -132,8 +132,7 @@ bool isFolderOfKnownIndex(std::string_view link, const PageQueue& known, Allowed
   const platform::UriParts parts = platform::splitUri(link);
   if (parts.query || parts.path.find('.') != std::string_view::npos) return false;
   const std::string_view index = link.ends_with('/') ? "index" : "/index";
-  return std::any_of(media.begin(), media.end(),
-                     [&](std::string_view extension) { return known.contains(link, index, extension); });
+  return known.containsAny(link, index, media);
 }
 
 std::string withPath(std::string link) {

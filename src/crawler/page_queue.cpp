@@ -52,7 +52,19 @@ bool PageQueue::append(std::string_view url) {
 }
 
 bool PageQueue::contains(std::string_view first, std::string_view second, std::string_view third) const {
-  const std::uint64_t hash = hashOf(first, second, third);
+  return find(hashOf(first, second, third), first, second, third);
+}
+
+bool PageQueue::containsAny(std::string_view first, std::string_view second,
+                            std::span<const std::string_view> endings) const {
+  const std::uint64_t common = mixIn(mixIn(m_seed, first), second);
+  return std::any_of(endings.begin(), endings.end(), [&](std::string_view ending) {
+    return find(finish(mixIn(common, ending)), first, second, ending);
+  });
+}
+
+bool PageQueue::find(std::uint64_t hash, std::string_view first, std::string_view second,
+                     std::string_view third) const {
   const std::size_t mask = m_slots.size() - 1;
   for (std::size_t at = hash & mask; m_slots[at].entry != 0; at = (at + 1) & mask) {
     const Slot& slot = m_slots[at];

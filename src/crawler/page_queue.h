@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -26,12 +27,18 @@ class PageQueue {
   /// Whether the address made of the three pieces one after the other is known. Comparison is by bytes.
   bool contains(std::string_view first, std::string_view second = {}, std::string_view third = {}) const;
 
+  /// Whether contains() would say so with any of the `endings` as its third piece.
+  bool containsAny(std::string_view first, std::string_view second,
+                   std::span<const std::string_view> endings) const;
+
  private:
   struct Slot {
     std::uint32_t hash = 0;   // upper half, to tell most entries apart without a look at their text
     std::uint32_t entry = 0;  // index + 1; 0 is a free slot
   };
 
+  bool find(std::uint64_t hash, std::string_view first, std::string_view second,
+            std::string_view third) const;
   std::uint64_t hashOf(std::string_view first, std::string_view second, std::string_view third) const;
   std::string_view store(std::string_view url);
   void grow();

@@ -39,9 +39,9 @@ ReadAheadPages::~ReadAheadPages() {
 }
 
 void ReadAheadPages::expect(std::string_view url) {
-  const std::lock_guard lock(m_mutex);
+  std::unique_lock lock(m_mutex);
   m_expected.push_back(url);
-  fillWindow();
+  if (fillWindow()) offerWork(lock);
 }
 
 std::shared_ptr<const FetchedPage> ReadAheadPages::page([[maybe_unused]] std::string_view url,
@@ -52,15 +52,16 @@ std::shared_ptr<const FetchedPage> ReadAheadPages::page([[maybe_unused]] std::st
   assert(!m_window.empty() && m_window.front().document->address == withoutFragment(url));
   m_inHand = true;
   const DocumentPointer document = m_window.front().document;
-  m_work.notify_one();  // a page too large to be fetched ahead may be visited now
+  offerWork(lock);
   if (!m_ready.wait(lock, stop, [&] { return document->visit == Task::done; })) {
     m_stop.request_stop();
     return pageWithout(platform::FetchFailure::stopped);
   }
   if (document->waits) {
+    const bool wasFull = m_bytesWaiting >= m_limits.bytes;
     document->waits = false;
     m_bytesWaiting -= document->bytes;
-    m_work.notify_one();
+    if (wasFull) offerWork(lock);
   }
   return document->page;
 }
@@ -78,12 +79,33 @@ void ReadAheadPages::work() {
   std::unique_lock lock(m_mutex);
   DocumentPointer document;
   const auto find = [&] { return (document = nextToVisit()) != nullptr; };
-  while (m_work.wait(lock, m_stop.get_token(), find) && !m_stop.stop_requested()) {
+  for (;;) {
+    ++m_idle;
+    const bool found = m_work.wait(lock, m_stop.get_token(), find);
+    --m_idle;
+    if (!found || m_stop.stop_requested()) return;
     document->visit = Task::running;
-    if (nextToVisit()) m_work.notify_one();
+    offerWork(lock);
     visit(document, lock);
     if (document->date == Task::running) askForDate(document, lock);
   }
+}
+
+/// Wakes a thread that waits for work when there is some. The lock is let go of meanwhile, or the thread
+/// would wake up only to wait for it.
+void ReadAheadPages::offerWork(std::unique_lock<std::mutex>& lock) {
+  if (m_idle == 0 || !nextToVisit()) return;
+  lock.unlock();
+  m_work.notify_one();
+  lock.lock();
+}
+
+/// Wakes the crawl if this is what it waits for.
+void ReadAheadPages::tellReady(const Document& document, std::unique_lock<std::mutex>& lock) {
+  if (!m_inHand || m_window.front().document.get() != &document) return;
+  lock.unlock();
+  m_ready.notify_one();
+  lock.lock();
 }
 
 /// The first entry always may be visited, whatever else is held: the crawl waits for it.
@@ -114,7 +136,7 @@ void ReadAheadPages::visit(const DocumentPointer& document, std::unique_lock<std
   if (page->failure == platform::FetchFailure::tooLarge && !inTurn) {
     document->onlyInTurn = true;
     document->visit = Task::open;
-    m_work.notify_one();  // its turn may have come meanwhile
+    offerWork(lock);  // its turn may have come meanwhile
     return;
   }
   document->page = page;
@@ -123,7 +145,7 @@ void ReadAheadPages::visit(const DocumentPointer& document, std::unique_lock<std
   m_bytesWaiting += document->bytes;
   document->visit = Task::done;
   if (wantsDate(*page)) document->date = Task::running;
-  m_ready.notify_one();
+  tellReady(*document, lock);
 }
 
 void ReadAheadPages::askForDate(const DocumentPointer& document, std::unique_lock<std::mutex>& lock) {
@@ -132,10 +154,12 @@ void ReadAheadPages::askForDate(const DocumentPointer& document, std::unique_loc
   lock.lock();
   document->lastModified = std::move(lastModified);
   document->date = Task::done;
-  m_ready.notify_one();
+  tellReady(*document, lock);
 }
 
-void ReadAheadPages::fillWindow() {
+/// True when entries came in.
+bool ReadAheadPages::fillWindow() {
+  const std::size_t before = m_entered;
   while (!m_expected.empty() && m_window.size() <= m_limits.pages &&
          (m_limits.maxPages == 0 || m_entered < m_limits.maxPages)) {
     const std::string_view url = m_expected.front();
@@ -143,8 +167,8 @@ void ReadAheadPages::fillWindow() {
     m_window.push_back({documentAt(url), looksLikeLoop(url)});
     ++m_window.back().document->entries;
     ++m_entered;
-    m_work.notify_one();
   }
+  return m_entered != before;
 }
 
 void ReadAheadPages::leaveEntryInHand() {

@@ -66,12 +66,14 @@ class ReadAheadPages : public PageSource {
     bool mayLoop;  // raises the looping warning, if it is still to be raised
   };
 
-  // With m_mutex held, and all but visit() and askForDate() without letting go of it.
+  // With m_mutex held. Those that take the lock let go of it meanwhile.
   void work();
+  void offerWork(std::unique_lock<std::mutex>& lock);
+  void tellReady(const Document& document, std::unique_lock<std::mutex>& lock);
   DocumentPointer nextToVisit() const;
   void visit(const DocumentPointer& document, std::unique_lock<std::mutex>& lock);
   void askForDate(const DocumentPointer& document, std::unique_lock<std::mutex>& lock);
-  void fillWindow();
+  bool fillWindow();
   void leaveEntryInHand();
   void remember(const DocumentPointer& document);
   void forgetOldest();
@@ -91,6 +93,7 @@ class ReadAheadPages : public PageSource {
   std::size_t m_bytesWaiting = 0;
   std::size_t m_bytesRemembered = 0;
   std::size_t m_entered = 0;  // entries that came into the window, ever
+  int m_idle = 0;             // threads that wait for work
   bool m_inHand = false;      // the first entry of the window was asked for
   bool m_loopingArmed = true;
 

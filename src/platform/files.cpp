@@ -157,17 +157,6 @@ FileResult writeWhole(int descriptor, std::string_view text, const struct stat* 
   return written.ok() ? sync(descriptor) : written;
 }
 
-FileResult syncFolder(const fs::path& folder) {
-  const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
-  if (!descriptor.isOpen()) return errno == EACCES ? FileResult{} : failure(errno);
-  if (withoutInterruption([&] { return fsync(descriptor.number()); }) == 0) return {};
-  // Not every file system can do this. Where none can, nothing better is to be had.
-  if (errno == EINVAL || errno == EOPNOTSUPP) return {};
-  FileResult result = failure(errno);
-  result.error = "the new content is in place, but its folder could not be synced: " + result.error;
-  return result;
-}
-
 /// `exists` or `busy` when somebody else came between: the caller tries again.
 FileResult replaceOnce(const fs::path& file, std::string_view text, const struct stat* replaced) {
   removeLeftovers(folderOf(file));
@@ -217,21 +206,20 @@ FileResult replaceFile(const fs::path& path, std::string_view text) {
   return result.ok() ? syncFolder(folderOf(file)) : result;
 }
 
-FileResult appendToFile(const fs::path& file, std::string_view text) {
-  const Descriptor descriptor(file, O_WRONLY | O_APPEND);
-  struct stat status {};
-  if (!descriptor.isOpen() || fstat(descriptor.number(), &status) != 0) return failure(errno);
-  FileResult result = writeAll(descriptor.number(), text);
-  if (result.ok()) return result;
-  if (withoutInterruption([&] { return ftruncate(descriptor.number(), status.st_size); }) != 0) {
-    result.error += "; the file could not be cut back: " + failure(errno).error;
-  }
-  return result;
-}
-
 FileResult syncFile(const fs::path& file) {
   const Descriptor descriptor(file, O_RDONLY);
   return descriptor.isOpen() ? sync(descriptor.number()) : failure(errno);
+}
+
+FileResult syncFolder(const fs::path& folder) {
+  const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+  if (!descriptor.isOpen()) return errno == EACCES ? FileResult{} : failure(errno);
+  if (withoutInterruption([&] { return fsync(descriptor.number()); }) == 0) return {};
+  // Not every file system can do this. Where none can, nothing better is to be had.
+  if (errno == EINVAL || errno == EOPNOTSUPP) return {};
+  FileResult result = failure(errno);
+  result.error = "the new content is in place, but its folder could not be synced: " + result.error;
+  return result;
 }
 
 FileResult makeFolder(const fs::path& folder) {
@@ -292,6 +280,35 @@ std::vector<std::string> filesBelow(const fs::path& folder) {
   }
   std::sort(files.begin(), files.end());
   return files;
+}
+
+FileAppender::FileAppender(FileAppender&& other) noexcept
+    : m_file(std::move(other.m_file)),
+      m_descriptor(std::exchange(other.m_descriptor, -1)),
+      m_device(other.m_device),
+      m_inode(other.m_inode) {}
+
+FileResult FileAppender::append(std::string_view text) {
+  struct stat status {};
+  if (stat(m_file.c_str(), &status) != 0) return failure(errno);
+  if (m_descriptor < 0 || status.st_dev != m_device || status.st_ino != m_inode) {
+    close();
+    m_descriptor = withoutInterruption([&] { return open(m_file.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC); });
+    if (m_descriptor < 0 || fstat(m_descriptor, &status) != 0) return failure(errno);
+    m_device = status.st_dev;
+    m_inode = status.st_ino;
+  }
+  FileResult result = writeAll(m_descriptor, text);
+  if (result.ok()) return result;
+  if (withoutInterruption([&] { return ftruncate(m_descriptor, status.st_size); }) != 0) {
+    result.error += "; the file could not be cut back: " + failure(errno).error;
+  }
+  return result;
+}
+
+void FileAppender::close() {
+  if (m_descriptor >= 0) ::close(m_descriptor);
+  m_descriptor = -1;
 }
 
 FolderLock::FolderLock(const fs::path& folder)

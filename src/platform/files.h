@@ -1,10 +1,12 @@
 // Reading and writing whole files so that nothing is lost: atomic replacement, append with cut-back, locks.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -43,13 +45,12 @@ FileContent readFile(const std::filesystem::path& file);
 /// Devices and pipes are refused.
 FileResult replaceFile(const std::filesystem::path& file, std::string_view text);
 
-/// Adds `text` to the end of an existing file; a missing one is not created (`missing`). The cost does not
-/// depend on the file's size. When a write fails or comes up short the file is cut back to its old length.
-/// Nothing is synced here: call syncFile() once the last piece is in.
-FileResult appendToFile(const std::filesystem::path& file, std::string_view text);
-
 /// Puts the content of an existing file on disk for good.
 FileResult syncFile(const std::filesystem::path& file);
+
+/// Puts a folder's entries on disk for good: what was made, renamed or removed in it. Where the file system
+/// cannot do that, or the folder may not be read, nothing is done.
+FileResult syncFolder(const std::filesystem::path& folder);
 
 /// Makes one folder; its parent has to exist. `exists` when anything stands at the path.
 FileResult makeFolder(const std::filesystem::path& folder);
@@ -74,6 +75,32 @@ bool somethingAt(const std::filesystem::path& path);
 /// sorted by byte order. Folders that cannot be read are passed over and symbolic links to folders are not
 /// followed. Empty when there is no such folder.
 std::vector<std::string> filesBelow(const std::filesystem::path& folder);
+
+/// Adds to the end of one existing file, piece by piece. The file stays open between the pieces, and each one
+/// goes to what stands at the path then: a file that was replaced is found anew. One thread at a time.
+class FileAppender {
+ public:
+  /// Touches nothing yet.
+  explicit FileAppender(std::filesystem::path file) : m_file(std::move(file)) {}
+  ~FileAppender() { close(); }
+  FileAppender(FileAppender&& other) noexcept;
+  FileAppender& operator=(FileAppender&&) = delete;
+
+  const std::filesystem::path& file() const { return m_file; }
+
+  /// A missing file is not created (`missing`). The cost does not depend on the file's size. When a write
+  /// fails or comes up short the file is cut back to its old length. Nothing is synced here: call syncFile()
+  /// once the last piece is in.
+  FileResult append(std::string_view text);
+
+ private:
+  void close();
+
+  std::filesystem::path m_file;
+  int m_descriptor = -1;
+  std::uint64_t m_device = 0;  // of the file that is open
+  std::uint64_t m_inode = 0;
+};
 
 /// An advisory lock on a folder, shared by all programs that ask for it, without a file of its own.
 /// It ends with this object and with the process, however that dies.

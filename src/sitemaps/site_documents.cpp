@@ -7,15 +7,18 @@
 namespace sitemaps {
 
 SiteDocuments::SiteDocuments(std::filesystem::path siteFolder) : m_xml(siteFolder / kXmlSitemapFile) {
-  for (const Layout& layout : kLayouts) m_documents.push_back({layout, siteFolder / layout.fileName});
+  for (const Layout& layout : kLayouts) {
+    m_documents.push_back({layout, platform::FileAppender(siteFolder / layout.fileName)});
+  }
 }
 
 bool SiteDocuments::start() {
   for (Document& document : m_documents) {
     document.cellsInRow = 0;
-    note(document.path, platform::replaceFile(document.path, documentOpening(document.layout.columns)));
+    const std::filesystem::path& path = document.file.file();
+    note(path, platform::replaceFile(path, documentOpening(document.layout.columns)));
   }
-  note(m_xml, platform::replaceFile(m_xml, kXmlHeader));
+  note(m_xml.file(), platform::replaceFile(m_xml.file(), kXmlHeader));
   return m_problems.empty();
 }
 
@@ -32,28 +35,30 @@ void SiteDocuments::appendXml(std::string_view entry) {
 }
 
 void SiteDocuments::finish() {
-  for (const Document& document : m_documents) {
+  for (Document& document : m_documents) {
     // A row of the pages-only table closes by the count of the all-links table. The two differ only when a
     // page came without content and so shares the next page's cell there.
-    append(document.path, documentClosing(document.layout.columns, cellsInLinkRow(document.layout.columns)));
+    append(document.file, documentClosing(document.layout.columns, cellsInLinkRow(document.layout.columns)));
   }
   append(m_xml, kXmlClosing);
-  for (const Document& document : m_documents) note(document.path, platform::syncFile(document.path));
-  note(m_xml, platform::syncFile(m_xml));
+  for (const Document& document : m_documents) {
+    note(document.file.file(), platform::syncFile(document.file.file()));
+  }
+  note(m_xml.file(), platform::syncFile(m_xml.file()));
 }
 
 void SiteDocuments::appendCell(std::string_view block, Listing listing) {
   for (Document& document : m_documents) {
     if (document.layout.listing != listing) continue;
     const Cell cell = wrapCell(block, document.layout.columns, document.cellsInRow);
-    append(document.path, cell.text);
+    append(document.file, cell.text);
     document.cellsInRow = cell.cellsInRow;
   }
 }
 
-void SiteDocuments::append(const std::filesystem::path& file, std::string_view text) {
+void SiteDocuments::append(platform::FileAppender& file, std::string_view text) {
   // What does not fit would be missing in the middle if smaller pieces still went in behind it.
-  if (!isCutShort(file)) note(file, platform::appendToFile(file, text));
+  if (!isCutShort(file.file())) note(file.file(), file.append(text));
 }
 
 void SiteDocuments::note(const std::filesystem::path& file, const platform::FileResult& result) {

@@ -47,19 +47,19 @@ class SiteDocuments {
  private:
   struct Document {
     Layout layout;
-    std::filesystem::path path;
+    platform::FileAppender file;
     int cellsInRow = 0;
   };
 
   void appendCell(std::string_view block, Listing listing);
-  void append(const std::filesystem::path& file, std::string_view text);
+  void append(platform::FileAppender& file, std::string_view text);
   void note(const std::filesystem::path& file, const platform::FileResult& result);
   bool hasProblem(const std::filesystem::path& file) const;
   bool isCutShort(const std::filesystem::path& file) const;
   int cellsInLinkRow(int columns) const;
 
   std::vector<Document> m_documents;
-  std::filesystem::path m_xml;
+  platform::FileAppender m_xml;
   std::vector<FileProblem> m_problems;
 };
 

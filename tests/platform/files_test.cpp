@@ -179,20 +179,36 @@ TEST_F(Files, ReplacesPlainFilesOnly) {
 
 TEST_F(Files, AppendsToExistingFilesOnly) {
   put(in("f"), "one");
-  EXPECT_TRUE(appendToFile(in("f"), " two").ok());
-  EXPECT_TRUE(appendToFile(in("f"), "").ok());
+  FileAppender file(in("f"));
+  EXPECT_TRUE(file.append(" two").ok());
+  EXPECT_TRUE(file.append("").ok());
   EXPECT_TRUE(syncFile(in("f")).ok());
   EXPECT_EQ(readFile(in("f")).text, "one two");
-  EXPECT_EQ(appendToFile(in("none"), "x").status, FileStatus::missing);
+  EXPECT_EQ(FileAppender(in("none")).append("x").status, FileStatus::missing);
   EXPECT_EQ(syncFile(in("none")).status, FileStatus::missing);
   EXPECT_THAT(everything(), ElementsAre("f"));
 }
 
+TEST_F(Files, AppendsToWhatStandsAtThePathNow) {
+  put(in("f"), "one");
+  FileAppender file(in("f"));
+  EXPECT_TRUE(file.append(" two").ok());
+  ASSERT_TRUE(replaceFile(in("f"), "another").ok());
+  EXPECT_TRUE(file.append(" two").ok());
+  EXPECT_EQ(readFile(in("f")).text, "another two");
+  fs::rename(in("f"), in("g"));
+  EXPECT_EQ(file.append("lost").status, FileStatus::missing);
+  fs::rename(in("g"), in("f"));
+  EXPECT_TRUE(file.append(" more").ok());
+  EXPECT_EQ(readFile(in("f")).text, "another two more");
+}
+
 TEST_F(Files, AShortAppendIsCutBack) {
   put(in("f"), std::string(900, 'a'));
+  FileAppender file(in("f"));
   {
     const FileSizeLimit limit(1000);  // room for 100 of the 200 bytes
-    const FileResult result = appendToFile(in("f"), std::string(200, 'b'));
+    const FileResult result = file.append(std::string(200, 'b'));
     EXPECT_EQ(result.status, FileStatus::failed);
     EXPECT_EQ(result.error, "File too large");
   }
