@@ -219,6 +219,14 @@ void addOddTexts(std::vector<Misbehaviour>& all) {
                  {},
                  {},
                  "Caf\xC3\xA9"});
+  // The slowest of the character sets: each switch of its own costs as much as many characters.
+  std::string switches = "<title>Slow</title>";
+  while (switches.size() < 16u << 20) switches += "\x1B$B\x1B(B";
+  all.push_back({"16 MB of switches between sets",
+                 page("Content-Type: text/html; charset=iso-2022-jp\r\n", switches),
+                 {},
+                 {},
+                 "Slow"});
   all.push_back({"a tag of 20,000 attributes", page(html, manyAttributes(20'000)), {}, {}, "Busy"});
   all.push_back({"a tag of 200,000 attributes", page(html, manyAttributes(200'000)), {}, {}, "Busy"});
 }

@@ -6,12 +6,11 @@
 #include <thread>
 #include <utility>
 
-#include <brotli/encode.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <zlib.h>
 
 #include "platform/curl_http_client.h"
+#include "support/bombs.h"
 #include "support/raw_server.h"
 
 namespace {
@@ -34,41 +33,7 @@ constexpr HttpLimits kPatient = {.connectTimeout = 600s, .silenceTimeout = 600s}
 constexpr HttpLimits kImpatient = {.connectTimeout = 1s, .silenceTimeout = 1s};
 const std::string kOkHead = "HTTP/1.1 200 OK\r\n";
 
-struct Free {
-  void operator()(void* memory) const { std::free(memory); }
-};
-/// Zeros that take no memory, as the pages are never written to.
 constexpr std::size_t kBombBytes = 128u << 20;
-std::unique_ptr<void, Free> zeros() {
-  return std::unique_ptr<void, Free>(std::calloc(kBombBytes, 1));
-}
-
-std::string gzipBomb() {
-  const auto content = zeros();
-  z_stream stream = {};
-  constexpr int kGzipFormat = 15 + 16;
-  deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, kGzipFormat, 8, Z_DEFAULT_STRATEGY);
-  std::string packed(kBombBytes / 128, '\0');
-  stream.next_in = static_cast<Bytef*>(content.get());
-  stream.avail_in = static_cast<uInt>(kBombBytes);
-  stream.next_out = reinterpret_cast<Bytef*>(packed.data());
-  stream.avail_out = static_cast<uInt>(packed.size());
-  EXPECT_EQ(deflate(&stream, Z_FINISH), Z_STREAM_END);
-  packed.resize(stream.total_out);
-  deflateEnd(&stream);
-  return packed;
-}
-
-std::string brotliBomb() {
-  const auto content = zeros();
-  std::size_t size = kBombBytes / 128;
-  std::string packed(size, '\0');
-  EXPECT_TRUE(BrotliEncoderCompress(1, BROTLI_DEFAULT_WINDOW, BROTLI_MODE_GENERIC, kBombBytes,
-                                    static_cast<const std::uint8_t*>(content.get()), &size,
-                                    reinterpret_cast<std::uint8_t*>(packed.data())));
-  packed.resize(size);
-  return packed;
-}
 
 long peakKilobytes() {
   rusage usage = {};
@@ -164,7 +129,8 @@ TEST(HostileSite, SendsWithoutEnd) {
 }
 
 TEST(HostileSite, SendsBombs) {
-  const std::pair<const char*, std::string> bombs[] = {{"gzip", gzipBomb()}, {"br", brotliBomb()}};
+  const std::pair<const char*, std::string> bombs[] = {{"gzip", support::gzipBomb(kBombBytes)},
+                                                       {"br", support::brotliBomb(kBombBytes)}};
   for (const auto& [encoding, bomb] : bombs) {
     SCOPED_TRACE(encoding);
     RawServer server(

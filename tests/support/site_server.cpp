@@ -23,6 +23,9 @@ SiteServer::SiteServer(Pages pages, int port)
 SiteServer::SiteServer(Handler handler, int port)
     : m_server(std::make_unique<httplib::Server>()), m_handler(std::move(handler)) {
   m_server->set_tcp_nodelay(true);
+  // A thread stays with its connection as long as that is kept: too few, and connections wait for each other.
+  constexpr std::size_t kMostConnections = 40;
+  m_server->new_task_queue = [] { return new httplib::ThreadPool(kMostConnections); };
   m_server->set_keep_alive_max_count(1'000'000);
   m_server->set_keep_alive_timeout(1);
   m_server->Get(".*", [this](const httplib::Request& request, httplib::Response& response) {
