@@ -13,13 +13,16 @@ build_packages=(
   libicu-dev
   libpcre2-dev
   libssl-dev # cpp-httplib is built with TLS
+  libxcb1-dev
   libxml2-dev
   ninja-build
   nlohmann-json3-dev
   pkg-config
   qt6-base-dev
   qt6-svg-dev
+  qt6-webengine-dev
   util-linux # flock, unshare
+  zlib1g-dev
 )
 
 # The tests, on top of the build.
@@ -35,7 +38,6 @@ test_packages=(
   strace
   xauth
   xvfb
-  zlib1g-dev
 )
 
 # fuzz/run, on top of the build.

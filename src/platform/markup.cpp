@@ -84,14 +84,16 @@ void onText(void* context, const xmlChar* text, int length) {
   state.handler.text({reinterpret_cast<const char*>(text), static_cast<std::size_t>(length)});
 }
 
-void onComment(void* context, const xmlChar*) {
+void onComment(void* context, const xmlChar* text) {
   Reading& state = reading(context);
   state.bytesInToken = 0;
-  state.handler.otherNode();
+  state.handler.comment(view(text));
 }
 
 void onInstruction(void* context, const xmlChar*, const xmlChar*) {
-  onComment(context, nullptr);
+  Reading& state = reading(context);
+  state.bytesInToken = 0;
+  state.handler.otherNode();
 }
 
 /// Faults in a site's markup are nobody's business here but for what it cost to find them: a tag that does

@@ -25,6 +25,8 @@ class MarkupHandler {
   virtual void text(std::string_view piece) = 0;
   /// A comment or processing instruction.
   virtual void otherNode() = 0;
+  /// A comment, for those who want its text: what stands between "<!--" and "-->".
+  virtual void comment(std::string_view) { otherNode(); }
 };
 
 /// Reads `utf8` (valid UTF-8) as HTML. Never fails: every text yields some document, and the same text always

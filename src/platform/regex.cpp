@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <utility>
 
@@ -126,22 +127,9 @@ class Search {
 }  // namespace
 
 struct Regex::Impl {
-  Impl(std::string_view pattern, RegexCase mode) {
-    std::uint32_t options = PCRE2_UTF | PCRE2_MATCH_INVALID_UTF | PCRE2_USE_OFFSET_LIMIT;
-    if (mode == RegexCase::insensitive) options |= PCRE2_CASELESS;
-    pcre2_compile_context* context = pcre2_compile_context_create(nullptr);
-    pcre2_set_newline(context, PCRE2_NEWLINE_LF);
-    int error = 0;
-    std::size_t errorOffset = 0;
-    code = pcre2_compile(codeUnits(pattern), pattern.size(), options, &error, &errorOffset, context);
-    pcre2_compile_context_free(context);
-    if (code == nullptr) {
-      PCRE2_UCHAR reason[256];
-      pcre2_get_error_message(error, reason, sizeof reason);
-      rejectPattern(pattern, reinterpret_cast<const char*>(reason));
-    }
+  /// Takes over what pcre2_compile() made.
+  explicit Impl(pcre2_code* compiled) : code(compiled) {
     pcre2_pattern_info(code, PCRE2_INFO_CAPTURECOUNT, &groupCount);
-    if (groupCount > kMaxGroups) rejectPattern(pattern, "too many groups");
     // Where the system forbids making code at run time, the interpreter does the same more slowly.
     static_cast<void>(pcre2_jit_compile(code, PCRE2_JIT_COMPLETE));
   }
@@ -149,11 +137,43 @@ struct Regex::Impl {
   Impl(const Impl&) = delete;
   Impl& operator=(const Impl&) = delete;
 
+  /// Null for a faulty pattern; `error` is the reason then.
+  static std::unique_ptr<Impl> compile(std::string_view pattern, RegexCase mode, int& error) {
+    std::uint32_t options = PCRE2_UTF | PCRE2_MATCH_INVALID_UTF | PCRE2_USE_OFFSET_LIMIT;
+    if (mode == RegexCase::insensitive) options |= PCRE2_CASELESS;
+    pcre2_compile_context* context = pcre2_compile_context_create(nullptr);
+    pcre2_set_newline(context, PCRE2_NEWLINE_LF);
+    std::size_t errorOffset = 0;
+    pcre2_code* code =
+        pcre2_compile(codeUnits(pattern), pattern.size(), options, &error, &errorOffset, context);
+    pcre2_compile_context_free(context);
+    return code == nullptr ? nullptr : std::make_unique<Impl>(code);
+  }
+
   pcre2_code* code = nullptr;
   std::uint32_t groupCount = 0;
 };
 
-Regex::Regex(std::string_view pattern, RegexCase mode) : m_impl(std::make_unique<Impl>(pattern, mode)) {}
+Regex::Regex(std::string_view pattern, RegexCase mode) {
+  int error = 0;
+  m_impl = Impl::compile(pattern, mode, error);
+  if (!m_impl) {
+    PCRE2_UCHAR reason[256];
+    pcre2_get_error_message(error, reason, sizeof reason);
+    rejectPattern(pattern, reinterpret_cast<const char*>(reason));
+  }
+  if (m_impl->groupCount > kMaxGroups) rejectPattern(pattern, "too many groups");
+}
+
+Regex::Regex(std::unique_ptr<Impl> impl) : m_impl(std::move(impl)) {}
+
+std::optional<Regex> Regex::compile(std::string_view pattern, RegexCase mode) {
+  int error = 0;
+  auto impl = Impl::compile(pattern, mode, error);
+  if (!impl || impl->groupCount > kMaxGroups) return std::nullopt;
+  return Regex(std::move(impl));
+}
+
 Regex::~Regex() = default;
 Regex::Regex(Regex&&) noexcept = default;
 Regex& Regex::operator=(Regex&&) noexcept = default;
@@ -186,11 +206,19 @@ std::string Regex::replaceAll(std::string_view text, std::string_view replacemen
   return result.append(text, done);
 }
 
+std::size_t findText(std::string_view text, std::string_view what, std::size_t from) {
+  if (from > text.size() || what.size() > text.size() - from) return std::string_view::npos;
+  if (what.empty()) return from;
+  const void* found = memmem(text.data() + from, text.size() - from, what.data(), what.size());
+  if (found == nullptr) return std::string_view::npos;
+  return static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+}
+
 std::string replaceText(std::string_view text, std::string_view what, std::string_view with) {
   std::string result;
   std::size_t done = 0;
   if (!what.empty()) {
-    for (std::size_t found; (found = text.find(what, done)) != std::string_view::npos;) {
+    for (std::size_t found; (found = findText(text, what, done)) != std::string_view::npos;) {
       result.append(text, done, found - done).append(with);
       done = found + what.size();
     }

@@ -28,6 +28,10 @@ class Regex {
   /// `pattern` is ours, never the user's or a site's: a faulty one, or one with more than 31 groups, is a bug
   /// and ends the program.
   explicit Regex(std::string_view pattern, RegexCase mode = RegexCase::sensitive);
+
+  /// A pattern with texts of the user's or a site's in it; nothing when it is faulty or has too many groups.
+  static std::optional<Regex> compile(std::string_view pattern, RegexCase mode = RegexCase::sensitive);
+
   ~Regex();
   Regex(Regex&&) noexcept;
   Regex& operator=(Regex&&) noexcept;
@@ -42,8 +46,14 @@ class Regex {
 
  private:
   struct Impl;
+  explicit Regex(std::unique_ptr<Impl> impl);
+
   std::unique_ptr<Impl> m_impl;
 };
+
+/// Where `what` first stands at or behind `from`, as std::string_view::find() tells it, but in time that
+/// grows with the sum of both lengths and not with their product.
+std::size_t findText(std::string_view text, std::string_view what, std::size_t from = 0);
 
 /// `text` with every occurrence of `what` replaced by `with`, both literal, left to right, without overlap.
 /// An empty `what` occurs nowhere.

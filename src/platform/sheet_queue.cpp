@@ -1,5 +1,6 @@
 #include "platform/sheet_queue.h"
 
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
@@ -11,6 +12,22 @@ namespace platform {
 namespace {
 
 constexpr std::chrono::milliseconds kFollowUpDelay{500};
+
+/// Keeps a sheet from being closed but by its buttons.
+class NoEscape : public QObject {
+ public:
+  explicit NoEscape(QObject* sheet) : QObject(sheet) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Close && event->spontaneous()) {
+      event->ignore();
+      return true;
+    }
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel))
+      return true;
+    return QObject::eventFilter(watched, event);
+  }
+};
 
 }  // namespace
 
@@ -53,17 +70,35 @@ void SheetQueue::alert(const QString& title, const QString& message) {
 
 void SheetQueue::ask(const QString& title, const QString& message, const QString& defaultButton,
                      const QString& otherButton, std::function<void(bool)> answered) {
+  choose(title, message, {defaultButton, otherButton}, 1,
+         [answered = std::move(answered)](int number) { answered(number == 0); });
+}
+
+void SheetQueue::choose(const QString& title, const QString& message, const QStringList& buttons, int escape,
+                        std::function<void(int)> answered) {
   auto* box =
       new QMessageBox(QMessageBox::NoIcon, QStringLiteral("Veskel"), title, QMessageBox::NoButton, &m_window);
   box->setTextFormat(Qt::PlainText);
   box->setInformativeText(message);
   box->setAttribute(Qt::WA_DeleteOnClose);
-  QPushButton* yes = box->addButton(defaultButton, QMessageBox::AcceptRole);
-  QPushButton* no = box->addButton(otherButton, QMessageBox::RejectRole);
-  box->setDefaultButton(yes);
-  box->setEscapeButton(no);
-  connect(box, &QDialog::finished, this,
-          [box, yes, answered = std::move(answered)] { answered(box->clickedButton() == yes); });
+  QList<QAbstractButton*> answers;
+  for (const QString& text : buttons) {
+    QPushButton* button =
+        box->addButton(text, answers.isEmpty() ? QMessageBox::AcceptRole : QMessageBox::RejectRole);
+    if (answers.isEmpty()) box->setDefaultButton(button);
+    answers.append(button);
+  }
+  // Left to itself the box would find a button for Escape.
+  if (escape == kNoEscape) {
+    box->setWindowFlag(Qt::WindowCloseButtonHint, false);
+    box->installEventFilter(new NoEscape(box));
+  } else {
+    box->setEscapeButton(answers.at(escape));
+  }
+  connect(box, &QDialog::finished, this, [box, answers, escape, answered = std::move(answered)] {
+    const auto number = static_cast<int>(answers.indexOf(box->clickedButton()));
+    if (number >= 0 || escape != kNoEscape) answered(number >= 0 ? number : escape);
+  });
   showAfterOthers(*box);
 }
 
@@ -72,6 +107,7 @@ void SheetQueue::open(QDialog& sheet) {
   connect(&sheet, &QDialog::finished, this, &SheetQueue::closed, Qt::SingleShotConnection);
   sheet.setWindowModality(Qt::WindowModal);
   sheet.open();
+  emit opened(sheet);
 }
 
 void SheetQueue::closed() {

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QTimer>
 #include <deque>
 #include <functional>
@@ -34,8 +35,19 @@ class SheetQueue : public QObject {
   void ask(const QString& title, const QString& message, const QString& defaultButton,
            const QString& otherButton, std::function<void(bool)> answered);
 
+  /// A question with several answers, the default one first. `answered` is called once, with the number of
+  /// the button. `escape` is the number of the one that Escape stands for; with none the sheet cannot be
+  /// dismissed, since every answer there is does something.
+  static constexpr int kNoEscape = -1;
+  void choose(const QString& title, const QString& message, const QStringList& buttons, int escape,
+              std::function<void(int)> answered);
+
   /// Whether a sheet is up or about to come up.
   bool busy() const { return m_current != nullptr || !m_waiting.empty(); }
+
+ signals:
+  /// A sheet has come up.
+  void opened(QDialog& sheet);
 
  private:
   void showAfterOthers(QDialog& sheet);

@@ -12,6 +12,7 @@
 
 #include "sitemaps/xml_format.h"
 #include "support/bombs.h"
+#include "support/sanitizers.h"
 #include "support/scan_run.h"
 
 namespace crawler {
@@ -141,17 +142,6 @@ TEST(HostileSite, CanBeLeftInAHandshake) {
   expectPromptStop("https" + server.url().substr(4), reached);
 }
 
-/// Which make room for mistakes of their own, so that a process' memory says nothing of the program's.
-constexpr bool withSanitizers() {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-  return true;
-#elif defined(__has_feature)
-  return __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-  return false;
-#endif
-}
-
 /// The most memory held so far, in kilobytes.
 long peakKilobytes() {
   std::ifstream status("/proc/self/status");
@@ -163,7 +153,7 @@ long peakKilobytes() {
 }
 
 TEST(HostileSite, CannotFillTheMemory) {
-  if (withSanitizers()) GTEST_SKIP() << "memory cannot be judged with sanitizers";
+  if (support::withSanitizers()) GTEST_SKIP() << "memory cannot be judged with sanitizers";
   struct Case {
     const char* name;
     std::string headers, body;

@@ -11,6 +11,7 @@
 
 #include "store/global_controls.h"
 #include "support/run_program.h"
+#include "support/sanitizers.h"
 #include "support/site_server.h"
 #include "support/temp_folder.h"
 
@@ -74,10 +75,11 @@ class FaultTest : public testing::Test {
   std::filesystem::path m_home = ownHome.path();
 };
 
-/// Skips the test where this system does not let strace run the program, or has none.
-#define SKIP_WITHOUT_STRACE()                                                     \
-  if (runUnder({"strace", "-f", "-o", "/dev/null"}, {"--version"}).exitCode != 0) \
-  GTEST_SKIP() << "strace is missing, or cannot run the program, as when it is built with sanitizers"
+/// Skips the test where the calls of the program alone cannot be watched, or there is no strace.
+#define SKIP_WITHOUT_STRACE()                                                          \
+  if (support::withSanitizers()) GTEST_SKIP() << "sanitizers make calls of their own"; \
+  if (runUnder({"strace", "-f", "-o", "/dev/null"}, {"--version"}).exitCode != 0)      \
+  GTEST_SKIP() << "strace is missing, or not allowed to trace"
 
 #define SKIP_UNLESS_MOUNTED(folder) \
   if ((folder).path().empty()) GTEST_SKIP() << "no file system can be mounted here: " << (folder).problem()

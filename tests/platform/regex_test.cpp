@@ -158,6 +158,28 @@ TEST(RegexDeathTest, AFaultyPatternEndsTheProgram) {
   EXPECT_DEATH(Regex(repeated("(a)", 32)), "too many groups");
 }
 
+TEST(Regex, CompilesOnlySoundPatternsOfOthers) {
+  EXPECT_EQ(Regex::compile("a.c")->find("xabc")->whole, "abc");
+  for (const std::string& faulty :
+       {std::string("a(b"), std::string("[z-a]"), std::string("*"), std::string("\xFF"), std::string("a\\"),
+        repeated("(a)", 32), repeated("abcdefgh", 100'000)}) {
+    EXPECT_FALSE(Regex::compile(faulty)) << faulty.substr(0, 20);
+  }
+}
+
+TEST(FindText, FindsWhatAViewFinds) {
+  const std::string text("ab\0abab", 7);
+  for (const std::string& what :
+       {std::string(), std::string("ab"), std::string("b\0a", 3), std::string("abab"), std::string("b"),
+        std::string("x"), text, text + "a"}) {
+    for (std::size_t from = 0; from <= text.size() + 1; ++from) {
+      EXPECT_EQ(findText(text, what, from), text.find(what, from)) << what << " from " << from;
+    }
+  }
+  EXPECT_EQ(findText({}, "a"), std::string::npos);
+  EXPECT_EQ(findText({}, {}), 0U);
+}
+
 TEST(ReplaceText, ReplacesLiterally) {
   struct Case {
     const char* name;
