@@ -53,7 +53,7 @@ std::optional<CliContext> openContext() {
     return {};
   }
   if (const auto result = store::checkNeededFoldersExist(*controls); !result.ok()) {
-    reportFileFailure("Could not make the data folder", controls->homeFolderLocation(), result);
+    reportFileFailure("Could not use the data folder", controls->homeFolderLocation(), result);
     return {};
   }
   auto list = store::siteTableRows(*controls);

@@ -151,6 +151,9 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
     printSummary(context, result, state, seconds);
   }
   printProblems(result);
+  if (!result.reasons.ok()) {
+    printWarning("The reasons of the broken pages could not be kept: " + printable(result.reasons.error));
+  }
 }
 
 }  // namespace

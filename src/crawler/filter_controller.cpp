@@ -44,6 +44,9 @@ void FilterController::loadFilterFile() {
   const std::string site = siteName();
   store::Filters filters;
   if (!site.empty()) filters = store::loadFilterFile(m_controls, site);
+  if (!filters.result.ok()) {
+    emit report(tr("Could not read the filters: %1").arg(toQString(filters.result.error)));
+  }
   m_state.qzvskFiltersArray = std::move(filters.entries);
   reloadFilterTable();
 }

@@ -28,6 +28,9 @@ class FilterController : public QObject {
   void loadFilterFile();
   void reloadFilterTable();
 
+ signals:
+  void report(const QString& sentence);
+
  private:
   void addFilterCommand();
   void deleteFilter();

@@ -7,7 +7,6 @@
 #include <QListView>
 #include <QLocale>
 #include <QPushButton>
-#include <QShortcut>
 
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_scanner.h"
@@ -53,10 +52,6 @@ ScanController::ScanController(QMainWindow& mainWindow, platform::SheetQueue& sh
   connect(&m_view, &CoalescingView::news, this, &ScanController::onNews);
   connect(&m_establishConnectionSheet, &WaitingSheet::givenUp, this, &ScanController::cancelScan);
   connect(&m_scanCustomAlertPanel, &ProgressSheet::cancelled, this, &ScanController::cancelScan);
-  // The window's menu and its frame are out of reach behind a sheet.
-  for (QDialog* sheet : scanSheets()) {
-    connect(new QShortcut(Qt::CTRL | Qt::Key_Q, sheet), &QShortcut::activated, &mainWindow, &QWidget::close);
-  }
   connect(&control<QPushButton>(mainWindow, "scanSiteButton"), &QPushButton::clicked, this,
           &ScanController::scanSiteAction);
 }
@@ -202,8 +197,14 @@ void ScanController::tellProblems(const ScanResult& result) {
     }
     m_sheets.alert(tr("Not everything could be written."), files.join(QLatin1Char('\n')));
   }
-  if (result.end == ScanEnd::complete) emit report(tr("Scanned \"%1\"").arg(site));
-  if (result.end == ScanEnd::cancelled) emit report(tr("Stopped the scan of \"%1\"").arg(site));
+  QString sentence;
+  if (result.end == ScanEnd::complete) sentence = tr("Scanned \"%1\"").arg(site);
+  if (result.end == ScanEnd::cancelled) sentence = tr("Stopped the scan of \"%1\"").arg(site);
+  if (!result.reasons.ok()) {
+    sentence +=
+        tr(". The reasons of the broken pages could not be kept: %1").arg(toQString(result.reasons.error));
+  }
+  if (!sentence.isEmpty()) emit report(sentence);
 }
 
 void ScanController::showNotice(const QString& text) {

@@ -46,6 +46,7 @@ struct ScanResult {
   store::ScanStatistics statistics = {};
   std::string unreachableReason = {};                // "404 - Not Found", for ScanEnd::unreachable
   std::vector<sitemaps::FileProblem> problems = {};  // files that could not be read or written
+  platform::FileResult reasons = {};                 // of keeping why pages are broken, beside the documents
 };
 
 enum class LoopingSheet { stop, restart };

@@ -284,14 +284,15 @@ void SiteScanner::updateAllScanDetails() {
   m_services.view.updateAllScanDetails(m_result.statistics, m_result.progress.brokenLinks);
 }
 
-/// Reasons are a convenience beside the documents: that they could not be kept is no fault of the scan.
+/// Reasons are a convenience beside the documents: that they could not be kept is told, but is no fault of the
+/// scan.
 void SiteScanner::rememberReasons() {
   if (m_services.reasons == nullptr) return;
   std::vector<store::BrokenPage> pages;
   for (std::size_t i = 0; i < m_services.state.qzvskBadLinkArray.size(); ++i) {
     pages.push_back({m_services.state.qzvskBadLinkArray[i], m_services.state.qzvskBadLinkReasonArray[i]});
   }
-  static_cast<void>(m_services.reasons->save(m_site, pages));
+  m_result.reasons = m_services.reasons->save(m_site, pages);
 }
 
 void SiteScanner::note(const std::filesystem::path& path, const platform::FileResult& result) {

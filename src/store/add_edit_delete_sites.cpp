@@ -1,9 +1,11 @@
 #include "store/add_edit_delete_sites.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "store/site_record.h"
+#include "store/working_folder.h"
 
 namespace store {
 
@@ -50,6 +52,15 @@ class UndoableMoves {
   std::vector<std::pair<std::filesystem::path, std::filesystem::path>> m_done;
 };
 
+/// Whether the name leads to a folder below the data folder. Names that come from a record may be anything:
+/// without this an empty one would mean the data folder itself, and ".." what lies around it.
+bool staysBelowDataFolder(std::string_view name) {
+  const std::filesystem::path path(name);
+  return !name.empty() && path.is_relative() && std::none_of(path.begin(), path.end(), [](const auto& part) {
+    return part.empty() || part == "." || part == "..";
+  });
+}
+
 }  // namespace
 
 std::string renameNameTaken(std::string_view name) {
@@ -62,14 +73,20 @@ std::string renameNameTaken(std::string_view name) {
 SaveResult AddEditDeleteSites::createNewSite(std::string_view name, std::string_view url) const {
   const auto folder = m_controls.siteFolder(name);
   if (platform::somethingAt(folder)) return {SaveOutcome::nameTaken, folder};
-  if (auto made = platform::makeFolder(folder); !made.ok()) {
-    if (made.status == FileStatus::exists) return {SaveOutcome::nameTaken, folder};
-    return failed(folder, std::move(made));
-  }
+  // The folder gets its name once all is in it: an empty one would only keep the name taken.
+  WorkingFolder made(m_controls);
+  if (!made.result().ok()) return failed(folder, made.result());
   const auto record = m_controls.returnFullFileLocation(name);
-  if (auto written = platform::replaceFile(record, newSiteRecord(name, url)); !written.ok()) {
-    static_cast<void>(platform::removeFolder(folder));  // an empty folder would only keep the name taken
+  if (auto written = platform::replaceFile(made.path() / record.filename(), newSiteRecord(name, url));
+      !written.ok()) {
     return failed(record, std::move(written));
+  }
+  if (auto named = made.becomes(folder); !named.ok()) {
+    if (named.status == FileStatus::exists) return {SaveOutcome::nameTaken, folder};
+    return failed(folder, std::move(named));
+  }
+  if (auto synced = platform::syncFolder(m_controls.homeFolderLocation()); !synced.ok()) {
+    return failed(folder, std::move(synced));
   }
   return {};
 }
@@ -114,7 +131,20 @@ SaveResult AddEditDeleteSites::saveEditedSite(std::string_view originalName, std
 }
 
 FileResult AddEditDeleteSites::deleteSite(std::string_view name) const {
-  return platform::removeFolder(m_controls.siteFolder(name));
+  if (!staysBelowDataFolder(name)) return {FileStatus::missing, "No site has such a name."};
+  const auto folder = m_controls.siteFolder(name);
+  const auto record = platform::readFile(m_controls.returnFullFileLocation(name));
+  const SetAside aside = setAside(m_controls, folder);
+  if (!aside.result.ok()) return aside.result;
+  auto removed = platform::removeFolder(aside.path);
+  if (removed.ok()) return removed;
+  // What could not be removed stays a site, so that its user sees it and can try again.
+  if (record.result.ok()) {
+    static_cast<void>(
+        platform::replaceFile(aside.path / m_controls.returnFullFileLocation(name).filename(), record.text));
+  }
+  static_cast<void>(platform::moveTo(aside.path, folder));
+  return removed;
 }
 
 bool AddEditDeleteSites::isNameTaken(std::string_view originalName, std::string_view newName) const {

@@ -18,7 +18,7 @@ std::string renameNameTaken(std::string_view name);
 enum class SaveOutcome {
   saved,
   nameTaken,  // create: nothing was written. Edit: the other site's URL was overwritten, see saveEditedSite()
-  failed,     // `path` and `file` say what and why; nothing changed, but see replaceFile() for a new URL
+  failed,     // `path` and `file` say what and why; nothing changed, but see replaceFile() for new content
 };
 
 struct [[nodiscard]] SaveResult {
@@ -32,7 +32,7 @@ class AddEditDeleteSites {
  public:
   explicit AddEditDeleteSites(const GlobalControls& controls) : m_controls(controls) {}
 
-  /// Makes the site's folder and its record. After a failure half way, what was made is taken away again.
+  /// Makes the site's folder and its record, both or none.
   SaveResult createNewSite(std::string_view name, std::string_view url) const;
 
   /// Renames the site and/or gives it another URL. When `newName` belongs to another site, that site's URL is
@@ -42,7 +42,8 @@ class AddEditDeleteSites {
   SaveResult saveEditedSite(std::string_view originalName, std::string_view newName,
                             std::string_view newUrl) const;
 
-  /// Removes the site's folder with everything in it.
+  /// Removes the site's folder with everything in it. The site is gone from the start, however the removal
+  /// ends; only after a failure it is back, with what is left of it. `missing` when there is none.
   platform::FileResult deleteSite(std::string_view name) const;
 
   /// Whether `newName` differs from `originalName` and something stands at its folder's path.

@@ -1,7 +1,7 @@
 #include "store/add_edit_delete_sites_controller.h"
 
+#include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -25,6 +25,13 @@ constexpr int kFieldWidth = 360;
 
 QString busySentence(std::string_view name) {
   return QObject::tr("The site \"%1\" is being scanned.").arg(toQString(name));
+}
+
+/// The sentence, and what became of the reasons of broken pages that go with a site.
+QString withReasons(const QString& sentence, const platform::FileResult& result) {
+  if (result.ok()) return sentence;
+  return QObject::tr("%1. The reasons of its broken pages could not be changed: %2")
+      .arg(sentence, toQString(result.error));
 }
 
 }  // namespace
@@ -65,14 +72,13 @@ void AddEditDeleteSitesController::buildSheet() {
   auto* fields = new QFormLayout;
   fields->addRow(tr("Site &name"), m_siteName);
   fields->addRow(tr("Site &URL"), m_siteURL);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(m_alternateButton);
-  buttons->addWidget(m_defaultButton);
+  auto* buttons = new QDialogButtonBox;  // knows the desktop's order
+  buttons->addButton(m_defaultButton, QDialogButtonBox::AcceptRole);
+  buttons->addButton(m_alternateButton, QDialogButtonBox::RejectRole);
   auto* layout = new QVBoxLayout(&m_aedWindow);
   layout->addLayout(fields);
   layout->addStretch();
-  layout->addLayout(buttons);
+  layout->addWidget(buttons);
 
   connect(m_defaultButton, &QPushButton::clicked, this, &AddEditDeleteSitesController::defaultAction);
   connect(m_alternateButton, &QPushButton::clicked, this, &AddEditDeleteSitesController::alternateAction);
@@ -103,6 +109,7 @@ void AddEditDeleteSitesController::editSiteStart() {
   m_originalURL = recordValue(record.text, kSiteUrl).value_or("");
   m_siteName->setText(toQString(m_originalName));
   m_siteURL->setText(toQString(m_originalURL));
+  m_siteURL->setCursorPosition(0);  // of a long one the host tells more than the end
   showSheet(tr("Edit Site"), tr("Save Changes"));
 }
 
@@ -162,8 +169,9 @@ void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
     m_sheets.alert(toQString(renameNameTaken(passedName)));
   } else {
     // The reasons follow as far as they can: without them the list of broken pages still stands.
-    if (passedName != m_originalName) static_cast<void>(m_reasons.rename(m_originalName, passedName));
-    emit report(tr("Saved \"%1\"").arg(toQString(passedName)));
+    platform::FileResult kept;
+    if (passedName != m_originalName) kept = m_reasons.rename(m_originalName, passedName);
+    emit report(withReasons(tr("Saved \"%1\"").arg(toQString(passedName)), kept));
   }
   resetAndClose();
 }
@@ -183,8 +191,8 @@ void AddEditDeleteSitesController::sheetDidEndShouldDelete(bool deleteIt, const 
     removed = m_sites.deleteSite(name);
   }
   if (removed.ok()) {
-    static_cast<void>(m_reasons.remove(name));
-    emit report(tr("Deleted \"%1\"").arg(toQString(name)));
+    const platform::FileResult forgotten = m_reasons.remove(name);
+    emit report(withReasons(tr("Deleted \"%1\"").arg(toQString(name)), forgotten));
   } else {
     tellFailure(m_sheets, tr("Could not delete"), m_controls.siteFolder(name), removed);
   }

@@ -6,18 +6,25 @@
 
 namespace store {
 
-/// Made once by the program and handed to those who use it. Belongs to the main thread, except that a running scan
-/// owns the two lists of broken pages and reads the filters; nobody else touches those until it has finished.
+/// Made once by the program and handed to those who use it. Belongs to the main thread, except that a running
+/// scan owns the two lists of broken pages and reads the filters; nobody else touches those until it has
+/// finished.
 struct SharedState {
-  std::string qzvskCurSite;                // name of the selected site, empty when none
-  std::string qzvskWinTit = "Veskel2";     // the main window's title; " - " and the site's name follow when one is selected
-  int qzvskCurrentView = 1;                // number of the view that is shown, 1 to 7
-  bool qzvskPLastState = false;            // the filter drawer is meant to be open
-  bool qzvskViewChanged = false;           // a site was selected since this was last cleared
+  std::string qzvskCurSite;  // name of the selected site, empty when none
+  std::string qzvskWinTit =
+      "Veskel2";             // the main window's title; " - " and the site's name follow when one is selected
+  int qzvskCurrentView = 1;  // number of the view that is shown, 1 to 7
+  bool qzvskPLastState = false;   // the filter drawer is meant to be open
+  bool qzvskViewChanged = false;  // a site was selected since this was last cleared
 
-  /// Broken pages of the site in hand, in the order found, and for each why: status code, " - ", reason phrase.
+  /// Broken pages of the site in hand, in the order found, and for each why: status code, " - ", reason
+  /// phrase.
   std::vector<std::string> qzvskBadLinkArray;
   std::vector<std::string> qzvskBadLinkReasonArray;
+
+  std::string qzvskHTMLString;  // the HTML sitemap that is viewed and edited
+  bool qzvskNeedsSave = false;  // it differs from what was last loaded or saved
+  std::string qzvskUTLLoc;      // path of its file
 
   std::vector<std::string> qzvskFiltersArray;  // URL filters of the selected site
 };

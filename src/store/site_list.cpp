@@ -9,6 +9,7 @@
 
 #include "store/site_record.h"
 #include "store/text_lines.h"
+#include "store/working_folder.h"
 
 namespace store {
 
@@ -82,6 +83,24 @@ std::vector<CutOffRename> cutOffRenames(const std::vector<std::string>& records)
   return renames;
 }
 
+/// The folders whose record was not seen, but is not known to be missing either, as when the folder cannot be
+/// read. `listed` are the folders with a record, sorted.
+std::vector<std::string> unreadableSites(const GlobalControls& controls,
+                                         const std::vector<std::string>& listed) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(controls.homeFolderLocation(), error), end;
+       !error && entry != end; entry.increment(error)) {
+    std::error_code ignored;
+    const std::string name = entry->path().filename().string();
+    if (!entry->is_directory(ignored) || isWorkingFolder(name)) continue;
+    if (std::binary_search(listed.begin(), listed.end(), name)) continue;
+    const auto record = platform::readFile(controls.returnFullFileLocation(name));
+    if (record.result.status != platform::FileStatus::missing) names.push_back(name);
+  }
+  return names;
+}
+
 /// Goes on where the rename was cut off, so that the site can be used again.
 std::optional<std::string> finishRename(const GlobalControls& controls, const CutOffRename& rename) {
   // A rename that is under way holds the lock, and needs no help.
@@ -140,10 +159,10 @@ platform::FileResult checkNeededFoldersExist(const GlobalControls& controls) {
     auto made = platform::makeFolder(needed);
     if (!made.ok() && made.status != platform::FileStatus::exists) return made;
   }
+  // A folder that cannot be read would look like one without sites.
   std::error_code error;
-  if (!std::filesystem::is_directory(dataFolder, error)) {
-    return {platform::FileStatus::failed,
-            error ? error.message() : "Something that is no folder is in the way."};
+  if (const std::filesystem::directory_iterator entries(dataFolder, error); error) {
+    return {platform::FileStatus::failed, error.message()};
   }
   return {};
 }
@@ -151,13 +170,14 @@ platform::FileResult checkNeededFoldersExist(const GlobalControls& controls) {
 SiteList siteTableRows(const GlobalControls& controls) {
   const auto dataFolder = controls.homeFolderLocation();
   SiteList list;
-  auto files = platform::filesBelow(dataFolder);
+  removeLeftWorkingFolders(controls);
+  auto files = siteFiles(controls);
   for (const std::string& file : files) {
     if (!hasExtension(file, kOlderExtension)) continue;
     list.updatedOldFile = true;
     if (auto sentence = upgradeRecord(dataFolder / file)) list.problems.push_back(*std::move(sentence));
   }
-  if (list.updatedOldFile) files = platform::filesBelow(dataFolder);
+  if (list.updatedOldFile) files = siteFiles(controls);
   std::erase_if(files, [](const std::string& file) { return !hasExtension(file, kRecordExtension); });
 
   for (const CutOffRename& rename : cutOffRenames(files)) {
@@ -168,6 +188,9 @@ SiteList siteTableRows(const GlobalControls& controls) {
     if (folderEnd != std::string::npos) list.names.push_back(file.substr(0, folderEnd));
   }
   // By name, not by path: in paths "a b/" comes before "a/".
+  std::sort(list.names.begin(), list.names.end());
+  const auto unreadable = unreadableSites(controls, list.names);
+  list.names.insert(list.names.end(), unreadable.begin(), unreadable.end());
   std::sort(list.names.begin(), list.names.end());
   return list;
 }

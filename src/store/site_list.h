@@ -11,8 +11,8 @@
 
 namespace store {
 
-/// Makes sure the data folder exists, with every folder on the way to it from the home directory on. The home
-/// directory itself is never made.
+/// Makes sure the data folder exists and can be read, with every folder on the way to it from the home
+/// directory on. The home directory itself is never made.
 platform::FileResult checkNeededFoldersExist(const GlobalControls& controls);
 
 struct SiteList {
@@ -22,8 +22,10 @@ struct SiteList {
 };
 
 /// Upgrades every record in the older format ("NAME.qzvsk"), gives the record of a folder its name where a
-/// rename was cut off, then lists the folders that hold a record. A record lying directly in the data folder
-/// is passed over. Records whose upgrade fails stay as they were.
+/// rename was cut off, removes what was left of a site whose making or deletion was, then lists the folders
+/// that hold a record. A folder that hides its record because it cannot be read is listed too: reading that
+/// site tells why. A record lying directly in the data folder is passed over. Records whose upgrade fails
+/// stay as they were.
 SiteList siteTableRows(const GlobalControls& controls);
 
 /// What is known of one site: its record's values, empty or 0 where the record lacks them.

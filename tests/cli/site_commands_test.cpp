@@ -290,7 +290,7 @@ TEST_F(SiteCommands, MissingOrBlockedDataFolderIsExplained) {
   ASSERT_TRUE(platform::makeEmptyFile(home.path() / "Library").ok());
   const auto blocked = run({"sites"});
   EXPECT_EQ(blocked.exitCode, 4);
-  EXPECT_THAT(blocked.errors, StartsWith("Could not make the data folder " + data().native() + ": "));
+  EXPECT_THAT(blocked.errors, StartsWith("Could not use the data folder " + data().native() + ": "));
 
   const auto homeless = support::runProgram(VESKEL_CLI, {"sites"}, {{{"HOME", home.path() / "none"}}});
   EXPECT_EQ(homeless.exitCode, 4);

@@ -167,5 +167,46 @@ TEST_F(Killed, ARenameIsUsableWhereverItEnds) {
   EXPECT_GE(killed, 6);  // three renames, and the calls of a replacement
 }
 
+/// A site that is added or deleted is there whole or not at all, and its name can be used again.
+TEST_F(Killed, ASiteIsAddedAndDeletedWholeWhereverThatEnds) {
+  SKIP_WITHOUT_STRACE();
+  const Arguments add = {"add", "shop", "http://a.test/"};
+  const Arguments remove = {"delete", "shop", "--yes"};
+  const std::string record = store::newSiteRecord("shop", "http://a.test/");
+  for (const Arguments& command : {add, remove}) {
+    int killed = 0;
+    for (const char* calls :
+         {"mkdir", "flock", "linkat", "/^rename(at)?$", "renameat2", "fsync", "write", "unlinkat", "rmdir"}) {
+      for (int n = 1; n < 10; ++n) {
+        SCOPED_TRACE(command[0] + ", " + calls + " " + std::to_string(n));
+        fs::remove_all(data());
+        if (command == remove) {
+          prepare(add);
+          prepare({"filters", "shop", "--add", "/kept/"});
+        } else {
+          prepare({"sites"});
+        }
+        const Snapshot before = snapshotOf(data());
+        const std::string inject = std::string(calls) + ":signal=KILL:when=" + std::to_string(n);
+        const auto result = runUnder({"strace", "-f", "-o", "/dev/null", "-e", "inject=" + inject}, command);
+        if (result.exitCode == 0) break;
+        EXPECT_EQ(result.exitCode, 128 + SIGKILL);
+        ++killed;
+
+        const auto sites = run({"sites", "--json"});
+        EXPECT_EQ(sites.exitCode, 0) << sites.errors;
+        const Snapshot now = snapshotOf(data());
+        const Snapshot added = {{"shop", "(folder)"}, {"shop/shop.qzVSK", record}};
+        EXPECT_TRUE(now.empty() || now == (command == add ? added : before));
+        if (!now.empty()) prepare(remove);
+        prepare(add);
+        EXPECT_TRUE(snapshotOf(data()) == added);
+        if (HasFailure()) return;
+      }
+    }
+    EXPECT_GE(killed, command == add ? 5 : 4);
+  }
+}
+
 }  // namespace
 }  // namespace faults

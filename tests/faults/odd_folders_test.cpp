@@ -78,11 +78,37 @@ TEST_F(OddFolders, AHomeThatLeadsNowhereIsTold) {
       const auto result = run(command);
       EXPECT_EQ(result.exitCode, 4);
       EXPECT_EQ(result.output, "");
-      EXPECT_THAT(result.errors, StartsWith("Could not make the data folder " + data().string()));
+      EXPECT_THAT(result.errors, StartsWith("Could not use the data folder " + data().string()));
     }
   }
   EXPECT_THAT(platform::filesBelow(ownHome.path()), testing::ElementsAre("file"));
   EXPECT_FALSE(fs::exists(ownHome.path() / "none"));
+}
+
+TEST_F(OddFolders, AnUnreadableFolderIsNoUnknownSite) {
+  prepare({"add", "shop", "http://127.0.0.1:9/"});
+  prepare({"add", "other", "http://a.test/"});
+  // The superuser may read everything, unless that right is dropped.
+  Arguments launcher = {"env"};
+  if (geteuid() == 0) launcher = {"setpriv", "--bounding-set", "-dac_override,-dac_read_search"};
+  const fs::path record = controls().returnFullFileLocation("shop");
+  const Arguments commands[] = {{"sites"},           {"show", "shop"},
+                                {"scan", "shop"},    {"edit", "shop", "--url", "http://b.test/"},
+                                {"filters", "shop"}, {"delete", "shop", "--yes"}};
+  for (const fs::path& path : {site(), record, data()}) {
+    fs::permissions(path, fs::perms::none);
+    for (const Arguments& command : commands) {
+      if (path == record && (command[0] == "filters" || command[0] == "delete")) continue;  // need it not
+      SCOPED_TRACE(path.filename().string() + ": " + command[0]);
+      const auto result = runUnder(launcher, command);
+      EXPECT_EQ(result.exitCode, 4);
+      EXPECT_THAT(result.errors, HasSubstr(path.string()));
+      EXPECT_THAT(result.errors, HasSubstr("Permission denied"));
+    }
+    fs::permissions(
+        path, fs::is_directory(path) ? fs::perms::owner_all : fs::perms::owner_read | fs::perms::owner_write);
+  }
+  prepare({"show", "shop"});
 }
 
 TEST_F(OddFolders, ASiteThatIsDeletedInMidScanStaysDeleted) {

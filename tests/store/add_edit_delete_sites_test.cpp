@@ -45,10 +45,9 @@ TEST_F(AddEditDeleteSitesTest, FailedCreationLeavesNothing) {
     EXPECT_EQ(result.path, data() / "a" / "a.qzVSK");
     EXPECT_NE(result.file.error, "");
   }
-  EXPECT_FALSE(platform::somethingAt(data() / "a"));
   const std::string longName(253, 'n');  // fits as a folder, but not with the extension
   EXPECT_EQ(sites.createNewSite(longName, "http://a.test/").outcome, SaveOutcome::failed);
-  EXPECT_FALSE(platform::somethingAt(data() / longName));
+  EXPECT_TRUE(std::filesystem::is_empty(data()));
 }
 
 TEST_F(AddEditDeleteSitesTest, SameNameChangesTheUrlLineAlone) {
@@ -123,6 +122,23 @@ TEST_F(AddEditDeleteSitesTest, DeletesOneSiteWithEverythingInIt) {
   EXPECT_FALSE(platform::somethingAt(data() / "a"));
   EXPECT_THAT(platform::filesBelow(data()), ElementsAre("ab/ab.qzVSK", "ab/sitemap.xml"));
   EXPECT_EQ(sites.deleteSite("a").status, platform::FileStatus::missing);
+}
+
+TEST_F(AddEditDeleteSitesTest, NothingIsDeletedUnderANameThatLeadsElsewhere) {
+  add("a");
+  for (const char* name : {"", ".", "..", "/", "/a", "a/", "a/..", "../Veskel", "a/../a"}) {
+    SCOPED_TRACE(name);
+    EXPECT_FALSE(sites.deleteSite(name).ok());
+    EXPECT_THAT(platform::filesBelow(data()), ElementsAre("a/a.qzVSK", "a/sitemap.xml"));
+  }
+}
+
+TEST_F(AddEditDeleteSitesTest, OnlyALinkToAFolderIsDeleted) {
+  write("elsewhere/kept", "x");
+  std::filesystem::create_directory_symlink(data() / "elsewhere", data() / "a");
+  EXPECT_TRUE(sites.deleteSite("a").ok());
+  EXPECT_FALSE(platform::somethingAt(data() / "a"));
+  EXPECT_THAT(platform::filesBelow(data()), ElementsAre("elsewhere/kept"));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "store/add_edit_delete_sites.h"
 #include "store/site_record.h"
 #include "store_test.h"
 
@@ -27,6 +28,33 @@ TEST_F(SiteListTest, ListsFoldersThatHoldARecordByName) {
   EXPECT_THAT(list.names, ElementsAre("B", "a", "a b", "b", "g/h"));
   EXPECT_FALSE(list.updatedOldFile);
   EXPECT_THAT(list.problems, ElementsAre());
+}
+
+TEST_F(SiteListTest, ListsFoldersThatHideTheirRecord) {
+  write("a/a.qzVSK", store::newSiteRecord("a", "http://a.test/"));
+  write("b/b.qzVSK/in the way", "x");
+  write("c/other.txt", "x");
+  EXPECT_THAT(store::siteTableRows(controls).names, ElementsAre("a", "b"));
+  const auto site = store::readSite(controls, "b");
+  EXPECT_EQ(site.result.status, platform::FileStatus::failed);
+  EXPECT_EQ(site.path, data() / "b" / "b.qzVSK");
+}
+
+TEST_F(SiteListTest, ClearsAwayWhatWasLeftUnfinished) {
+  write(".veskel-0/a.qzVSK", store::newSiteRecord("a", "http://a.test/"));
+  write(".veskel-1/a.qzvsk", kOlder);
+  write(".veskel-7/sitemap.xml", "x");
+  {
+    const platform::FolderLock somebodyAtWork(data() / ".veskel-0");
+    EXPECT_THAT(store::siteTableRows(controls).names, ElementsAre());
+    EXPECT_THAT(platform::filesBelow(data()), ElementsAre(".veskel-0/a.qzVSK"));
+    EXPECT_EQ(store::AddEditDeleteSites(controls).createNewSite("a", "http://a.test/").outcome,
+              store::SaveOutcome::saved);
+    EXPECT_TRUE(store::AddEditDeleteSites(controls).deleteSite("a").ok());
+    EXPECT_THAT(platform::filesBelow(data()), ElementsAre(".veskel-0/a.qzVSK"));
+  }
+  EXPECT_FALSE(store::siteTableRows(controls).updatedOldFile);
+  EXPECT_TRUE(std::filesystem::is_empty(data()));
 }
 
 TEST_F(SiteListTest, UpgradesOlderRecordsAndDropsTheirDocuments) {
