@@ -17,6 +17,7 @@ namespace cli {
 enum ExitCode : int {
   exitDone = 0,
   exitFoundBroken = 1,  // a scan finished and found broken pages
+  exitFoundFaults = 1,  // a sitemap was checked and is not valid
   exitBadInput = 2,     // bad usage or input
   exitUnreachable = 3,  // a scan's start URL
   exitFileFailure = 4,  // a file could not be read or written

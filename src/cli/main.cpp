@@ -9,8 +9,10 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/cli_context.h"
+#include "cli/export_command.h"
 #include "cli/scan_command.h"
 #include "cli/site_commands.h"
+#include "cli/validate_command.h"
 
 namespace {
 
@@ -24,10 +26,11 @@ constexpr const char* kMainFooter = R"(Examples:
   veskel-cli filters shop --add "?sessionid="
   veskel-cli scan shop
   veskel-cli show shop
+  veskel-cli export shop xml --output sitemap.xml
 
 Exit codes:
   0    done
-  1    the scan finished and found broken pages
+  1    the scan finished and found broken pages, or a sitemap is not valid
   2    bad usage or input
   3    the start URL could not be reached
   4    a file could not be read or written
@@ -187,6 +190,62 @@ void addShowCommand(CLI::App& app, Command& chosen) {
   });
 }
 
+void addExportCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("export", "Write a sitemap, or the broken pages, to be published");
+  struct Arguments {
+    cli::ExportOptions options;
+    std::string kind;
+  };
+  auto arguments = std::make_shared<Arguments>();
+  addName(command, arguments->options.siteName);
+  command->add_option("KIND", arguments->kind, "html, xml or broken")
+      ->required()
+      ->type_name("")
+      ->check(CLI::IsMember({"html", "xml", "broken"}).description(""));
+  const auto* output = addText(command, "--output", "FILE", "Where to write; - is standard output");
+  const auto* layout =
+      addText(command, "--layout", "3c|2c|1c|3cpo|2cpo|1cpo", "html: columns; po lists the pages only [3c]")
+          ->check(CLI::IsMember({"3c", "2c", "1c", "3cpo", "2cpo", "1cpo"}).description(""));
+  const auto* format = addText(command, "--format", "txt|html|csv", "broken: how they are listed [txt]")
+                           ->check(CLI::IsMember({"txt", "html", "csv"}).description(""));
+  const auto* split =
+      addText(command, "--split", "FOLDER",
+              "xml, in place of --output: files of at most 50,000 pages and 50 MB, and their index");
+  command->add_flag("--gzip", arguments->options.gzip, "xml: compress");
+  command->add_flag("--force", arguments->options.force, "Replace files that exist");
+  command->footer(
+      "The marks that the editor needs, and elements that are empty, are left out. The index of a split "
+      "sitemap "
+      "names its files in the folder of the site's URL.\n\n"
+      "Examples:\n"
+      "  veskel-cli export shop html --layout 2cpo --output sitemap.html\n"
+      "  veskel-cli export shop xml --split public --gzip\n"
+      "  veskel-cli export shop broken --format csv --output -");
+  command->callback([arguments, output, layout, format, split, &chosen] {
+    cli::ExportOptions& options = arguments->options;
+    options.kind = arguments->kind == "html"  ? cli::ExportKind::html
+                   : arguments->kind == "xml" ? cli::ExportKind::xml
+                                              : cli::ExportKind::broken;
+    options.output = givenText(output);
+    options.layout = givenText(layout);
+    options.format = givenText(format);
+    options.splitFolder = givenText(split);
+    chosen = [arguments](const CliContext& context) { return cli::exportSite(context, arguments->options); };
+  });
+}
+
+void addValidateCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("validate", "Check an XML sitemap by the rules of sitemaps.org");
+  auto target = std::make_shared<std::string>();
+  command->add_option("NAME|FILE", *target, "A site's name, or a file")->required()->type_name("");
+  command->footer(
+      "A file may be a sitemap or a sitemap index, and compressed (.gz).\n\n"
+      "Examples:\n  veskel-cli validate shop\n  veskel-cli validate public/sitemap-1.xml.gz");
+  command->callback([target, &chosen] {
+    chosen = [target](const CliContext& context) { return cli::validateSitemap(context, *target); };
+  });
+}
+
 void addWhereCommand(CLI::App& app, Command& chosen) {
   auto* command = app.add_subcommand("where", "Print the path of the data folder, or of a site's folder");
   const auto* name = addText(command, "NAME", "", "The site's name");
@@ -233,6 +292,8 @@ int main(int argc, char** argv) {
   addFiltersCommand(app, chosen);
   addScanCommand(app, chosen);
   addShowCommand(app, chosen);
+  addExportCommand(app, chosen);
+  addValidateCommand(app, chosen);
   addWhereCommand(app, chosen);
   app.footer(kMainFooter);  // last: commands that exist later would take it over
   try {

@@ -1,0 +1,20 @@
+// References in XML text: "&amp;", "&#38;", "&#x26;".
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace sitemaps {
+
+struct XmlReference {
+  std::size_t length = 0;      // as written, from "&" to ";"
+  std::string character = {};  // what it stands for, in UTF-8
+};
+
+/// The reference that `text` begins with: to one of the five predefined entities, or to a character by its
+/// number. Nothing where an "&" is no more than that, or the number is that of no character of XML.
+std::optional<XmlReference> referenceAt(std::string_view text);
+
+}  // namespace sitemaps
