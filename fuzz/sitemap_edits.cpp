@@ -1,0 +1,162 @@
+// Edits of HTML sitemaps: each does what its patterns do when they are simply applied to the whole document.
+// Input: href and label of a click, what is typed into the two fields, then what follows the document's
+// header.
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "fuzz_target.h"
+#include "html_editor/anchor_edit.h"
+#include "html_editor/colours.h"
+#include "html_editor/link_deletion.h"
+#include "html_editor/own_format.h"
+#include "html_editor/preview.h"
+#include "html_editor/script_text.h"
+#include "html_editor/style.h"
+#include "html_editor/table_rebuild.h"
+#include "html_editor/underline.h"
+#include "platform/regex.h"
+#include "platform/text.h"
+#include "sitemaps/html_format.h"
+
+namespace {
+
+using fuzz::require;
+using html_editor::EntryClass;
+using platform::Regex;
+using platform::replaceText;
+
+constexpr int kTotal = 40;  // numbers tried for a new heading
+
+std::string found(const std::string& pattern, const std::string& text) {
+  const auto regex = Regex::compile(pattern);
+  const auto match = regex ? regex->find(text) : std::nullopt;
+  return match ? std::string(match->whole) : std::string();
+}
+
+void checkStyle(const std::string& document, const std::string& typed) {
+  const std::string block = found(".vskPageTitle a {[^>]*?}", document);
+  const std::string size = found("font-size:.*;", block);
+  require(html_editor::withFontSize(document, EntryClass::pageTitle, typed) ==
+              replaceText(document, block, replaceText(block, size, "font-size: " + typed + ";")),
+          "one declaration is replaced in the first block");
+  const bool bold = found("font-weight: (.*?);", block) == "font-weight: bold;";
+  require(html_editor::readStyle(document, EntryClass::pageTitle).bold == bold,
+          "bold is what the block says");
+
+  std::string expected = document;
+  for (const std::string state : {"active", "link", "visited", "hover"}) {
+    const std::string rule = ".vskPageLink a:" + state + " { text-decoration:";
+    expected = replaceText(expected, found(rule + ".* }", expected), rule + "underline }");
+  }
+  require(html_editor::withUnderline(document, EntryClass::pageLink, html_editor::Underline::all) == expected,
+          "the four rules are replaced, one after the other");
+}
+
+void checkEdit(const std::string& document, const html_editor::LinkSelection& selection,
+               const std::string& typed) {
+  const auto edit = html_editor::editLinkAndTitle(document, selection.originalLinkValue, selection.linkNumber,
+                                                  typed, selection.titleEditInput);
+  std::string old = selection.originalLinkValue;
+  if (platform::foldCase(document).find(platform::foldCase(old)) == std::string::npos) {
+    old = replaceText(old, "&amp;", "&");
+  }
+  require(edit.document == replaceText(document, old, edit.originalLinkValue), "the anchor is replaced");
+}
+
+/// The deletion as it is defined, without a care for time.
+std::string deleted(std::string document, const html_editor::LinkSelection& selection) {
+  const auto end = [](const std::string& number) { return "<!-- LINKID: " + number + " --></a></div>"; };
+  const std::string entry =
+      found(replaceText("<div .*><a href=\"" + selection.delLink + "---LINKID:" + selection.linkNumber +
+                            "---\">" + selection.delTitle + end(selection.linkNumber),
+                        "?", "\\?"),
+            document);
+  if (!entry.starts_with("<div ") || !entry.ends_with("</div>")) return document;
+  const std::string rest = replaceText(document, "\n\t\t\t" + entry, "");
+  if (rest == document || platform::foldCase(entry).find("vskpagetitle") == std::string::npos) return rest;
+  int number = std::stoi(selection.linkNumber) + 1;
+  std::string next = found("<div .*><a .*---\">.*" + end(std::to_string(number)), rest);
+  while (next.empty() && number < kTotal) {
+    ++number;
+    next = found("<div .*---LINKID:" + std::to_string(number) + "---.*</div>", rest);
+  }
+  if (!next.starts_with("<div class=\"vskPageLink\"")) return rest;
+  return replaceText(rest, next, replaceText(next, "vskPageLink", "vskPageTitle"));
+}
+
+void checkDeletion(const std::string& document, const html_editor::LinkSelection& selection) {
+  const auto deletion = html_editor::linkDeletion(document, selection, kTotal);
+  require(deletion.document.size() <= 2 * document.size(),
+          "a deletion adds nothing but the look of headings");
+  // Where a pattern repeats groups, a search of the whole document may give up when one of a line does not.
+  if ((selection.delLink + selection.delTitle).find_first_of("*+{") != std::string::npos) return;
+  const std::string& number = selection.linkNumber;
+  const bool isSmall =
+      !number.empty() && number.size() < 7 && number.find_first_not_of("0123456789") == number.npos;
+  // A document that is no text has lines in which no pattern's dots match, and no heading is made of those.
+  if (!isSmall || !fuzz::isUtf8(document)) return;
+  require(deletion.document == deleted(document, selection), "the entry goes, the next is promoted");
+}
+
+void requireSame(const html_editor::DocumentCells& a, const html_editor::DocumentCells& b) {
+  require(a.anchors == b.anchors && a.complete == b.complete, "anchors and places are those of the parser");
+  require(
+      std::equal(a.cells.begin(), a.cells.end(), b.cells.begin(), b.cells.end(),
+                 [](const auto& x, const auto& y) { return x.entries == y.entries && x.empty == y.empty; }),
+      "the cells are those of the parser");
+}
+
+void checkCells(const std::string& document) {
+  const auto own = html_editor::readOwnFormat(document);
+  const auto parsed = html_editor::readCellsByParser(document);
+  if (own) requireSame(*own, parsed);
+  const auto cells = html_editor::checkForEmptyColumn(document);
+  require(!cells || cells->size() < parsed.cells.size(), "a rebuild is made of fewer cells");
+  if (!cells) return;
+  for (int columns = 1; columns <= 3; ++columns) {
+    const std::string rebuilt = html_editor::rebuildSitemaps(document, *cells, columns);
+    require(!own || html_editor::readOwnFormat(rebuilt).has_value(),
+            "a rebuilt document is of our own format");
+    for (const auto& cell : *cells) {
+      for (const std::string& entry : cell.entries) {
+        require(rebuilt.find("\n\t\t\t" + entry) != std::string::npos, "no entry is lost");
+      }
+    }
+  }
+}
+
+void checkPreview(const std::string& document) {
+  std::string expected = document;
+  for (int n = 0; n < kTotal; ++n)
+    expected = replaceText(expected, "---LINKID:" + std::to_string(n) + "---", "");
+  // Longer runs of fragments are read from left to right.
+  const bool isOdd = Regex("[-LINKD:0-9]{1025}").find(document).has_value();
+  require(isOdd || html_editor::withoutMarkers(document, kTotal) == expected,
+          "markers go in the order of numbers");
+  require(html_editor::previewText(document).size() <= document.size(), "a preview only lacks something");
+  require(html_editor::holdsScriptText(document) || document.find("<script") == std::string::npos,
+          "every script element is told");
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string_view rest = fuzz::textOf(data, size);
+  const std::string_view href = fuzz::takeLine(rest);
+  const std::string_view label = fuzz::takeLine(rest);
+  const std::string typed(fuzz::takeLine(rest));
+  const auto selection = html_editor::selectLink(href, label);
+  const auto field = html_editor::checkHexField(typed);
+  require(field.accepted || field.complaints > 0, "a colour is taken or complained of");
+
+  for (const std::string& document : {std::string(rest), std::string(sitemaps::kHtmlHeader).append(rest)}) {
+    checkStyle(document, typed);
+    checkCells(document);
+    checkPreview(document);
+    if (!selection) continue;
+    checkEdit(document, *selection, typed);
+    checkDeletion(document, *selection);
+  }
+  return 0;
+}

@@ -1,0 +1,118 @@
+#include "html_editor/entry_markup.h"
+
+#include <algorithm>
+#include <array>
+
+namespace html_editor {
+
+namespace {
+
+bool isLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool isLetterOrDigit(char c) {
+  return isLetter(c) || (c >= '0' && c <= '9');
+}
+
+bool isVoid(std::string_view name) {
+  constexpr std::array<std::string_view, 17> kVoid = {
+      "area",  "base",    "basefont", "br",   "col",   "embed",  "frame", "hr", "img",
+      "input", "isindex", "link",     "meta", "param", "source", "track", "wbr"};
+  return std::find(kVoid.begin(), kVoid.end(), name) != kVoid.end();
+}
+
+bool isRaw(std::string_view name) {
+  return name == "script" || name == "style";
+}
+
+void appendAttributeValue(std::string& to, std::string_view value) {
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    if (value[i] == '"') {
+      to += "&quot;";
+    } else if (value[i] == '&' && beginsReference(value.substr(i))) {
+      to += "&amp;";
+    } else {
+      to += value[i];
+    }
+  }
+}
+
+}  // namespace
+
+bool beginsReference(std::string_view text) {
+  if (text.size() < 2) return false;
+  if (text[1] == '#') return true;
+  const auto* end = std::find_if_not(text.begin() + 1, text.end(), isLetterOrDigit);
+  return end != text.end() && *end == ';';
+}
+
+void EntryMarkup::startElement(std::string_view name,
+                               const std::vector<platform::MarkupAttribute>& attributes) {
+  settleLess({});
+  m_text.append("<").append(name);
+  for (const platform::MarkupAttribute& attribute : attributes) {
+    m_text.append(" ").append(attribute.name).append("=\"");
+    appendAttributeValue(m_text, attribute.value);
+    m_text += '"';
+  }
+  m_text += '>';
+  if (isRaw(name)) ++m_rawDepth;
+}
+
+void EntryMarkup::endElement(std::string_view name) {
+  settleLess({});
+  if (isRaw(name)) --m_rawDepth;
+  if (isVoid(name)) return;
+  m_text.append("</").append(name).append(">");
+}
+
+void EntryMarkup::text(std::string_view piece) {
+  if (piece.empty()) return;
+  settleLess(piece);
+  if (m_rawDepth > 0) {
+    m_text.append(piece);
+  } else {
+    appendText(piece);
+  }
+}
+
+void EntryMarkup::comment(std::string_view text) {
+  settleLess({});
+  m_text.append("<!--").append(text).append("-->");
+}
+
+std::string_view EntryMarkup::written() {
+  settleLess({});
+  return m_text;
+}
+
+void EntryMarkup::clear() {
+  m_text.clear();
+  m_pendingLess = false;
+  m_rawDepth = 0;
+}
+
+/// A "<" in front of a blank or a digit is no markup to any parser, and stays bare.
+void EntryMarkup::settleLess(std::string_view next) {
+  if (!m_pendingLess) return;
+  m_pendingLess = false;
+  const bool isMarkup = next.empty() || isLetter(next.front()) || next.front() == '/' ||
+                        next.front() == '!' || next.front() == '?';
+  m_text += isMarkup ? "&lt;" : "<";
+}
+
+void EntryMarkup::appendText(std::string_view piece) {
+  for (std::size_t i = 0; i < piece.size(); ++i) {
+    if (piece[i] == '&') {
+      m_text += "&amp;";
+    } else if (piece[i] == '<') {
+      m_pendingLess = true;
+      if (i + 1 < piece.size()) settleLess(piece.substr(i + 1));
+    } else {
+      m_text += piece[i];
+    }
+  }
+}
+
+}  // namespace html_editor

@@ -1,0 +1,30 @@
+#include "html_editor/fixed_pages.h"
+
+#include <string_view>
+
+namespace html_editor {
+
+namespace {
+
+std::string page(std::string_view message) {
+  constexpr std::string_view kBlankLine = "<h2 align=\"center\">&nbsp;</h2>";
+  std::string text =
+      "<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Transitional//EN\" "
+      "\"http://www.w3.org/TR/xhtml1/DTD/xhtml1-transitional.dtd\">"
+      "<html xmlns=\"http://www.w3.org/1999/xhtml\">\t\t<head><meta http-equiv=\"Content-Type\" "
+      "content=\"text/html; charset=UTF-8\" /><title>No Sitemap Available</title></head><body>";
+  text.append(kBlankLine).append(kBlankLine).append(kBlankLine);
+  return text.append("<h2 align=\"center\">").append(message).append("</h2></body></html>");
+}
+
+}  // namespace
+
+std::string noSitemapPage() {
+  return page("No Sitemap Is Available<br />Please scan this website to create the html sitemap.");
+}
+
+std::string noSitePage() {
+  return page("Please Select A Site To View It's Sitemap");
+}
+
+}  // namespace html_editor

@@ -1,0 +1,284 @@
+#include "html_editor/html_view_controller.h"
+
+#include <QComboBox>
+#include <QDockWidget>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "html_editor/fixed_pages.h"
+#include "html_editor/layouts.h"
+#include "platform/files.h"
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+
+namespace html_editor {
+
+using platform::control;
+using platform::toQString;
+using platform::toUtf8;
+
+namespace {
+
+constexpr int kViewer = 2;
+constexpr int kStyleEditor = 3;
+constexpr std::chrono::seconds kRecoveryDelay{1};
+const QString kFileScheme = QStringLiteral("file://");
+
+}  // namespace
+
+HTMLViewController::HTMLViewController(const HTMLViewServices& services)
+    : m_services(services),
+      m_state(services.state),
+      m_sheets(services.sheets),
+      m_pt(services.mainWindow, EntryClass::pageTitle),
+      m_pl(services.mainWindow, EntryClass::pageLink),
+      m_urlToLoad(control<QLineEdit>(services.mainWindow, "urlToLoad")),
+      m_sitemapTypePopup(control<QComboBox>(services.mainWindow, "sitemapTypePopup")),
+      m_siteTypeLabel(control<QLabel>(services.mainWindow, "siteTypeLabel")),
+      m_saveChangesButton(control<QPushButton>(services.mainWindow, "saveChangesButton")),
+      m_vibButton(control<QPushButton>(services.mainWindow, "vibButton")),
+      m_deleteButton(control<QPushButton>(services.mainWindow, "deleteButton")),
+      m_titleEditInput(control<QLineEdit>(services.mainWindow, "titleEditInput")),
+      m_linkEditInput(control<QLineEdit>(services.mainWindow, "linkEditInput")) {
+  for (const LayoutItem& item : sitemapTypeItems) {
+    m_sitemapTypePopup.addItem(toQString(item.title), toQString(item.representedObject));
+  }
+  // It can be copied from, but is no field to type in.
+  QPalette plain = m_urlToLoad.palette();
+  plain.setColor(QPalette::Base, Qt::transparent);
+  m_urlToLoad.setPalette(plain);
+  m_siteTypeLabel.hide();  // its text is that of another layout than the chooser's
+  m_recoveryTimer.setSingleShot(true);
+  m_recoveryTimer.setInterval(kRecoveryDelay);
+  connectControls();
+  clearLinkFields();
+  disableEditOptions();
+  markBusy(false);
+}
+
+void HTMLViewController::connectControls() {
+  connectStyle(m_pt);
+  connectStyle(m_pl);
+  connect(&m_recoveryTimer, &QTimer::timeout, this, &HTMLViewController::keepRecoveryCopy);
+  connect(&m_sitemapTypePopup, &QComboBox::activated, this, &HTMLViewController::changeMapType);
+  connect(&m_saveChangesButton, &QPushButton::clicked, this, &HTMLViewController::saveRecentChanges);
+  connect(&m_vibButton, &QPushButton::clicked, this, &HTMLViewController::viewSitemapButton);
+  connect(&m_deleteButton, &QPushButton::clicked, this, &HTMLViewController::deleteLinkAction);
+  onCommit(m_titleEditInput, [this] { titleEditInputAction(); });
+  onCommit(m_linkEditInput, [this] { linkEditInputAction(); });
+}
+
+/// A field is committed by Return, or by going on to another control; not by a look at another window.
+void HTMLViewController::onCommit(QLineEdit& field, std::function<void()> action) {
+  const auto commit = [&field, action = std::move(action)] {
+    if (!field.isModified()) return;
+    field.setModified(false);
+    action();
+  };
+  connect(&field, &QLineEdit::returnPressed, this, commit);
+  connect(&field, &QLineEdit::editingFinished, this, [&field, commit] {
+    if (field.window()->focusWidget() != &field) commit();
+  });
+}
+
+void HTMLViewController::connectStyle(StyleControlsView& controls) {
+  connect(&controls.fontFace, &QComboBox::activated, this, [&] { changeFontFamily(controls); });
+  connect(&controls.fontSize, &QComboBox::activated, this, [&] { changeFontSize(controls); });
+  connect(&controls.boldButton, &QCheckBox::clicked, this, [&] { changeBold(controls); });
+  connect(&controls.italicButton, &QCheckBox::clicked, this, [&] { changeItalic(controls); });
+  connect(&controls.colourwell, &QPushButton::clicked, this, [&] { chooseColour(controls); });
+  onCommit(controls.colourField, [&] { applyTypedColour(controls); });
+  connect(&controls.underlineGroup, &QButtonGroup::idClicked, this,
+          [&](int id) { changeUnderline(controls, static_cast<Underline>(id)); });
+}
+
+void HTMLViewController::viewTBIAction(bool wasShown) {
+  m_savedScrollPosition = {};
+  if (m_scanWebView) m_scanWebView->scrollTo(m_savedScrollPosition);
+  m_services.mainWindow.setWindowTitle(toQString(m_state.qzvskWinTit));
+  if (!wasShown) {
+    takePlace(kViewer);
+    // Not while the question is up: its answer saves the document that is in hand now.
+    afterQuestion([this] { firstLoad(); });
+    return;
+  }
+  // Asking for the viewer once more saves, and does not ask.
+  if (m_state.qzvskHTMLString != m_originalHTMLString) saveAndReadBack();
+  clearLinkFields();
+}
+
+void HTMLViewController::styleTBIAction(int previousView) {
+  m_services.mainWindow.setWindowTitle(toQString(m_state.qzvskWinTit));
+  if (previousView == kStyleEditor) return;
+  takePlace(kStyleEditor);
+  // Anything may have happened to the file meanwhile, a scan for example.
+  if (previousView != kViewer || !m_hasDocument) {
+    m_savedScrollPosition = {};
+    afterQuestion([this] { firstLoad(); });
+  }
+}
+
+void HTMLViewController::siteChanged() {
+  if (m_state.qzvskCurrentView != kViewer && m_state.qzvskCurrentView != kStyleEditor) return;
+  m_savedScrollPosition = {};
+  firstLoad();
+}
+
+void HTMLViewController::firstLoad() {
+  clearLinkFields();
+  const std::string site = siteName();
+  if (site.empty()) return showPage(noSitePage());
+  open(m_services.controls.siteFolder(site) / layoutOfEntry(sitemapTypeArray.front())->fileName);
+  if (!readDocument()) return showPage(noSitemapPage());
+  m_sitemapTypePopup.setCurrentIndex(0);
+  m_documentIsNew = true;
+  showDocument();
+  enableEditOptions();
+  setPopupButtons();
+  offerRecoveryCopy();
+}
+
+void HTMLViewController::setPopupButtons() {
+  saveActive();
+  m_pt.show(m_state.qzvskHTMLString);
+  m_pl.show(m_state.qzvskHTMLString);
+}
+
+void HTMLViewController::saveActive() {
+  const bool dirty = m_originalHTMLString != m_state.qzvskHTMLString;
+  markDirty(dirty);
+  if (dirty) {
+    m_recoveryTimer.start();
+  } else if (m_copyKept) {
+    dropRecoveryCopy();
+  } else {
+    m_recoveryTimer.stop();
+  }
+}
+
+void HTMLViewController::markDirty(bool dirty) {
+  enableUnless(m_saveChangesButton, dirty ? QString() : tr("Everything is saved"));
+  m_state.qzvskNeedsSave = dirty;
+  emit needsSaveChanged(dirty);
+}
+
+void HTMLViewController::enableOptions(bool enabled) {
+  const QString whyNot = enabled ? QString() : tr("There is no sitemap to work on");
+  m_pt.setEnabled(whyNot);
+  m_pl.setEnabled(whyNot);
+  for (QWidget* each : std::initializer_list<QWidget*>{&m_saveChangesButton, &m_siteTypeLabel, &m_vibButton,
+                                                       &m_sitemapTypePopup}) {
+    enableUnless(*each, whyNot);
+  }
+}
+
+void HTMLViewController::makeWebView() {
+  if (m_scanWebView) return;
+  auto* frame = new QFrame(&m_services.mainWindow);
+  frame->setObjectName(QStringLiteral("scanWebViewFrame"));
+  frame->setFrameShape(QFrame::StyledPanel);
+  m_scanWebView = new SitemapWebView(frame);
+  m_scanWebView->setObjectName(QStringLiteral("scanWebView"));
+  m_scanWebView->setAccessibleName(tr("Sitemap"));
+  auto* layout = new QVBoxLayout(frame);
+  layout->setContentsMargins({});
+  layout->addWidget(m_scanWebView);
+  connect(m_scanWebView, &SitemapWebView::linkClicked, this, &HTMLViewController::linkClicked);
+  connect(m_scanWebView, &SitemapWebView::documentShown, this, [this] {
+    markBusy(false);
+    m_scanWebView->scrollTo(m_savedScrollPosition);
+    if (m_selection) markSelection();
+  });
+}
+
+/// The viewer and the style editor share the sitemap and the controls: these move to the one that is shown.
+void HTMLViewController::takePlace(int view) {
+  makeWebView();
+  const QMainWindow& window = m_services.mainWindow;
+  const bool viewer = view == kViewer;
+  auto& bar = control<QWidget>(window, "sitemapBar");
+  control<QVBoxLayout>(window, viewer ? "htmlWindowViewLayout" : "htmlEditorWindowViewLayout")
+      .insertWidget(0, &bar);
+  control<QVBoxLayout>(window, viewer ? "htmlSitemapPlace" : "htmlEditorSitemapPlace")
+      .addWidget(m_scanWebView->parentWidget());
+  auto& titles = control<QWidget>(window, "ptTabView");
+  auto& links = control<QWidget>(window, "plTabView");
+  auto& tabs = control<QTabWidget>(window, "styleTabs");
+  if (viewer) {
+    tabs.insertTab(0, &titles, tr("&Page titles"));
+    tabs.insertTab(1, &links, tr("Page &links"));
+    tabs.setCurrentIndex(0);
+  } else {
+    control<QVBoxLayout>(window, "pageTitlesPlace").addWidget(&titles);
+    control<QVBoxLayout>(window, "pageLinksPlace").addWidget(&links);
+    titles.show();  // a tab that is not in front is hidden
+    links.show();
+  }
+  orderTabs(viewer);
+}
+
+/// The Tab key goes as one reads. What moves to another place is last in its order otherwise.
+void HTMLViewController::orderTabs(bool viewer) {
+  std::vector<QWidget*> order = {&m_sitemapTypePopup, &m_vibButton, &m_saveChangesButton};
+  std::vector<QWidget*> styles = m_pt.tabOrder();
+  for (QWidget* each : m_pl.tabOrder()) styles.push_back(each);
+  if (viewer) {
+    order.insert(order.end(), {m_scanWebView, &m_titleEditInput, &m_linkEditInput, &m_deleteButton,
+                               &control<QTabWidget>(m_services.mainWindow, "styleTabs")});
+  }
+  order.insert(order.end(), styles.begin(), styles.end());
+  order.push_back(viewer ? &m_urlToLoad : static_cast<QWidget*>(m_scanWebView));
+  for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+void HTMLViewController::showPage(const std::string& page) {
+  makeWebView();
+  m_hasDocument = false;
+  m_documentIsNew = true;
+  disableEditOptions();
+  markBusy(true);
+  m_scanWebView->showDocument(page, false);
+}
+
+void HTMLViewController::showDocument() {
+  makeWebView();
+  m_hasDocument = true;
+  markBusy(true);
+  m_scanWebView->showDocument(m_state.qzvskHTMLString, !m_documentIsNew);
+  m_documentIsNew = false;
+}
+
+void HTMLViewController::markBusy(bool busy) {
+  control<QProgressBar>(m_services.mainWindow, "sitemapBusy").setVisible(busy);
+}
+
+void HTMLViewController::open(const std::filesystem::path& file) {
+  m_urlToLoad.setText(kFileScheme + toQString(file.native()));
+  m_urlToLoad.setCursorPosition(0);
+  m_state.qzvskUTLLoc = file.native();
+}
+
+/// False, and nothing changed, when the file cannot be read or is empty.
+bool HTMLViewController::readDocument() {
+  platform::FileContent content = platform::readFile(currentFile());
+  if (!content.result.ok() || content.text.empty()) return false;
+  m_state.qzvskHTMLString = std::move(content.text);
+  m_originalHTMLString = m_state.qzvskHTMLString;
+  return true;
+}
+
+std::filesystem::path HTMLViewController::currentFile() const {
+  return toUtf8(m_urlToLoad.text().mid(kFileScheme.size()));
+}
+
+std::string HTMLViewController::siteName() const {
+  return toUtf8(control<QLabel>(m_services.mainWindow, "siteName").text());
+}
+
+}  // namespace html_editor

@@ -1,0 +1,202 @@
+// The HTML sitemap viewer and editor: one document in hand, shown in a web view, restyled, edited and saved.
+#pragma once
+
+#include <QMainWindow>
+#include <QObject>
+#include <QPointF>
+#include <QPointer>
+#include <QTimer>
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "html_editor/link_selection.h"
+#include "html_editor/recovery_copies.h"
+#include "html_editor/sitemap_web_view.h"
+#include "html_editor/style_controls_view.h"
+#include "platform/files.h"
+#include "platform/sheet_queue.h"
+#include "store/global_controls.h"
+#include "store/shared_state.h"
+
+class QAction;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace html_editor {
+
+/// What of the program the controller works with. All is borrowed and outlives it.
+struct HTMLViewServices {
+  QMainWindow& mainWindow;
+  platform::SheetQueue& sheets;
+  const store::GlobalControls& controls;
+  store::SharedState& state;
+  RecoveryCopies recovery;
+};
+
+/// Owns the web view and the style controls, which the viewer and the style editor share. Every edit replaces
+/// the text of the document in hand (`qzvskHTMLString`); what is on disk changes only when it is saved. UI
+/// thread.
+class HTMLViewController : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit HTMLViewController(const HTMLViewServices& services);
+
+  /// The HTML viewer was opened from the toolbar. `wasShown`: it was the current view before.
+  void viewTBIAction(bool wasShown);
+
+  /// The style editor was opened. Coming from the viewer it goes on with the same document.
+  void styleTBIAction(int previousView);
+
+  /// Another site is in hand, or the documents of this one were written anew: what is shown is loaded again.
+  void siteChanged();
+
+  void firstLoad();
+  void setPopupButtons();
+  void enableEditOptions() { enableOptions(true); }
+  void disableEditOptions() { enableOptions(false); }
+  void saveActive();
+
+  void ptFontFamily() { changeFontFamily(m_pt); }
+  void plFontFamily() { changeFontFamily(m_pl); }
+  void ptFontSize() { changeFontSize(m_pt); }
+  void plFontSize() { changeFontSize(m_pl); }
+  void ptFontStyleBold() { changeBold(m_pt); }
+  void plFontStyleBold() { changeBold(m_pl); }
+  void ptFontStyleItalic() { changeItalic(m_pt); }
+  void plFontStyleItalic() { changeItalic(m_pl); }
+  void changePTColour(std::string_view colour);
+  void changePLColour(std::string_view colour);
+  void ptColourWell(const Colour& colour);
+  void plColourWell(const Colour& colour);
+  void ptFontColourFieldAction() { applyTypedColour(m_pt); }
+  void plFontColourFieldAction() { applyTypedColour(m_pl); }
+  void ptUnderlineNone() { changeUnderline(m_pt, Underline::none); }
+  void ptUnderlineOnHover() { changeUnderline(m_pt, Underline::onHover); }
+  void ptUnderlineAll() { changeUnderline(m_pt, Underline::all); }
+  void plUnderlineNone() { changeUnderline(m_pl, Underline::none); }
+  void plUnderlineOnHover() { changeUnderline(m_pl, Underline::onHover); }
+  void plUnderlineAll() { changeUnderline(m_pl, Underline::all); }
+
+  void viewSitemapButton();
+  void changeMapType();
+  void titleEditInputAction();
+  void linkEditInputAction();
+  void deleteLinkAction();
+
+  enum class SaveMarker { savebutton, closewindow, changemap, defaultAsk };
+  void saveNow(SaveMarker marker);
+  void saveRecentChanges() { saveNow(SaveMarker::savebutton); }
+
+  /// Drops what stands in the two fields of the selected link, and the selection with it.
+  void clearLinkFields();
+
+  /// Offers to save the document in hand when it has unsaved changes. Does not wait for the answer: `then` is
+  /// called when there was nothing to ask, or once it was answered. It is not called when saving failed.
+  void checkSave(std::function<void()> then = {});
+
+  static void setCurrentView(store::SharedState& state, int number) { state.qzvskCurrentView = number; }
+
+ signals:
+  void report(const QString& sentence);
+  /// Whether there is something to save now.
+  void needsSaveChanged(bool needsSave);
+
+ private:
+  // html_view_controller.cpp
+  void connectControls();
+  void connectStyle(StyleControlsView& controls);
+  void orderTabs(bool viewer);
+  void onCommit(QLineEdit& field, std::function<void()> action);
+  void makeWebView();
+  void takePlace(int view);
+  void showPage(const std::string& page);
+  void showDocument();
+  void enableOptions(bool enabled);
+  void markDirty(bool dirty);
+  void markBusy(bool busy);
+  void open(const std::filesystem::path& file);
+  bool readDocument();
+  std::filesystem::path currentFile() const;
+  std::string siteName() const;
+
+  // html_view_style.cpp
+  void changeFontFamily(StyleControlsView& controls);
+  void changeFontSize(StyleControlsView& controls);
+  void changeBold(StyleControlsView& controls);
+  void changeItalic(StyleControlsView& controls);
+  void changeColour(EntryClass entries, std::string_view colour);
+  void chooseColour(StyleControlsView& controls);
+  void applyTypedColour(StyleControlsView& controls);
+  void complainAboutColour(StyleControlsView& controls);
+  void changeUnderline(StyleControlsView& controls, Underline mode);
+  void useStyled(std::string document);
+
+  // html_view_links.cpp
+  void linkClicked(const QString& href, const QString& label, QPointF scrolledTo);
+  void editLinkAndTitle();
+  void refuseBlank(std::string_view message);
+  void commitField(FieldCommit commit);
+  void beginLinkDeletion(const LinkSelection& link);
+  void linkDeletion(const LinkSelection& link);
+  void showSelection();
+  void markSelection();
+  int totalLinks() const;
+  void rebuildIfCellsAreEmpty();
+  void later(const LinkSelection& link, void (HTMLViewController::*step)(const LinkSelection&));
+
+  // html_view_saving.cpp
+  platform::FileResult writeDocument();
+  bool saveAndReadBack();
+  void readBack();
+  void tellNotWritten(const platform::FileResult& result);
+  void offerNotWritten(const platform::FileResult& result, std::string text);
+  QString notWritten(const platform::FileResult& result) const;
+  void chooserFollowsFile();
+  void switchLayout();
+  void answerCheckSave(bool save);
+  void afterQuestion(std::function<void()> step);
+  void externalBrowserView();
+  void openPreview();
+  void keepRecoveryCopy();
+  void dropRecoveryCopy();
+  void offerRecoveryCopy();
+  void restore(const std::string& file, const std::string& text);
+
+  HTMLViewServices m_services;
+  store::SharedState& m_state;
+  platform::SheetQueue& m_sheets;
+  StyleControlsView m_pt;
+  StyleControlsView m_pl;
+  QLineEdit& m_urlToLoad;
+  QComboBox& m_sitemapTypePopup;
+  QLabel& m_siteTypeLabel;
+  QPushButton& m_saveChangesButton;
+  QPushButton& m_vibButton;
+  QPushButton& m_deleteButton;
+  QLineEdit& m_titleEditInput;
+  QLineEdit& m_linkEditInput;
+  QPointer<SitemapWebView> m_scanWebView;  // made when it is first needed
+
+  std::string m_originalHTMLString;  // as last loaded or saved
+  QPointF m_savedScrollPosition;
+  std::optional<LinkSelection> m_selection;
+  QString m_clickedTarget;     // of the selection, as it stands in the document
+  bool m_hasDocument = false;  // and not one of the two fixed pages
+  bool m_documentIsNew = true;
+  bool m_asking = false;                             // checkSave()'s question is up,
+  std::vector<std::function<void()>> m_afterAnswer;  // and these wait for its answer
+  std::set<std::string> m_toldAboutScripts;          // files whose preview was asked about
+  QTimer m_recoveryTimer;
+  bool m_copyKept = false;  // of the changes that are in hand
+};
+
+}  // namespace html_editor

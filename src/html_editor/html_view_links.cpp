@@ -1,0 +1,189 @@
+// Editing and deleting single links in the HTML viewer.
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include "html_editor/anchor_edit.h"
+#include "html_editor/html_view_controller.h"
+#include "html_editor/layouts.h"
+#include "html_editor/link_deletion.h"
+#include "html_editor/table_rebuild.h"
+#include "platform/files.h"
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+#include "store/site_record.h"
+
+namespace html_editor {
+
+using platform::toQString;
+using platform::toUtf8;
+
+namespace {
+
+constexpr std::chrono::milliseconds kFollowUpDelay{500};
+
+}  // namespace
+
+void HTMLViewController::linkClicked(const QString& href, const QString& label, QPointF scrolledTo) {
+  m_savedScrollPosition = scrolledTo;
+  // Under a sheet nobody clicks: this one has come late, and the sheet is about another link.
+  if (!m_hasDocument || m_sheets.busy()) return;
+  std::optional<LinkSelection> clicked = selectLink(toUtf8(href), toUtf8(label));
+  if (!clicked) {
+    m_deleteButton.setEnabled(false);
+    return;
+  }
+  m_selection = std::move(clicked);
+  m_clickedTarget = href;
+  showSelection();
+}
+
+void HTMLViewController::showSelection() {
+  const bool any = m_selection.has_value();
+  const LinkSelection link = m_selection.value_or(LinkSelection());
+  const auto fill = [any](QLineEdit& field, const QString& text, const QString& toolTip) {
+    field.setText(text);
+    field.setCursorPosition(0);
+    field.setEnabled(any);
+    field.setToolTip(any ? toolTip : tr("Click a link in the sitemap first"));
+  };
+  fill(m_titleEditInput, toQString(link.titleEditInput), toQString(link.titleEditInput));
+  fill(m_linkEditInput, toQString(link.linkEditInput), toQString(link.linkEditInput));
+  m_deleteButton.setEnabled(any);
+  m_deleteButton.setToolTip(any ? tr("Remove this link from the layout that is shown")
+                                : tr("Click a link in the sitemap first"));
+  markSelection();
+}
+
+void HTMLViewController::markSelection() {
+  if (!m_scanWebView) return;
+  if (!m_selection) return m_scanWebView->markLink({}, {});
+  m_scanWebView->markLink(m_clickedTarget, toQString(m_selection->titleEditInput));
+}
+
+void HTMLViewController::clearLinkFields() {
+  m_selection.reset();
+  showSelection();
+}
+
+void HTMLViewController::titleEditInputAction() {
+  commitField(commitTitleField(toUtf8(m_titleEditInput.text()), toUtf8(m_linkEditInput.text())));
+}
+
+void HTMLViewController::linkEditInputAction() {
+  commitField(commitLinkField(toUtf8(m_titleEditInput.text()), toUtf8(m_linkEditInput.text())));
+}
+
+void HTMLViewController::commitField(FieldCommit commit) {
+  switch (commit) {
+    case FieldCommit::edit:
+      return editLinkAndTitle();
+    case FieldCommit::titleBlank:
+      return refuseBlank(kTitleBlankMessage);
+    case FieldCommit::linkBlank:
+      return refuseBlank(kLinkBlankMessage);
+    case FieldCommit::nothing:
+      break;
+  }
+}
+
+void HTMLViewController::editLinkAndTitle() {
+  if (!m_selection) return;
+  const std::string before = m_selection->originalLinkValue;
+  AnchorEdit edit =
+      html_editor::editLinkAndTitle(m_state.qzvskHTMLString, before, m_selection->linkNumber,
+                                    toUtf8(m_linkEditInput.text()), toUtf8(m_titleEditInput.text()));
+  const bool found = edit.document != m_state.qzvskHTMLString || edit.originalLinkValue == before;
+  m_state.qzvskHTMLString = std::move(edit.document);
+  clearLinkFields();
+  showDocument();
+  saveNow(SaveMarker::closewindow);
+  if (!found) emit report(tr("Nothing was changed: the link is not in this layout as it was clicked."));
+}
+
+void HTMLViewController::refuseBlank(std::string_view message) {
+  if (!m_selection) return;
+  constexpr int kOk = 0;
+  constexpr int kDelete = 1;
+  m_sheets.choose(toQString(message), {}, {tr("OK"), tr("Delete This Link")}, kOk,
+                  [this, link = *m_selection](int answer) {
+                    if (answer == kDelete) later(link, &HTMLViewController::beginLinkDeletion);
+                  });
+  clearLinkFields();
+  showDocument();
+}
+
+void HTMLViewController::deleteLinkAction() {
+  if (!m_selection) return;
+  if (m_state.qzvskHTMLString == m_originalHTMLString) return beginLinkDeletion(*m_selection);
+  constexpr int kSave = 0;
+  constexpr int kCancel = 1;
+  m_sheets.choose(tr("Changes have been made to this sitemap, would you like to save the changes you have "
+                     "made before deleting this link?"),
+                  tr("Once you have deleted a link it cannot be restored without re-scanning the site."),
+                  {tr("Save Changes"), tr("Cancel Deletion"), tr("Discard Changes")}, kCancel,
+                  [this, link = *m_selection](int answer) {
+                    if (answer == kCancel) return;
+                    if (answer == kSave) {
+                      const platform::FileResult written = writeDocument();
+                      if (!written.ok()) return tellNotWritten(written);
+                      m_originalHTMLString = m_state.qzvskHTMLString;
+                      saveActive();
+                    } else {
+                      m_state.qzvskHTMLString = m_originalHTMLString;
+                      setPopupButtons();
+                    }
+                    later(link, &HTMLViewController::linkDeletion);
+                  });
+}
+
+void HTMLViewController::beginLinkDeletion(const LinkSelection& link) {
+  constexpr int kDelete = 0;
+  constexpr int kCancel = 1;
+  m_sheets.choose(tr("Are you absolutely sure you want to remove this link from your sitemap, deleted links "
+                     "cannot be restored."),
+                  tr("This could take a while for large sites."), {tr("Delete Link"), tr("Cancel")}, kCancel,
+                  [this, link](int answer) {
+                    if (answer == kDelete) linkDeletion(link);
+                  });
+}
+
+void HTMLViewController::linkDeletion(const LinkSelection& link) {
+  LinkDeletion deletion = html_editor::linkDeletion(m_state.qzvskHTMLString, link, totalLinks());
+  m_state.qzvskHTMLString = std::move(deletion.document);
+  rebuildIfCellsAreEmpty();
+  clearLinkFields();
+  showDocument();
+  saveNow(SaveMarker::closewindow);
+  if (deletion.removed == Removed::nothing) {
+    emit report(tr("Nothing was removed: the link could not be told apart in this layout."));
+  }
+}
+
+/// The count of LINKIDs that the site's record tells; 0 when it cannot be read.
+int HTMLViewController::totalLinks() const {
+  const platform::FileContent record =
+      platform::readFile(m_services.controls.returnFullFileLocation(siteName()));
+  return store::recordCount(record.text, store::kTotalLinks).value_or(0);
+}
+
+void HTMLViewController::rebuildIfCellsAreEmpty() {
+  const sitemaps::Layout* layout = layoutOfTitle(toUtf8(m_sitemapTypePopup.currentText()));
+  const auto remaining = checkForEmptyColumn(m_state.qzvskHTMLString);
+  if (layout == nullptr || !remaining) return;
+  const auto file = m_services.controls.siteFolder(siteName()) / layout->fileName;
+  m_state.qzvskHTMLString = rebuildSitemaps(platform::readFile(file).text, *remaining, layout->columns);
+}
+
+/// A step that opens a sheet waits until the one before it has gone. Meanwhile the user is free to go to
+/// another document, where the link has no business, or to click another link, which is not the one meant.
+void HTMLViewController::later(const LinkSelection& link,
+                               void (HTMLViewController::*step)(const LinkSelection&)) {
+  QTimer::singleShot(kFollowUpDelay, this, [this, link, step, file = m_state.qzvskUTLLoc] {
+    if (m_hasDocument && file == m_state.qzvskUTLLoc) (this->*step)(link);
+  });
+}
+
+}  // namespace html_editor

@@ -1,0 +1,112 @@
+#include "html_editor/sitemap_page.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineSettings>
+#include <QWebEngineUrlRequestInfo>
+#include <QWebEngineUrlRequestJob>
+#include <QWebEngineUrlScheme>
+#include <cstdio>
+
+#include <unistd.h>
+
+namespace html_editor {
+
+const QByteArray DocumentScheme::kName = "veskel-document";
+
+namespace {
+
+/// The engine's sandbox cannot start as root, and the engine would end the program.
+void allowForRoot() {
+  constexpr const char* kVariable = "QTWEBENGINE_DISABLE_SANDBOX";
+  if (geteuid() != 0 || qEnvironmentVariableIsSet(kVariable)) return;
+  std::fputs("veskel: running as root, so the HTML sitemap is shown without the web engine's sandbox\n",
+             stderr);
+  qputenv(kVariable, "1");
+}
+
+}  // namespace
+
+void prepareWebEngine() {
+  allowForRoot();
+  QWebEngineUrlScheme scheme(DocumentScheme::kName);
+  scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
+  scheme.setFlags(QWebEngineUrlScheme::LocalScheme);
+  QWebEngineUrlScheme::registerScheme(scheme);
+  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+QUrl DocumentScheme::address() const {
+  return QUrl(QString::fromLatin1(kName) + QStringLiteral(":/") + QString::number(m_number));
+}
+
+void DocumentScheme::requestStarted(QWebEngineUrlRequestJob* job) {
+  if (job->requestMethod() != "GET" || job->requestUrl() != address()) {
+    job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+    return;
+  }
+  auto* content = new QBuffer(job);
+  content->setData(m_html);
+  content->open(QIODevice::ReadOnly);
+  m_served = true;
+  job->reply("text/html;charset=utf-8", content);
+}
+
+void DocumentsOnly::interceptRequest(QWebEngineUrlRequestInfo& request) {
+  const bool isDocument = request.requestUrl().scheme() == QLatin1String(DocumentScheme::kName) &&
+                          request.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame;
+  request.block(!isDocument);
+}
+
+WalledProfile::WalledProfile(DocumentScheme& scheme, QObject* parent) : QWebEngineProfile(parent) {
+  setUrlRequestInterceptor(new DocumentsOnly(this));
+  installUrlSchemeHandler(DocumentScheme::kName, &scheme);
+  connect(this, &QWebEngineProfile::downloadRequested, this,
+          [](QWebEngineDownloadRequest* download) { download->cancel(); });
+}
+
+void turnEverythingOff(QWebEngineSettings& settings) {
+  using Settings = QWebEngineSettings;
+  for (const Settings::WebAttribute each : {Settings::JavascriptEnabled,
+                                            Settings::JavascriptCanOpenWindows,
+                                            Settings::JavascriptCanAccessClipboard,
+                                            Settings::JavascriptCanPaste,
+                                            Settings::AllowWindowActivationFromJavaScript,
+                                            Settings::LocalStorageEnabled,
+                                            Settings::LocalContentCanAccessRemoteUrls,
+                                            Settings::LocalContentCanAccessFileUrls,
+                                            Settings::HyperlinkAuditingEnabled,
+                                            Settings::ErrorPageEnabled,
+                                            Settings::PluginsEnabled,
+                                            Settings::PdfViewerEnabled,
+                                            Settings::FullScreenSupportEnabled,
+                                            Settings::ScreenCaptureEnabled,
+                                            Settings::WebGLEnabled,
+                                            Settings::AutoLoadImages,
+                                            Settings::AutoLoadIconsForPage,
+                                            Settings::AllowRunningInsecureContent,
+                                            Settings::AllowGeolocationOnInsecureOrigins,
+                                            Settings::DnsPrefetchEnabled,
+                                            Settings::NavigateOnDropEnabled}) {
+    settings.setAttribute(each, false);
+  }
+  settings.setAttribute(Settings::PlaybackRequiresUserGesture, true);
+  settings.setUnknownUrlSchemePolicy(Settings::DisallowUnknownUrlSchemes);
+}
+
+void SitemapPage::open(const QUrl& address) {
+  m_opened = address;
+  load(address);
+}
+
+/// What the program loads counts as typed; nothing that stands in a document does, whatever it leads to.
+bool SitemapPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
+  return isMainFrame && type == NavigationTypeTyped && url == m_opened;
+}
+
+QWebEnginePage* SitemapPage::createWindow(WebWindowType) {
+  return nullptr;
+}
+
+}  // namespace html_editor

@@ -1,0 +1,116 @@
+#include "xml_editor/xml_sitemap.h"
+
+#include <functional>
+#include <utility>
+
+#include "platform/regex.h"
+#include "sitemaps/xml_format.h"
+#include "xml_editor/row_changes.h"
+#include "xml_editor/sitemap_reader.h"
+
+namespace xml_editor {
+
+namespace {
+
+std::size_t fingerprint(std::string_view text) {
+  return std::hash<std::string_view>{}(text);
+}
+
+}  // namespace
+
+SitemapText sitemapText(const std::vector<std::string>& rows) {
+  constexpr std::size_t kUsualRow = 200;
+  std::string text(sitemaps::kXmlHeader);
+  text.reserve(text.size() + rows.size() * kUsualRow);
+  text += "\n\t";
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    text += "<url>";
+    for (const Field field : kFields) {
+      const std::optional<ElementText> element = findElement(rows[i], field);
+      if (!element) return {{}, MissingElement{i, field}};
+      text += "\n\t\t";
+      if (field == Field::loc && element->whole.find("&amp;") != std::string_view::npos) {
+        text += platform::replaceText(element->whole, "&amp;", "&");
+      } else {
+        text += element->whole;
+      }
+    }
+    text += "\n\t</url>";
+    text += i + 1 == rows.size() ? "\n" : "\n\t";
+  }
+  text += "</urlset>";
+  return {std::move(text), std::nullopt};
+}
+
+platform::FileResult XmlSitemap::load(const std::filesystem::path& file) {
+  clear();
+  m_file = file;
+  const platform::FileContent content = platform::readFile(file);
+  m_fingerprint = fingerprint(content.text);
+  SitemapRows read = readSitemap(content.text);
+  m_rows = std::move(read.rows);
+  m_otherElements = read.otherElements;
+  return content.result;
+}
+
+void XmlSitemap::clear() {
+  m_file.clear();
+  m_rows.clear();
+  m_otherElements = false;
+}
+
+Change XmlSitemap::setValue(std::size_t row, Field field, std::string_view value, std::string_view today) {
+  std::string refused = refusal(field, value, today);
+  if (!refused.empty()) return {ChangeStatus::refused, std::move(refused)};
+  return choose(row, field, value);
+}
+
+Change XmlSitemap::choose(std::size_t row, Field field, std::string_view value) {
+  return replaceRow(row, withValue(m_rows[row], field, value));
+}
+
+Change XmlSitemap::replaceRow(std::size_t row, std::string text) {
+  std::swap(m_rows[row], text);
+  Change change = updateXmlFile();
+  if (!change.saved()) std::swap(m_rows[row], text);
+  return change;
+}
+
+Change XmlSitemap::remove(std::size_t row) {
+  const auto place = m_rows.begin() + static_cast<std::ptrdiff_t>(row);
+  std::string removed = std::move(*place);
+  m_rows.erase(place);
+  Change change = updateXmlFile();
+  if (!change.saved()) {
+    m_rows.insert(m_rows.begin() + static_cast<std::ptrdiff_t>(row), std::move(removed));
+    if (change.status == ChangeStatus::incomplete && change.row >= row) ++change.row;
+  }
+  return change;
+}
+
+/// Nobody's work is overwritten: neither that of a scan that is under way nor that of another program.
+Change XmlSitemap::updateXmlFile() {
+  SitemapText sitemap = sitemapText(m_rows);
+  if (sitemap.missing) {
+    return {ChangeStatus::incomplete,
+            "An entry of the sitemap has no " + std::string(elementName(sitemap.missing->field)) +
+                " element, so the sitemap cannot be written.",
+            sitemap.missing->row};
+  }
+  const platform::FolderLock lock(m_file.parent_path());
+  if (lock.result().status == platform::FileStatus::busy) {
+    return {ChangeStatus::scanned, "The site is being scanned. Try again when that has finished."};
+  }
+  const platform::FileContent onDisk = platform::readFile(m_file);
+  if (onDisk.result.ok() && fingerprint(onDisk.text) != m_fingerprint) {
+    return {ChangeStatus::outdated,
+            "Another program has changed the sitemap. Open the view again to see it as it is."};
+  }
+  const platform::FileResult written = platform::replaceFile(m_file, sitemap.text);
+  if (!written.ok()) return {ChangeStatus::failed, "The sitemap could not be saved: " + written.error};
+  m_fingerprint = fingerprint(sitemap.text);
+  m_otherElements = false;
+  return {};
+}
+
+}  // namespace xml_editor

@@ -1,0 +1,78 @@
+// The XML sitemap of a site as its editor has it: the rows, and the file that follows every change of them.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/files.h"
+#include "xml_editor/row_text.h"
+
+namespace xml_editor {
+
+/// A row that lacks an element.
+struct MissingElement {
+  std::size_t row = 0;  // from 0
+  Field field = Field::loc;
+};
+
+/// The text of a sitemap with these rows. Addresses are written with bare ampersands, as the reader takes
+/// them:
+/// "&amp;" becomes "&" there and nowhere else. A row that lacks one of the four elements cannot be written:
+/// then `missing` says which, and there is no text.
+struct SitemapText {
+  std::string text;
+  std::optional<MissingElement> missing;
+};
+SitemapText sitemapText(const std::vector<std::string>& rows);
+
+enum class ChangeStatus {
+  saved,
+  refused,     // the value is not allowed
+  incomplete,  // a row lacks an element, so that nothing can be written
+  scanned,     // somebody scans the site at the moment
+  outdated,    // another program has changed the file since it was loaded
+  failed,      // the file could not be written
+};
+
+/// How a change went. Unless it was saved, rows and file are as before, and `message` tells the user why.
+struct [[nodiscard]] Change {
+  ChangeStatus status = ChangeStatus::saved;
+  std::string message = {};
+  std::size_t row = 0;  // that lacks an element
+
+  bool saved() const { return status == ChangeStatus::saved; }
+};
+
+/// There is no state that is not saved: each change is on disk when its call returns. One thread at a time.
+class XmlSitemap {
+ public:
+  /// Reads the rows of `file` anew. Without the file (`missing`), or where it cannot be read, there are none.
+  platform::FileResult load(const std::filesystem::path& file);
+  void clear();
+
+  const std::vector<std::string>& rows() const { return m_rows; }
+  /// Some entry of the file holds elements that no row has, and that the next change drops.
+  bool otherElements() const { return m_otherElements; }
+  const std::filesystem::path& file() const { return m_file; }
+
+  /// A value typed into a field; `today` as for refusal().
+  Change setValue(std::size_t row, Field field, std::string_view value, std::string_view today);
+  /// A value chosen in a menu: it is not checked.
+  Change choose(std::size_t row, Field field, std::string_view value);
+  Change remove(std::size_t row);
+
+ private:
+  Change replaceRow(std::size_t row, std::string text);
+  Change updateXmlFile();
+
+  std::filesystem::path m_file;
+  std::vector<std::string> m_rows;
+  bool m_otherElements = false;
+  std::size_t m_fingerprint = 0;  // of the file's text as it was last read or written
+};
+
+}  // namespace xml_editor

@@ -1,0 +1,373 @@
+#include "xml_editor/xml_view_controller.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QMenu>
+#include <QPersistentModelIndex>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QUrl>
+#include <algorithm>
+#include <span>
+
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+#include "sitemaps/xml_format.h"
+#include "store/site_list.h"
+#include "xml_editor/cell_delegates.h"
+#include "xml_editor/menu_values.h"
+
+namespace xml_editor {
+
+using platform::control;
+using platform::toQString;
+using platform::toUtf8;
+
+namespace {
+
+constexpr int kXmlView = 4;
+constexpr int kFrequencyColumn = static_cast<int>(Field::changefreq);
+constexpr int kPriorityColumn = static_cast<int>(Field::priority);
+
+QString countText(int count) {
+  return QLocale().toString(count);
+}
+
+/// The column of an element, the address for every other.
+int columnOf(std::string_view element) {
+  for (const Field field : kFields) {
+    if (element == elementName(field)) return static_cast<int>(field);
+  }
+  return static_cast<int>(Field::loc);
+}
+
+}  // namespace
+
+XMLViewController::XMLViewController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+                                     const store::GlobalControls& controls, store::SharedState& state)
+    : m_mainWindow(mainWindow),
+      m_sheets(sheets),
+      m_controls(controls),
+      m_state(state),
+      m_xmlTableView(control<QTableView>(mainWindow, "xmlTableView")),
+      m_chFreqMenu(control<QMenu>(mainWindow, "chFreqMenu")),
+      m_prMenu(control<QMenu>(mainWindow, "prMenu")),
+      m_findings(mainWindow) {
+  buildTable();
+  buildCells();
+  buildMenus();
+  buildContextMenu();
+  connectCommands();
+  control<QLabel>(mainWindow, "xmlNotice").hide();
+  enableCommands();
+}
+
+void XMLViewController::buildTable() {
+  m_found.setSourceModel(&m_model);
+  m_found.setFilterKeyColumn(static_cast<int>(Field::loc));
+  m_found.setFilterCaseSensitivity(Qt::CaseInsensitive);
+  m_xmlTableView.setModel(&m_found);
+  m_xmlTableView.setCornerButtonEnabled(false);
+  QHeaderView* numbers = m_xmlTableView.verticalHeader();
+  // One height for all, so that a long table opens as fast as a short one.
+  numbers->setSectionResizeMode(QHeaderView::Fixed);
+  numbers->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  numbers->setHighlightSections(false);
+  QHeaderView* header = m_xmlTableView.horizontalHeader();
+  header->setHighlightSections(false);
+  header->setSectionResizeMode(static_cast<int>(Field::loc), QHeaderView::Stretch);
+  const int character = m_xmlTableView.fontMetrics().averageCharWidth();
+  numbers->setMinimumWidth(character * 4);
+  header->resizeSection(static_cast<int>(Field::lastmod), character * 17);
+  header->resizeSection(kFrequencyColumn, character * 22);
+  header->resizeSection(kPriorityColumn, character * 14);
+  connect(m_xmlTableView.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &XMLViewController::enableCommands);
+}
+
+void XMLViewController::buildCells() {
+  m_xmlTableView.setItemDelegate(new TextCell(&m_xmlTableView));
+  const auto popUpCell = [this](const char* name, int column) {
+    auto* cell = new PopUpCell(&m_xmlTableView);
+    cell->setObjectName(QLatin1String(name));
+    m_xmlTableView.setItemDelegateForColumn(column, cell);
+    connect(cell, &PopUpCell::menuWanted, this, &XMLViewController::popUpMenu);
+  };
+  popUpCell("cfPopCell", kFrequencyColumn);
+  popUpCell("priPopCell", kPriorityColumn);
+}
+
+void XMLViewController::buildMenus() {
+  fillMenu(m_chFreqMenu, Field::changefreq);
+  fillMenu(m_prMenu, Field::priority);
+}
+
+void XMLViewController::fillMenu(QMenu& menu, Field field) {
+  auto* group = new QActionGroup(&menu);
+  group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+  const auto add = [&](const MenuValue& choice) {
+    QAction* action = menu.addAction(toQString(choice.title));
+    action->setObjectName(toQString(choice.action));
+    action->setData(toQString(choice.value));
+    action->setCheckable(true);
+    group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, field, value = choice.value] {
+      field == Field::changefreq ? cfMenuChangeUpdates(value) : priorityMenuChangeUpdates(value);
+    });
+  };
+  if (field == Field::changefreq) std::for_each(kFrequencyMenu.begin(), kFrequencyMenu.end(), add);
+  if (field == Field::priority) std::for_each(kPriorityMenu.begin(), kPriorityMenu.end(), add);
+  connect(&menu, &QMenu::aboutToShow, this, [this, group, field] { markChosen(*group, field); });
+}
+
+void XMLViewController::buildContextMenu() {
+  auto& edit = control<QAction>(m_mainWindow, "editEntryMI");
+  auto& remove = control<QAction>(m_mainWindow, "delLinkMI");
+  // These keys belong to the table alone: elsewhere they mean something else.
+  edit.setShortcut(Qt::Key_F2);
+  edit.setShortcutContext(Qt::WidgetShortcut);
+  remove.setShortcut(QKeySequence::Delete);
+  remove.setShortcutContext(Qt::WidgetShortcut);
+  auto* copy = new QAction(tr("&Copy Address"), &m_xmlTableView);
+  copy->setObjectName(QStringLiteral("copySelection"));  // what the Edit menu's Copy does here
+  auto* open = new QAction(tr("&Open in Browser"), &m_xmlTableView);
+  open->setObjectName(QStringLiteral("openSelection"));
+  auto* first = new QAction(&m_xmlTableView);
+  auto* second = new QAction(&m_xmlTableView);
+  first->setSeparator(true);
+  second->setSeparator(true);
+  m_xmlTableView.addActions(
+      {&edit, m_chFreqMenu.menuAction(), m_prMenu.menuAction(), first, copy, open, second, &remove});
+  connect(&edit, &QAction::triggered, this, &XMLViewController::editCell);
+  connect(&remove, &QAction::triggered, this, &XMLViewController::delLinkAction);
+  connect(copy, &QAction::triggered, this, [this] {
+    if (selectedRow() >= 0) QGuiApplication::clipboard()->setText(selectedUrl());
+  });
+  connect(open, &QAction::triggered, this, [this] {
+    if (selectedRow() >= 0) QDesktopServices::openUrl(QUrl(selectedUrl()));
+  });
+}
+
+void XMLViewController::connectCommands() {
+  const auto onClick = [this](const char* name, auto slot) {
+    connect(&control<QPushButton>(m_mainWindow, name), &QPushButton::clicked, this, slot);
+  };
+  onClick("delLinkButton", [this] { delLinkAction(); });
+  onClick("validateXmlButton", [this] { validate(); });
+  onClick("xmlScanButton", [this] {
+    control<QAction>(m_mainWindow, "scanTBI").trigger();
+    if (!m_state.qzvskCurSite.empty()) control<QAction>(m_mainWindow, "scanMI").trigger();
+  });
+  connect(&control<QAction>(m_mainWindow, "validateXmlMI"), &QAction::triggered, this,
+          &XMLViewController::validate);
+  connect(&control<QLineEdit>(m_mainWindow, "xmlSearch"), &QLineEdit::textChanged, this,
+          &XMLViewController::search);
+  connect(&control<QAction>(m_mainWindow, "findSiteMI"), &QAction::triggered, this, [this] {
+    if (m_state.qzvskCurrentView == kXmlView) control<QLineEdit>(m_mainWindow, "xmlSearch").setFocus();
+  });
+  // A sheet that came up while a cell's editor is at work would take the focus from it, and be asked for
+  // again.
+  connect(&m_model, &XmlTableModel::notSaved, this, &XMLViewController::tell, Qt::QueuedConnection);
+  connect(&m_model, &XmlTableModel::saved, this, [this] {
+    control<QLabel>(m_mainWindow, "xmlNotice").hide();
+    showCount();
+    m_findings.validateSoonAgain();
+    emit report(tr("Saved %1").arg(toQString(sitemaps::kXmlSitemapFile)));
+  });
+  connect(&m_findings, &FindingsPanel::wanted, this, &XMLViewController::jumpTo);
+}
+
+void XMLViewController::viewTBIAction(int number) {
+  if (number != kXmlView) return enableCommands();
+  m_mainWindow.setWindowTitle(toQString(m_state.qzvskWinTit));
+  createTableContent();
+  m_xmlTableView.setFocus();
+}
+
+void XMLViewController::siteChanged() {
+  if (m_state.qzvskCurrentView == kXmlView) createTableContent();
+}
+
+void XMLViewController::createTableContent() {
+  m_findings.close();
+  const auto file = m_controls.siteFolder(m_state.qzvskCurSite) / sitemaps::kXmlSitemapFile;
+  // What was searched for in one site means nothing in the next.
+  if (m_model.sitemap().file() != file) control<QLineEdit>(m_mainWindow, "xmlSearch").clear();
+  if (m_state.qzvskCurSite.empty()) {
+    m_model.clear();
+    showEmpty(tr("Select a site to see its XML sitemap."));
+  } else {
+    showOutcome(m_model.load(file));
+  }
+  enableCommands();
+}
+
+void XMLViewController::showOutcome(const platform::FileResult& loaded) {
+  const QString site = toQString(m_state.qzvskCurSite);
+  if (loaded.status == platform::FileStatus::missing) {
+    return showEmpty(tr("%1 has no XML sitemap yet. A scan writes it.").arg(site));
+  }
+  if (!loaded.ok()) {
+    return showEmpty(tr("The XML sitemap of %1 cannot be read: %2").arg(site, toQString(loaded.error)));
+  }
+  if (m_model.rowCount() == 0) return showEmpty(tr("The XML sitemap of %1 has no entries.").arg(site));
+  control<QStackedWidget>(m_mainWindow, "xmlArea")
+      .setCurrentWidget(&control<QWidget>(m_mainWindow, "xmlTablePage"));
+  auto& notice = control<QLabel>(m_mainWindow, "xmlNotice");
+  notice.setText(tr("This sitemap holds elements that Veskel does not edit. The first change drops them."));
+  notice.setVisible(m_model.sitemap().otherElements());
+  showCount();
+}
+
+void XMLViewController::showEmpty(const QString& why) {
+  control<QLabel>(m_mainWindow, "xmlEmptyHint").setText(why);
+  auto& scan = control<QPushButton>(m_mainWindow, "xmlScanButton");
+  const bool hasSite = !m_state.qzvskCurSite.empty();
+  scan.setText(hasSite ? tr("S&can Site") : tr("Si&tes"));
+  scan.setAccessibleName(hasSite ? tr("Scan Site") : tr("Sites"));
+  control<QPushButton>(m_mainWindow, "xmlWindowViewFolder").setVisible(hasSite);
+  control<QStackedWidget>(m_mainWindow, "xmlArea")
+      .setCurrentWidget(&control<QWidget>(m_mainWindow, "xmlEmptyPage"));
+}
+
+void XMLViewController::showCount() {
+  const int all = m_model.rowCount();
+  const int found = m_found.rowCount();
+  QString text = all == 1 ? tr("1 entry") : tr("%1 entries").arg(countText(all));
+  if (!m_found.filterRegularExpression().pattern().isEmpty()) {
+    text = found == 0 ? tr("Not found in %1").arg(text) : tr("%1 of %2").arg(countText(found), text);
+  }
+  control<QLabel>(m_mainWindow, "xmlCount").setText(text);
+}
+
+/// When the search hides the selected entry none is selected: the table would go on to another one, of which
+/// the user knows nothing.
+void XMLViewController::search(const QString& text) {
+  const QPersistentModelIndex selected = m_model.index(selectedRow(), 0);
+  m_found.setFilterFixedString(text);
+  if (!m_found.mapFromSource(selected).isValid()) m_xmlTableView.selectionModel()->clear();
+  showCount();
+}
+
+void XMLViewController::enableCommands() {
+  const bool shown = m_state.qzvskCurrentView == kXmlView;
+  const bool selected = shown && selectedRow() >= 0;
+  for (const char* name : {"editEntryMI", "delLinkMI"}) {
+    control<QAction>(m_mainWindow, name).setEnabled(selected);
+  }
+  for (QAction* action : m_xmlTableView.actions()) action->setEnabled(selected);
+  auto& remove = control<QPushButton>(m_mainWindow, "delLinkButton");
+  remove.setEnabled(selected);
+  remove.setToolTip(selected ? tr("Delete the selected entry") : tr("Select an entry first"));
+  control<QAction>(m_mainWindow, "validateXmlMI").setEnabled(shown && m_model.rowCount() > 0);
+}
+
+void XMLViewController::markChosen(QActionGroup& group, Field field) const {
+  const int row = selectedRow();
+  const MenuValue* chosen =
+      row < 0 ? nullptr : chosenValue(m_model.sitemap().rows()[static_cast<std::size_t>(row)], field);
+  for (QAction* action : group.actions()) {
+    action->setChecked(chosen != nullptr && action->objectName() == toQString(chosen->action));
+  }
+}
+
+void XMLViewController::editCell() {
+  const QModelIndex cell = m_xmlTableView.currentIndex();
+  if (!cell.isValid()) return;
+  m_xmlTableView.scrollTo(cell);
+  if (cell.column() == kFrequencyColumn || cell.column() == kPriorityColumn) {
+    popUpMenu(cell);
+  } else {
+    m_xmlTableView.edit(cell);
+  }
+}
+
+void XMLViewController::popUpMenu(const QModelIndex& cell) {
+  m_xmlTableView.setCurrentIndex(cell);
+  QMenu& menu = cell.column() == kFrequencyColumn ? m_chFreqMenu : m_prMenu;
+  const QRect place = m_xmlTableView.visualRect(cell);
+  menu.popup(m_xmlTableView.viewport()->mapToGlobal(place.bottomLeft()));
+  for (QAction* action : menu.actions()) {
+    if (action->isChecked()) menu.setActiveAction(action);
+  }
+}
+
+void XMLViewController::cfMenuChangeUpdates(std::string_view value) {
+  if (selectedRow() >= 0) m_model.choose(selectedRow(), Field::changefreq, value);
+}
+
+void XMLViewController::priorityMenuChangeUpdates(std::string_view value) {
+  if (selectedRow() >= 0) m_model.choose(selectedRow(), Field::priority, value);
+}
+
+void XMLViewController::delLinkAction() {
+  if (selectedRow() < 0) return;
+  m_sheets.ask(tr("Do you really want to delete the selected link?\nDeleting links cannot be undone!"), {},
+               tr("Delete Link"), tr("Cancel"), [this](bool agreed) {
+                 if (agreed) deleteSelected();
+               });
+}
+
+/// The entry that follows is selected then, at the same place of the window.
+void XMLViewController::deleteSelected() {
+  const int row = selectedRow();
+  if (row < 0) return;
+  const QModelIndex cell = m_xmlTableView.currentIndex();
+  const int scrolled = m_xmlTableView.verticalScrollBar()->value();
+  m_model.remove(row);
+  if (m_model.rowCount() == 0) {
+    showEmpty(tr("The XML sitemap of %1 has no entries.").arg(toQString(m_state.qzvskCurSite)));
+    m_findings.close();
+  }
+  m_xmlTableView.verticalScrollBar()->setValue(scrolled);
+  const int next = std::min(cell.row(), m_found.rowCount() - 1);
+  if (next >= 0) m_xmlTableView.setCurrentIndex(m_found.index(next, cell.column()));
+  enableCommands();
+}
+
+void XMLViewController::validate() {
+  const std::string url = store::readSite(m_controls, m_state.qzvskCurSite).details.url;
+  m_findings.validate(m_model.sitemap().file(), url);
+}
+
+void XMLViewController::jumpTo(const sitemaps::XmlFinding& finding) {
+  if (finding.entry == 0) return;
+  selectRow(static_cast<int>(finding.entry) - 1, columnOf(finding.element));
+}
+
+void XMLViewController::tell(const Change& change) {
+  if (change.status == ChangeStatus::incomplete) selectRow(static_cast<int>(change.row), 0);
+  m_sheets.alert(toQString(change.message));
+}
+
+/// By its place in the sitemap; a search that hides it ends.
+void XMLViewController::selectRow(int row, int column) {
+  const QModelIndex cell = m_model.index(row, column);
+  if (!cell.isValid()) return;
+  if (!m_found.mapFromSource(cell).isValid()) control<QLineEdit>(m_mainWindow, "xmlSearch").clear();
+  const QModelIndex shown = m_found.mapFromSource(cell);
+  m_xmlTableView.setCurrentIndex(shown);
+  m_xmlTableView.scrollTo(shown, QAbstractItemView::PositionAtCenter);
+  m_xmlTableView.setFocus();
+}
+
+/// Of the sitemap, not of the table, which may show a part of it; -1 for none.
+int XMLViewController::selectedRow() const {
+  const QModelIndexList rows = m_xmlTableView.selectionModel()->selectedRows();
+  return rows.isEmpty() ? -1 : m_found.mapToSource(rows.first()).row();
+}
+
+QString XMLViewController::selectedUrl() const {
+  return m_model.index(selectedRow(), static_cast<int>(Field::loc)).data().toString();
+}
+
+}  // namespace xml_editor

@@ -1,0 +1,85 @@
+// The view of a site's XML sitemap: a table in which its entries are changed and deleted.
+#pragma once
+
+#include <QMainWindow>
+#include <QObject>
+#include <QSortFilterProxyModel>
+
+#include "platform/files.h"
+#include "platform/sheet_queue.h"
+#include "store/global_controls.h"
+#include "store/shared_state.h"
+#include "xml_editor/findings_panel.h"
+#include "xml_editor/xml_table_model.h"
+
+class QActionGroup;
+class QMenu;
+class QTableView;
+
+namespace xml_editor {
+
+/// Shows the sitemap of the selected site. Each change is on disk when its call returns. UI thread.
+class XMLViewController : public QObject {
+  Q_OBJECT
+
+ public:
+  /// All are borrowed and outlive the controller.
+  XMLViewController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+                    const store::GlobalControls& controls, store::SharedState& state);
+
+  /// A view has come up. If it is this one its sitemap is read anew, whatever was shown before.
+  void viewTBIAction(int number);
+  /// Another site, or none, is selected.
+  void siteChanged();
+
+  /// Reads the rows from the selected site's file.
+  void createTableContent();
+
+  /// Gives the selected entry a value; without one nothing happens.
+  void cfMenuChangeUpdates(std::string_view value);
+  void priorityMenuChangeUpdates(std::string_view value);
+
+  /// Asks, and deletes the selected entry when the answer is yes.
+  void delLinkAction();
+
+ signals:
+  /// Something happened that the status line should tell.
+  void report(const QString& sentence);
+
+ private:
+  void buildTable();
+  void buildCells();
+  void buildMenus();
+  void fillMenu(QMenu& menu, Field field);
+  void buildContextMenu();
+  void connectCommands();
+
+  void showOutcome(const platform::FileResult& loaded);
+  void showEmpty(const QString& why);
+  void showCount();
+  void search(const QString& text);
+  void enableCommands();
+  void markChosen(QActionGroup& group, Field field) const;
+  void editCell();
+  void popUpMenu(const QModelIndex& cell);
+  void validate();
+  void jumpTo(const sitemaps::XmlFinding& finding);
+  void deleteSelected();
+  void tell(const Change& change);
+  void selectRow(int row, int column);
+  int selectedRow() const;
+  QString selectedUrl() const;
+
+  QMainWindow& m_mainWindow;
+  platform::SheetQueue& m_sheets;
+  const store::GlobalControls& m_controls;
+  store::SharedState& m_state;
+  XmlTableModel m_model;
+  QSortFilterProxyModel m_found;
+  QTableView& m_xmlTableView;
+  QMenu& m_chFreqMenu;
+  QMenu& m_prMenu;
+  FindingsPanel m_findings;
+};
+
+}  // namespace xml_editor

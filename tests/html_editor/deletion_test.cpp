@@ -1,0 +1,211 @@
+#include <gtest/gtest.h>
+
+#include "html_editor/link_deletion.h"
+#include "html_editor/sample_document.h"
+
+namespace html_editor {
+namespace {
+
+using samples::Block;
+using samples::document;
+using samples::link;
+using samples::page;
+using samples::with;
+
+constexpr int kTotal = 1000;
+
+LinkDeletion deleteClicked(const std::string& text, const std::string& href, const std::string& label,
+                           int total = kTotal) {
+  return linkDeletion(text, *selectLink(href, label), total);
+}
+
+TEST(LinkDeletion, TakesTheEntryWithItsLine) {
+  struct Case {
+    const char* name;
+    const char* url;
+    const char* title;  // as in the document
+    const char* label;  // as a click reports it
+    Removed removed;
+  };
+  const Case cases[] = {
+      {"plain", "http://a.test/b", "Text", "Text", Removed::linkEntry},
+      {"query", "http://a.test/?a=1&b=2", "What? Why?", "What? Why?", Removed::linkEntry},
+      {"ampersand", "u", "R&amp;D", "R&D", Removed::linkEntry},
+      {"dots match themselves", "http://a.test/v1.2", "v1.2...", "v1.2...", Removed::linkEntry},
+      {"letters beyond ASCII", "\xC3\xA9", "\xE6\x97\xA5", "\xE6\x97\xA5", Removed::linkEntry},
+      {"brackets are a group, which matches without them", "wiki/C_(x)", "C", "C", Removed::nothing},
+      {"open bracket", "wiki/C_(x", "C", "C", Removed::nothing},
+      {"plus repeats", "u", "C++", "C++", Removed::nothing},
+      {"plus that matches by chance", "a+", "T", "T", Removed::nothing},
+      {"star repeats what is in front", "u", "2*3", "2*3", Removed::nothing},
+      {"class", "u", "[1]", "[1]", Removed::nothing},
+      {"faulty class", "u", "[z-a]", "[z-a]", Removed::nothing},
+      {"dollar is an end", "u", "5$ off", "5$ off", Removed::nothing},
+      {"backslash", "u", "C:\\temp", "C:\\temp", Removed::nothing},
+      {"alternatives match pieces", "u", "Home | Site", "Home | Site", Removed::nothing},
+      {"quantifier without anything in front", "u", "*", "*", Removed::nothing},
+      {"verb", "u", "(*COMMIT)", "(*COMMIT)", Removed::nothing},
+      {"many groups", "u", "(((((((((((((((((((((((((((((((((x)))))))))))))))))))))))))))))))))", "x",
+       Removed::nothing},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::vector<Block> whole = {{page(5, "p", "P"), link(7, c.url, c.title), link(8, "v", "V")}};
+    const std::vector<Block> rest = {{page(5, "p", "P"), link(8, "v", "V")}};
+    const std::string text = document(3, whole);
+    const LinkDeletion deletion = deleteClicked(text, std::string(c.url) + "---LINKID:7---", c.label);
+    EXPECT_EQ(deletion.removed, c.removed);
+    EXPECT_EQ(deletion.document, c.removed == Removed::nothing ? text : document(3, rest));
+    EXPECT_EQ(deletion.linkNumber, "7");
+  }
+}
+
+TEST(LinkDeletion, TakesTextsAsPatterns) {
+  // Where the letters happen to match something else, that is what goes.
+  const std::string text = document(1, {{page(5, "p", "P"), link(7, "aXb", "T")}});
+  EXPECT_EQ(deleteClicked(text, "a.b---LINKID:7---", "T").document, document(1, {{page(5, "p", "P")}}));
+  const std::string groups = document(1, {{page(5, "p", "P"), link(7, "u", "f x")}});
+  EXPECT_EQ(deleteClicked(groups, "u---LINKID:7---", "f (x)").document, document(1, {{page(5, "p", "P")}}));
+  const std::string inner = document(1, {{page(5, "p", "P"), link(7, "u", "fog")}});
+  EXPECT_EQ(deleteClicked(inner, "u---LINKID:7---", "f(i|o)g").document, document(1, {{page(5, "p", "P")}}));
+  const std::string unmarked = "\n\t\t\t" + with(link(7, "u", "T"), "<!-- LINKID: 7 -->", "");
+  EXPECT_EQ(deleteClicked(unmarked, "u---LINKID:7---", ".*|x").document, "");
+}
+
+TEST(LinkDeletion, FindsTheEntryInOddDocuments) {
+  const std::string entry = link(7, "u", "T");
+  struct Case {
+    const char* name;
+    std::string text;
+    std::string expected;
+  };
+  const Case cases[] = {
+      {"last line without an end", "x\n\t\t\t" + entry, "x"},
+      {"the same entry twice", "\n\t\t\t" + entry + "y\n\t\t\t" + entry, "y"},
+      {"line ends of another system", "a\r\n\t\t\t" + entry + "\r\nb", "a\r\r\nb"},
+      {"indented by hand", "\n  " + entry, "\n  " + entry},
+      {"same number, other target", "\n\t\t\t" + link(7, "v", "T") + "\n\t\t\t" + entry,
+       "\n\t\t\t" + link(7, "v", "T")},
+      {"same number on a page entry in front", "\n\t\t\t" + page(7, "v", "T") + "\n\t\t\t" + entry,
+       "\n\t\t\t" + page(7, "v", "T")},
+      {"two on a line: from the first one's div", "\n\t\t\t" + link(6, "v", "S") + entry + "z", "z"},
+      {"broken bytes in another line", "\xFF\n\t\t\t" + entry, "\xFF"},
+      {"empty document", "", ""},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(deleteClicked(c.text, "u---LINKID:7---", "T").document, c.expected);
+  }
+}
+
+TEST(LinkDeletion, MakesTheNextLinkTheHeading) {
+  struct Case {
+    const char* name;
+    std::vector<Block> before;
+    std::vector<Block> after;
+    int total;
+    const char* number;  // selected then
+  };
+  const Block heading = {page(4, "p", "P")};
+  const auto block = [](int first, bool promoted) {
+    return Block{promoted ? page(first, "l", "L") : link(first, "l", "L"), link(99, "m", "M")};
+  };
+  const auto under = [](Block entries) {
+    entries.insert(entries.begin(), page(4, "p", "P"));
+    return entries;
+  };
+  const Case cases[] = {
+      {"number behind it", {under(block(5, false))}, {block(5, true)}, 100, "4"},
+      {"number behind it, total unknown", {under(block(5, false))}, {block(5, true)}, 0, "4"},
+      {"across a gap", {under(block(6, false))}, {block(6, true)}, 100, "6"},
+      {"across a gap up to the total", {under(block(50, false))}, {block(50, true)}, 50, "50"},
+      {"gap beyond the total", {under(block(50, false))}, {block(50, false)}, 49, "49"},
+      {"gap, total unknown", {under(block(6, false))}, {block(6, false)}, 0, "5"},
+      {"a heading follows",
+       {heading, {page(9, "q", "Q"), link(11, "m", "M")}},
+       {{}, {page(9, "q", "Q"), link(11, "m", "M")}},
+       100,
+       "9"},
+      {"nothing follows", {{link(2, "l", "L")}, heading}, {{link(2, "l", "L")}, {}}, 100, "100"},
+      {"smallest number, not nearest line",
+       {under({link(9, "m", "M"), link(7, "l", "L")})},
+       {{link(9, "m", "M"), page(7, "l", "L")}},
+       100,
+       "7"},
+      {"number with more digits",
+       {under({link(50, "m", "M"), link(6, "l", "L")})},
+       {{link(50, "m", "M"), page(6, "l", "L")}},
+       100,
+       "6"},
+      {"shared by a link and the next heading",
+       {under({link(7, "l", "L")}), {page(7, "q", "Q")}},
+       {{page(7, "l", "L")}, {page(7, "q", "Q")}},
+       100,
+       "7"},
+  };
+  for (const Case& c : cases) {
+    for (const int columns : {1, 3}) {
+      SCOPED_TRACE(c.name);
+      const LinkDeletion deletion =
+          deleteClicked(document(columns, c.before), "p---LINKID:4---", "P", c.total);
+      EXPECT_EQ(deletion.removed, Removed::pageEntry);
+      EXPECT_EQ(deletion.document, document(columns, c.after));
+      EXPECT_EQ(deletion.linkNumber, c.number);
+    }
+  }
+}
+
+TEST(LinkDeletion, PromotesOnlyWhatFollowsARemovedHeading) {
+  const std::vector<Block> blocks = {{page(4, "p", "P"), link(5, "l", "L"), link(6, "m", "M")}};
+  const LinkDeletion ofLink = deleteClicked(document(3, blocks), "l---LINKID:5---", "L");
+  EXPECT_EQ(ofLink.document, document(3, {{page(4, "p", "P"), link(6, "m", "M")}}));
+  EXPECT_EQ(ofLink.linkNumber, "5");
+  const LinkDeletion notFound = deleteClicked(document(3, blocks), "p(---LINKID:4---", "P");
+  EXPECT_EQ(notFound.document, document(3, blocks));
+  const std::string byHand = with(document(3, blocks), "\t" + page(4, "p", "P"), " " + page(4, "p", "P"));
+  EXPECT_EQ(deleteClicked(byHand, "p---LINKID:4---", "P").document, byHand);
+}
+
+TEST(LinkDeletion, LooksForTheNumberBehindByTheCommentAndFurtherOnesByTheMarker) {
+  const std::string heading = "\n\t\t\t" + page(4, "p", "P");
+  struct Case {
+    const char* name;
+    std::string next;
+    bool promoted;
+  };
+  const Case cases[] = {
+      {"number behind, marker gone", with(link(5, "l", "L"), "---LINKID:5---", ""), false},
+      {"number behind, comment gone", with(link(5, "l", "L"), "<!-- LINKID: 5 -->", ""), false},
+      {"further number, comment gone", with(link(6, "l", "L"), "<!-- LINKID: 6 -->", ""), true},
+      {"further number, marker gone", with(link(6, "l", "L"), "---LINKID:6---", ""), false},
+      {"leading zero", with(link(6, "l", "L"), "---LINKID:6---", "---LINKID:06---"), false},
+      {"no number", with(link(6, "l", "L"), "---LINKID:6---", "---LINKID:---"), false},
+      {"negative", with(link(6, "l", "L"), "---LINKID:6---", "---LINKID:-6---"), false},
+      {"too large", with(link(6, "l", "L"), "---LINKID:6---", "---LINKID:99999999999999999999---"), false},
+      {"two markers, the first is ours", with(link(6, "l", "L"), "LINKID:6---", "LINKID:6---LINKID:90---"),
+       true},
+      {"end of the entry on the next line", with(link(6, "l", "L"), "</div>", "\n</div>"), false},
+      {"class spelled otherwise", with(link(6, "l", "L"), "<div class", "<div  class"), false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::string next = "\n\t\t\t" + c.next;
+    EXPECT_EQ(deleteClicked(heading + next, "p---LINKID:4---", "P").document,
+              c.promoted ? with(next, "vskPageLink", "vskPageTitle") : next);
+  }
+}
+
+TEST(LinkDeletion, StaysQuickOnHostileTexts) {
+  std::string oneLine(200'000, 'x');
+  for (std::size_t i = 0; i < oneLine.size(); i += 20)
+    oneLine.replace(i, 16, "---LINKID:" + std::to_string(100'000 + i));
+  EXPECT_EQ(
+      deleteClicked("\n\t\t\t" + page(4, "p", "P") + "\n<div " + oneLine + "</div>", "p---LINKID:4---", "P")
+          .removed,
+      Removed::pageEntry);
+  const std::string nested = "((((a*)*)*)*)*b|c";
+  EXPECT_EQ(deleteClicked(std::string(200'000, 'a'), "u---LINKID:4---", nested).removed, Removed::nothing);
+}
+
+}  // namespace
+}  // namespace html_editor

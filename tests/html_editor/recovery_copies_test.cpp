@@ -1,0 +1,57 @@
+#include "html_editor/recovery_copies.h"
+
+#include <gtest/gtest.h>
+
+#include "support/temp_folder.h"
+
+namespace html_editor {
+namespace {
+
+class RecoveryCopiesTest : public testing::Test {
+ protected:
+  support::TempFolder folder;
+  RecoveryCopies copies{folder.path() / "not" / "there yet"};
+};
+
+TEST_F(RecoveryCopiesTest, GiveBackTheLastEditOfTheVeryText) {
+  const std::string original = "old\n\0text";
+  ASSERT_TRUE(copies.save("/d/a.html", original, "first").ok());
+  ASSERT_TRUE(copies.save("/d/a.html", original, std::string("\n edit \0\xFF", 9)).ok());
+  ASSERT_TRUE(copies.save("/d/b.html", "b", "").ok());
+  EXPECT_EQ(copies.load("/d/a.html", original), std::string("\n edit \0\xFF", 9));
+  EXPECT_EQ(copies.load("/d/b.html", "b"), "");
+  EXPECT_EQ(copies.load("/d/a.html", "scanned anew"), std::nullopt);
+  EXPECT_EQ(copies.load("/d/a.html", ""), std::nullopt);
+  EXPECT_EQ(copies.load("/d/c.html", original), std::nullopt);
+  EXPECT_EQ(copies.load("a.html", original), std::nullopt);
+}
+
+TEST_F(RecoveryCopiesTest, AreGoneWhenDroppedOrOfNoUse) {
+  EXPECT_TRUE(copies.drop("/d/a.html").ok());
+  ASSERT_TRUE(copies.save("/d/a.html", "text", "text").ok());
+  EXPECT_EQ(copies.load("/d/a.html", "text"), std::nullopt);  // edited back to what it was
+  ASSERT_TRUE(copies.save("/d/a.html", "text", "edit").ok());
+  EXPECT_TRUE(copies.drop("/d/a.html").ok());
+  EXPECT_EQ(copies.load("/d/a.html", "text"), std::nullopt);
+}
+
+TEST_F(RecoveryCopiesTest, CutOffOrForeignFilesAreNoCopies) {
+  ASSERT_TRUE(copies.save("/d/a.html", "text", "edit").ok());
+  const auto files = platform::filesBelow(folder.path());
+  ASSERT_EQ(files.size(), 1U);
+  const auto file = folder.path() / files[0];
+  const std::string whole = platform::readFile(file).text;
+  for (std::size_t size = 0; size + 4 < whole.size(); ++size) {
+    ASSERT_TRUE(platform::replaceFile(file, whole.substr(0, size)).ok());
+    EXPECT_EQ(copies.load("/d/a.html", "text"), std::nullopt) << size;
+  }
+}
+
+TEST_F(RecoveryCopiesTest, TellWhenNothingCanBeKept) {
+  ASSERT_TRUE(platform::replaceFile(folder.path() / "not", "a file").ok());
+  EXPECT_FALSE(copies.save("/d/a.html", "text", "edit").ok());
+  EXPECT_EQ(copies.load("/d/a.html", "text"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace html_editor

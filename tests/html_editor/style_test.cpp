@@ -1,0 +1,168 @@
+#include "html_editor/style.h"
+
+#include <gtest/gtest.h>
+
+#include "html_editor/sample_document.h"
+#include "html_editor/underline.h"
+#include "sitemaps/html_format.h"
+
+namespace html_editor {
+namespace {
+
+using samples::with;
+
+constexpr EntryClass kTitle = EntryClass::pageTitle;
+constexpr EntryClass kLink = EntryClass::pageLink;
+
+std::string sheet(const std::string& rules) {
+  return "<style>\n" + rules + "\n</style><body>";
+}
+
+const std::string kNewDocument = samples::document(2, samples::blocks(3));
+
+TEST(ReadStyle, OfANewDocument) {
+  const EntryStyle title = readStyle(kNewDocument, kTitle);
+  EXPECT_EQ(title.colour, "#000000");
+  EXPECT_EQ(title.size, "1.1em");
+  EXPECT_EQ(title.family, "Times New Roman, Times, serif");
+  EXPECT_TRUE(title.bold);
+  EXPECT_FALSE(title.italic);
+  const EntryStyle link = readStyle(kNewDocument, kLink);
+  EXPECT_EQ(link.colour, "#0000FF");
+  EXPECT_EQ(link.size, "1em");
+  EXPECT_FALSE(link.bold);
+}
+
+TEST(ReadStyle, TakesTheFirstBlockAndEachValueToItsFirstSemicolon) {
+  struct Case {
+    const char* name;
+    const char* rules;
+    std::optional<std::string> colour;
+    std::optional<std::string> size;
+  };
+  const Case cases[] = {
+      {"two values on a line", ".vskPageTitle a { color: red; font-size: 1em; }", "red", "1em"},
+      {"without blank behind the colon", ".vskPageTitle a { color:red; font-size:1em; }", {}, {}},
+      {"a child selector is no block", ".vskPageTitle a { color: red; } x > y {} ", "red", {}},
+      {"block with a > in it", ".vskPageTitle a { color: red; /* > */ }", {}, {}},
+      {"block with a > and a later one without",
+       ".vskPageTitle a { > }\n.vskPageTitle a { color: blue; }",
+       "blue",
+       {}},
+      {"background counts as the first colour",
+       ".vskPageTitle a { background-color: tan; color: red; }",
+       "tan",
+       {}},
+      {"any character in front", "\xC3\xA9vskPageTitle a { color: red; }", "red", {}},
+      {"a line feed in front", "vskPageTitle a { color: red; }", {}, {}},
+      {"declaration left open", ".vskPageTitle a { color: red }", {}, {}},
+      {"empty value", ".vskPageTitle a { color: ; }", "", {}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const EntryStyle style = readStyle(sheet(c.rules), kTitle);
+    EXPECT_EQ(style.colour, c.colour);
+    EXPECT_EQ(style.size, c.size);
+  }
+  EXPECT_EQ(readStyle("vskPageTitle a { color: red; }", kTitle).colour, std::nullopt);
+}
+
+TEST(StyleEdit, ReplacesOneDeclarationOfOneClass) {
+  EXPECT_EQ(withFontFamily(kNewDocument, kLink, "Arial, Helvetica, sans-serif"),
+            with(kNewDocument, "normal;\n\t\tfont-family: Times New Roman, Times, serif;\n\t\tfont-size: 1em",
+                 "normal;\n\t\tfont-family: Arial, Helvetica, sans-serif;\n\t\tfont-size: 1em"));
+  EXPECT_EQ(withFontSize(kNewDocument, kTitle, "0.8em"),
+            with(kNewDocument, "\tcolor: #000000;\n\t\tfont-size: 1.1em;",
+                 "\tcolor: #000000;\n\t\tfont-size: 0.8em;"));
+  EXPECT_EQ(withColour(kNewDocument, kLink, "#123456"), with(kNewDocument, "#0000FF", "#123456"));
+  EXPECT_EQ(withBold(kNewDocument, kTitle, false),
+            with(kNewDocument, "font-weight: bold;\n\t\t", "font-weight: normal;\n\t\t"));
+  EXPECT_EQ(withBold(withBold(kNewDocument, kTitle, false), kTitle, true), kNewDocument);
+  EXPECT_EQ(withItalic(withItalic(kNewDocument, kLink, true), kLink, false), kNewDocument);
+  EXPECT_TRUE(readStyle(withItalic(kNewDocument, kLink, true), kLink).italic);
+}
+
+TEST(StyleEdit, IsLiteralAndGreedyToTheEndOfTheLine) {
+  struct Case {
+    const char* name;
+    const char* before;
+    const char* value;
+    const char* after;
+  };
+  const Case cases[] = {
+      {"rest of the line goes", ".vskPageTitle a { font-size: 1em; color: red; }", "2em",
+       ".vskPageTitle a { font-size: 2em; }"},
+      {"no blank needed", ".vskPageTitle a { font-size:1em; }", "2em", ".vskPageTitle a { font-size: 2em; }"},
+      {"next line stays", ".vskPageTitle a { font-size: 1em;\ncolor: red; }", "2em",
+       ".vskPageTitle a { font-size: 2em;\ncolor: red; }"},
+      {"dollar and backslash mean nothing", ".vskPageTitle a { font-size: 1em; }", "$1\\1$0\\",
+       ".vskPageTitle a { font-size: $1\\1$0\\; }"},
+      {"same declaration twice", ".vskPageTitle a { font-size: 1em;\n font-size: 1em; }", "2em",
+       ".vskPageTitle a { font-size: 2em;\n font-size: 2em; }"},
+      {"same block twice", ".vskPageTitle a { font-size: 1em; }\n.vskPageTitle a { font-size: 1em; }", "2em",
+       ".vskPageTitle a { font-size: 2em; }\n.vskPageTitle a { font-size: 2em; }"},
+      {"other block of the class stays",
+       ".vskPageTitle a { font-size: 1em; }\n.vskPageTitle a { font-size: 3em; }", "2em",
+       ".vskPageTitle a { font-size: 2em; }\n.vskPageTitle a { font-size: 3em; }"},
+      {"declaration missing", ".vskPageTitle a { color: red; }", "2em", ".vskPageTitle a { color: red; }"},
+      {"rule missing", ".vskPageLink a { font-size: 1em; }", "2em", ".vskPageLink a { font-size: 1em; }"},
+      {"line ends of another system", ".vskPageTitle a {\r\n font-size: 1em;\r\n}", "2em",
+       ".vskPageTitle a {\r\n font-size: 2em;\r\n}"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(withFontSize(sheet(c.before), kTitle, c.value), sheet(c.after));
+  }
+}
+
+TEST(Underline, ReadsBackWhatWasSet) {
+  for (const EntryClass entries : {kTitle, kLink}) {
+    const EntryClass other = entries == kTitle ? kLink : kTitle;
+    EXPECT_EQ(readUnderline(kNewDocument, entries), Underline::onHover);
+    EXPECT_EQ(withUnderline(kNewDocument, entries, Underline::onHover), kNewDocument);
+    for (const Underline mode : {Underline::none, Underline::all}) {
+      const std::string changed = withUnderline(kNewDocument, entries, mode);
+      EXPECT_EQ(readUnderline(changed, entries), mode);
+      EXPECT_EQ(readUnderline(changed, other), Underline::onHover);
+      EXPECT_EQ(withUnderline(changed, entries, Underline::onHover), kNewDocument);
+    }
+  }
+  const std::string all = withUnderline(kNewDocument, kLink, Underline::all);
+  for (const char* state : {"active", "link", "visited", "hover"}) {
+    EXPECT_NE(all.find(std::string("\t.vskPageLink a:") + state + " { text-decoration:underline }\n"),
+              all.npos);
+  }
+}
+
+TEST(Underline, ReachesOverALineOnlyForAll) {
+  const std::string line =
+      ".vskPageLink a:active { text-decoration:none } .vskPageLink a:link { text-decoration:none }"
+      " .vskPageLink a:visited { text-decoration:none } .vskPageLink a:hover { text-decoration:underline }";
+  EXPECT_EQ(withUnderline(line, kLink, Underline::none), with(line, ":underline", ":none"));
+  EXPECT_EQ(withUnderline(line, kLink, Underline::all),
+            ".vskPageLink a:active { text-decoration:underline }");
+  EXPECT_EQ(withUnderline(line, kTitle, Underline::all), line);
+}
+
+TEST(Underline, IsNothingForAnyOtherPairOfRules) {
+  struct Case {
+    const char* name;
+    std::string document;
+  };
+  const Case cases[] = {
+      {"never but when visited",
+       with(withUnderline(kNewDocument, kTitle, Underline::none), "Title a:visited { text-decoration:none",
+            "Title a:visited { text-decoration:underline")},
+      {"a blank too many",
+       with(kNewDocument, "Title a:hover { text-decoration:under", "Title a:hover { text-decoration: under")},
+      {"rule missing", with(kNewDocument, "\t.vskPageTitle a:visited { text-decoration:none }\n", "")},
+      {"no sheet", "<body>"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(readUnderline(c.document, kTitle), std::nullopt);
+  }
+}
+
+}  // namespace
+}  // namespace html_editor
