@@ -284,8 +284,8 @@ void SiteScanner::updateAllScanDetails() {
   m_services.view.updateAllScanDetails(m_result.statistics, m_result.progress.brokenLinks);
 }
 
-/// Reasons are a convenience beside the documents: that they could not be kept is told, but is no fault of the
-/// scan.
+/// Reasons are a convenience beside the documents: that they could not be kept is told, but is no fault of
+/// the scan.
 void SiteScanner::rememberReasons() {
   if (m_services.reasons == nullptr) return;
   std::vector<store::BrokenPage> pages;
