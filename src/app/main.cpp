@@ -3,6 +3,7 @@
 #include <QMessageBox>
 
 #include "app/main_window.h"
+#include "html_editor/sitemap_page.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
 #include "ui/icons.h"
@@ -18,6 +19,7 @@ int refuse(const QString& why) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  html_editor::prepareWebEngine();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("veskel"));
   QApplication::setApplicationVersion(QStringLiteral(VESKEL_VERSION));

@@ -7,10 +7,14 @@
 #include <QListView>
 #include <QMetaObject>
 #include <QSettings>
+#include <QShortcut>
 #include <QStatusBar>
+#include <QStatusTipEvent>
+#include <utility>
 
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
+#include "ui/elided_label.h"
 #include "ui/icons.h"
 #include "ui_main_window.h"
 
@@ -52,17 +56,32 @@ MainWindow::MainWindow(const store::GlobalControls& controls, const store::Broke
   QFont prominent = font();
   prominent.setBold(true);
   m_ui->scanSiteButton->setFont(prominent);
-  auto* version = new QLabel(tr("Veskel Version %1").arg(QApplication::applicationVersion()));
-  version->setObjectName(QStringLiteral("versionLabel"));
-  m_ui->statusBar->addPermanentWidget(version);
+  m_version = new QLabel(tr("Veskel Version %1").arg(QApplication::applicationVersion()));
+  m_version->setObjectName(QStringLiteral("versionLabel"));
+  m_ui->statusBar->addPermanentWidget(m_version);
+  showSiteInHand();
   applyIcons();
   makeControllers();
   connectMenus();
+  letScansBeLeft();
   restorePlace();
   m_ui->siteListTable->setFocus();
 }
 
 MainWindow::~MainWindow() = default;
+
+/// Every view works on the site that was selected in the first one, so its name stands beside them all.
+void MainWindow::showSiteInHand() {
+  auto* gap = new QWidget;
+  gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  m_ui->mainToolBar->addWidget(gap);
+  m_siteInHand = new ui::ElidedLabel;
+  m_siteInHand->setObjectName(QStringLiteral("siteInHand"));
+  m_siteInHand->setTextFormat(Qt::PlainText);
+  const int letter = fontMetrics().averageCharWidth();
+  m_siteInHand->setContentsMargins(2 * letter, 0, letter, 0);
+  m_ui->mainToolBar->addWidget(m_siteInHand);
+}
 
 void MainWindow::makeControllers() {
   m_sheets = std::make_unique<platform::SheetQueue>(*this);
@@ -74,19 +93,90 @@ void MainWindow::makeControllers() {
       *this,
       ui::ScanViewParts{*m_sheets, m_controls, m_reasons, m_state, *m_siteEditor, *m_scan, *m_filters});
   m_views = std::make_unique<ui::MainViewControl>(*this, *m_sheets, m_controls, m_state);
+  m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state);
 
-  const auto report = [this](const QString& sentence) { m_ui->statusBar->showMessage(sentence); };
+  makeHtmlView();
+  m_xmlView = std::make_unique<xml_editor::XMLViewController>(*this, *m_sheets, m_controls, m_state);
+  connect(m_views.get(), &ui::MainViewControl::viewShown, m_xmlView.get(),
+          &xml_editor::XMLViewController::viewTBIAction);
+  connect(m_scanView.get(), &ui::ScanViewController::qzvskLFF, m_xmlView.get(),
+          &xml_editor::XMLViewController::siteChanged);
+
+  connect(m_scanView.get(), &ui::ScanViewController::siteInHandChanged, m_siteInHand, &QLabel::setText);
+
+  const auto report = [this](const QString& sentence) { say(sentence); };
   connect(m_siteEditor.get(), &store::AddEditDeleteSitesController::report, this, report);
   connect(m_scan.get(), &crawler::ScanController::report, this, report);
   connect(m_scanView.get(), &ui::ScanViewController::report, this, report);
+  connect(m_xmlView.get(), &xml_editor::XMLViewController::report, this, report);
+  connect(m_filters.get(), &crawler::FilterController::report, this, report);
+  connect(m_export.get(), &ui::ExportController::report, this, report);
+}
+
+void MainWindow::makeHtmlView() {
+  m_htmlView = std::make_unique<html_editor::HTMLViewController>(
+      html_editor::HTMLViewServices{*this, *m_sheets, m_controls, m_state,
+                                    html_editor::RecoveryCopies(m_reasons.stateFolder() / "unsaved")});
+  m_views->setCheckSave([this] { m_htmlView->checkSave(); });
+  m_scanView->setBeforeChange(
+      [this](std::function<void()> command) { m_htmlView->checkSave(std::move(command)); });
+  connect(m_scanView.get(), &ui::ScanViewController::qzvskLFF, m_htmlView.get(),
+          &html_editor::HTMLViewController::siteChanged);
+  connect(m_scan.get(), &crawler::ScanController::scanned, m_htmlView.get(),
+          &html_editor::HTMLViewController::siteChanged);
+  connect(m_views.get(), &ui::MainViewControl::viewShown, this,
+          [this, previous = int{ui::scanView}](int view) mutable {
+            const int from = std::exchange(previous, view);
+            if (view == ui::htmlView) m_htmlView->viewTBIAction(from == ui::htmlView);
+            if (view == ui::htmlEditorView) m_htmlView->styleTBIAction(from);
+          });
+  connect(m_htmlView.get(), &html_editor::HTMLViewController::report, this,
+          [this](const QString& sentence) { say(sentence); });
+  connect(m_htmlView.get(), &html_editor::HTMLViewController::needsSaveChanged, m_ui->saveMI,
+          &QAction::setEnabled);
+  connect(m_ui->saveMI, &QAction::triggered, m_htmlView.get(),
+          &html_editor::HTMLViewController::saveRecentChanges);
+}
+
+/// Says at the foot of the window what happened last.
+void MainWindow::say(const QString& sentence) {
+  m_said = sentence;
+  const int room = m_ui->statusBar->width() - m_version->width() - 6 * fontMetrics().averageCharWidth();
+  m_ui->statusBar->showMessage(m_ui->statusBar->fontMetrics().elidedText(sentence, Qt::ElideMiddle, room));
+  m_ui->statusBar->setToolTip(sentence);
+}
+
+bool MainWindow::event(QEvent* event) {
+  const bool handled = QMainWindow::event(event);
+  // What a command would do is told only while the mouse is on it.
+  const bool hintWent =
+      event->type() == QEvent::StatusTip && static_cast<QStatusTipEvent*>(event)->tip().isEmpty();
+  if (hintWent || event->type() == QEvent::Resize) say(m_said);
+  return handled;
 }
 
 void MainWindow::connectMenus() {
+  m_ui->scanMI->setShortcuts({QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)});
+  m_ui->exportTBI->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_5), QKeySequence(Qt::CTRL | Qt::Key_E)});
   connect(m_ui->closeMI, &QAction::triggered, this, &QWidget::close);
   connect(m_ui->copyMI, &QAction::triggered, this, [this] { triggerOnFocus("copy"); });
   connect(m_ui->selectAllMI, &QAction::triggered, this, [this] { triggerOnFocus("selectAll"); });
   connect(m_ui->guideMI, &QAction::triggered, this, &MainWindow::showGuide);
   connect(m_ui->aboutMI, &QAction::triggered, this, &MainWindow::showAbout);
+}
+
+/// Behind a sheet the window's menu is out of reach, and so is its title bar. Whoever has had enough of a
+/// scan can close the window all the same; any other sheet is answered first.
+void MainWindow::letScansBeLeft() {
+  const auto leave = [this] {
+    if (m_scan->isScanning()) close();
+  };
+  m_closeRequests = std::make_unique<platform::CloseRequests>(*this);
+  connect(m_closeRequests.get(), &platform::CloseRequests::requested, this, leave);
+  connect(m_sheets.get(), &platform::SheetQueue::opened, this, [this, leave](QDialog& sheet) {
+    if (sheet.findChild<QShortcut*>() != nullptr) return;  // it was up before
+    connect(new QShortcut(m_ui->closeMI->shortcut(), &sheet), &QShortcut::activated, this, leave);
+  });
 }
 
 void MainWindow::applyIcons() {
@@ -112,6 +202,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   if (m_scan->isScanning()) {
     event->ignore();
     m_scan->askToStop([this] { close(); });
+    return;
+  }
+  if (m_state.qzvskNeedsSave) {
+    event->ignore();
+    m_htmlView->checkSave([this] { close(); });
     return;
   }
   rememberPlace();
@@ -145,7 +240,7 @@ void MainWindow::showGuide() {
          "2. Select it in the list and press Scan Site. Veskel follows every link that stays inside the "
          "site.\n"
          "3. Look at the broken pages, and add filters for what you want to leave out.\n"
-         "4. The sitemaps lie in the site's folder: File, Open Site Folder."));
+         "4. Export the sitemaps, and publish them as the Upload view tells."));
 }
 
 void MainWindow::showAbout() {

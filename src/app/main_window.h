@@ -6,13 +6,19 @@
 
 #include "crawler/filter_controller.h"
 #include "crawler/scan_controller.h"
+#include "html_editor/html_view_controller.h"
+#include "platform/close_requests.h"
 #include "platform/sheet_queue.h"
 #include "store/add_edit_delete_sites_controller.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
+#include "ui/export_controller.h"
 #include "ui/main_view_control.h"
 #include "ui/scan_view_controller.h"
+#include "xml_editor/xml_view_controller.h"
+
+class QLabel;
 
 namespace Ui {
 class MainWindow;
@@ -35,10 +41,15 @@ class MainWindow : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void makeControllers();
   void connectMenus();
+  void makeHtmlView();
+  void letScansBeLeft();
+  void showSiteInHand();
+  void say(const QString& sentence);
   void applyIcons();
   void restorePlace();
   void rememberPlace() const;
@@ -51,13 +62,20 @@ class MainWindow : public QMainWindow {
   QString m_stateFile;
   store::SharedState m_state;
   std::unique_ptr<Ui::MainWindow> m_ui;
+  QLabel* m_siteInHand = nullptr;  // in the toolbar
+  QLabel* m_version = nullptr;     // at the foot, beside
+  QString m_said;                  // what happened last
 
+  std::unique_ptr<platform::CloseRequests> m_closeRequests;
   std::unique_ptr<platform::SheetQueue> m_sheets;
   std::unique_ptr<store::AddEditDeleteSitesController> m_siteEditor;
   std::unique_ptr<crawler::FilterController> m_filters;
   std::unique_ptr<crawler::ScanController> m_scan;
   std::unique_ptr<ui::ScanViewController> m_scanView;
   std::unique_ptr<ui::MainViewControl> m_views;
+  std::unique_ptr<html_editor::HTMLViewController> m_htmlView;
+  std::unique_ptr<xml_editor::XMLViewController> m_xmlView;
+  std::unique_ptr<ui::ExportController> m_export;
 };
 
 }  // namespace app

@@ -21,7 +21,7 @@ void printFinding(const sitemaps::XmlFinding& finding) {
   std::cout << printable(place) << ": " << printable(finding.message) << '\n';
 }
 
-/// What was found in a file, and what that is called when nothing was: "2 entries".
+/// Prints the findings; without any, what the file holds: "2 entries".
 ExitCode reportFindings(const std::filesystem::path& file, const std::vector<sitemaps::XmlFinding>& findings,
                         const std::string& contents) {
   for (const sitemaps::XmlFinding& finding : findings) printFinding(finding);

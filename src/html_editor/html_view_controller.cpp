@@ -1,5 +1,6 @@
 #include "html_editor/html_view_controller.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QFrame>
@@ -125,7 +126,7 @@ void HTMLViewController::styleTBIAction(int previousView) {
 }
 
 void HTMLViewController::siteChanged() {
-  if (m_state.qzvskCurrentView != kViewer && m_state.qzvskCurrentView != kStyleEditor) return;
+  if (!isCurrentView()) return;
   m_savedScrollPosition = {};
   firstLoad();
 }
@@ -199,8 +200,9 @@ void HTMLViewController::makeWebView() {
 
 /// The viewer and the style editor share the sitemap and the controls: these move to the one that is shown.
 void HTMLViewController::takePlace(int view) {
+  QMainWindow& window = m_services.mainWindow;
+  const bool wasActive = window.isActiveWindow();
   makeWebView();
-  const QMainWindow& window = m_services.mainWindow;
   const bool viewer = view == kViewer;
   auto& bar = control<QWidget>(window, "sitemapBar");
   control<QVBoxLayout>(window, viewer ? "htmlWindowViewLayout" : "htmlEditorWindowViewLayout")
@@ -221,6 +223,13 @@ void HTMLViewController::takePlace(int view) {
     links.show();
   }
   orderTabs(viewer);
+  // With the first web view in it the window is made anew for the window system, which may give the keyboard
+  // to nobody meanwhile.
+  if (wasActive) {
+    QTimer::singleShot(0, &window, [&window] {
+      if (QApplication::activeWindow() == nullptr) window.activateWindow();
+    });
+  }
 }
 
 /// The Tab key goes as one reads. What moves to another place is last in its order otherwise.
@@ -279,6 +288,10 @@ std::filesystem::path HTMLViewController::currentFile() const {
 
 std::string HTMLViewController::siteName() const {
   return toUtf8(control<QLabel>(m_services.mainWindow, "siteName").text());
+}
+
+bool HTMLViewController::isCurrentView() const {
+  return m_state.qzvskCurrentView == kViewer || m_state.qzvskCurrentView == kStyleEditor;
 }
 
 }  // namespace html_editor

@@ -127,6 +127,7 @@ class HTMLViewController : public QObject {
   bool readDocument();
   std::filesystem::path currentFile() const;
   std::string siteName() const;
+  bool isCurrentView() const;  // the viewer or the style editor
 
   // html_view_style.cpp
   void changeFontFamily(StyleControlsView& controls);

@@ -181,7 +181,7 @@ void HTMLViewController::answerCheckSave(bool save) {
     dropRecoveryCopy();
     markDirty(false);
     // The style editor goes on with the document.
-    if (!save && m_hasDocument && m_scanWebView && m_scanWebView->isVisible()) {
+    if (!save && m_hasDocument && isCurrentView()) {
       showDocument();
       setPopupButtons();
     }

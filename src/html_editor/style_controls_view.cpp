@@ -31,8 +31,9 @@ void fill(QComboBox& popup, const Texts& texts) {
 void select(QComboBox& popup, const std::optional<std::string>& text) {
   const QSignalBlocker quiet(popup);
   const QString title = toQString(text.value_or(std::string()));
+  // First of all: a pop-up without such a text cannot have nothing selected.
+  popup.setPlaceholderText(title.isEmpty() ? QStringLiteral(" ") : title);
   popup.setCurrentIndex(popup.findText(title, Qt::MatchExactly | Qt::MatchCaseSensitive));
-  popup.setPlaceholderText(title);
 }
 
 }  // namespace

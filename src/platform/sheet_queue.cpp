@@ -1,6 +1,7 @@
 #include "platform/sheet_queue.h"
 
 #include <QKeyEvent>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
@@ -107,6 +108,8 @@ void SheetQueue::open(QDialog& sheet) {
   connect(&sheet, &QDialog::finished, this, &SheetQueue::closed, Qt::SingleShotConnection);
   sheet.setWindowModality(Qt::WindowModal);
   sheet.open();
+  // A sheet beside another one is not given the keys by every desktop. Nothing is taken from other programs.
+  if (QGuiApplication::applicationState() == Qt::ApplicationActive) sheet.activateWindow();
   emit opened(sheet);
 }
 

@@ -40,7 +40,7 @@ QIcon namedIcon(const QString& name, const QPalette& palette) {
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QByteArray drawing = file.readAll();
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64}) {
+  for (const int size : {16, 24, 32, 48, 64, 96}) {
     icon.addPixmap(draw(drawing, palette.color(QPalette::Active, QPalette::ButtonText), size), QIcon::Normal);
     icon.addPixmap(draw(drawing, palette.color(QPalette::Disabled, QPalette::ButtonText), size),
                    QIcon::Disabled);

@@ -16,15 +16,14 @@
 #include <QUrl>
 #include <array>
 
-#include "platform/files.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
+#include "store/working_folder.h"
 
 namespace ui {
 
 using platform::control;
 using platform::toQString;
-using platform::toUtf8;
 
 namespace {
 
@@ -70,12 +69,11 @@ void MainViewControl::connectActions() {
   };
   onClick("brokenLinksButton", [this] { showBrokenLinks(); });
   onClick("backToScanButton", [this] { scanTBIAction(); });
-  onClick("htmlExportButton", [this] { openInBrowser("sitemap3c.html"); });
-  onClick("xmlExportButton", [this] { openInBrowser("sitemap.xml"); });
+  onClick("exportToScanButton", [this] { scanTBIAction(); });
   onClick("copySitemapLine", [this] {
     QGuiApplication::clipboard()->setText(control<QLineEdit>(m_mainWindow, "sitemapLine").text());
   });
-  for (const char* button : {"htmlWindowViewFolder", "htmlEditorWindowViewFolder", "xmlWindowViewFolder"}) {
+  for (const char* button : {"xmlWindowViewFolder"}) {
     onClick(button, [this] { control<QAction>(m_mainWindow, "openFolderMI").trigger(); });
   }
 }
@@ -128,7 +126,8 @@ void MainViewControl::htmlTBIAction() {
   if (needsSite(tr("You need to select a sitemap from the sites list to use the HTML sitemap viewer.")))
     return;
   closeFilterDrawer();
-  switchTo(htmlView, AbandonEdits::yes);
+  // Asked for while it is shown, the viewer saves and clears its fields by itself.
+  switchTo(htmlView, returnCurrentView() == htmlView ? AbandonEdits::no : AbandonEdits::yes);
 }
 
 void MainViewControl::htmlEditTBIAction() {
@@ -149,7 +148,24 @@ void MainViewControl::exportTBIAction() {
   switchTo(exportView, AbandonEdits::yes);
 }
 
+void MainViewControl::exportReload() {
+  closeFilterDrawer();
+  m_mainWindow.setWindowTitle(QStringLiteral("Veskel2"));
+  clearLinkEdits();
+  enableExports();
+  if (m_checkSave) m_checkSave();
+  show(exportView);
+  populateSitePicker();
+}
+
 void MainViewControl::uploadTBIAction() {
+  // With the address of the site in hand where there is one, so that the line can be used as it is.
+  const QUrl site(control<QLabel>(m_mainWindow, "siteURL").text());
+  const QUrl example(QStringLiteral("http://www.example.com/"));
+  const QUrl sitemap = (site.isValid() && !site.host().isEmpty() ? site : example)
+                           .resolved(QUrl(QStringLiteral("/sitemap.xml")));
+  control<QLineEdit>(m_mainWindow, "sitemapLine")
+      .setText(QStringLiteral("Sitemap: ") + sitemap.toString(QUrl::FullyEncoded));
   switchTo(uploadView, AbandonEdits::yes);
 }
 
@@ -161,6 +177,10 @@ void MainViewControl::showBrokenLinks() {
     pages.push_back(
         {m_state.qzvskBadLinkArray[i], known ? m_state.qzvskBadLinkReasonArray[i] : std::string()});
   }
+  control<QLabel>(m_mainWindow, "badLinkLabel")
+      .setText(m_state.qzvskCurSite.empty() ? tr("Select a site to see the broken pages of its last scan.")
+               : pages.empty()              ? tr("No broken pages are known.")
+                                            : tr("Broken &pages of the last scan"));
   m_badLinks.setPages(std::move(pages));
 }
 
@@ -168,22 +188,38 @@ void MainViewControl::showBrokenLinks() {
 /// export view looks for sites in between.
 void MainViewControl::switchTo(int number, AbandonEdits abandon) {
   if (abandon == AbandonEdits::yes) {
-    if (returnCurrentView() == htmlView) {
-      for (const char* field : {"titleEditInput", "linkEditInput"}) {
-        if (auto* edit = m_mainWindow.findChild<QLineEdit*>(QLatin1String(field))) edit->clear();
-      }
-    }
+    clearLinkEdits();
     if (number == exportView) {
       populateSitePicker();
-      const bool any = m_sitePickerPopUpArray.first() != kNoSites;
-      control<QPushButton>(m_mainWindow, "htmlExportButton").setEnabled(any);
-      control<QPushButton>(m_mainWindow, "xmlExportButton").setEnabled(any);
+      enableExports();
     }
     if (m_checkSave) m_checkSave();
   }
+  show(number);
+}
+
+void MainViewControl::clearLinkEdits() {
+  if (returnCurrentView() != htmlView) return;
+  for (const char* field : {"titleEditInput", "linkEditInput"}) {
+    if (auto* edit = m_mainWindow.findChild<QLineEdit*>(QLatin1String(field))) edit->clear();
+  }
+}
+
+void MainViewControl::enableExports() {
+  const bool any = m_sitePickerPopUpArray.first() != kNoSites;
+  for (const char* name : {"htmlExportButton", "xmlExportButton"}) {
+    auto& button = control<QPushButton>(m_mainWindow, name);
+    button.setEnabled(any);
+    button.setToolTip(any ? QString() : tr("Scan a site first"));
+  }
+  control<QWidget>(m_mainWindow, "noExportsHint").setHidden(any);
+}
+
+void MainViewControl::show(int number) {
   control<QStackedWidget>(m_mainWindow, "mainViewArea").setCurrentWidget(mainViewsList(number));
   changeCurrentView(number);
   markCurrentView();
+  emit viewShown(number);
 }
 
 bool MainViewControl::needsSite(const QString& message) {
@@ -208,7 +244,7 @@ void MainViewControl::populateSitePicker() {
   constexpr qsizetype kCut = 6;
   const QString siteInHand = control<QLabel>(m_mainWindow, "siteName").text();
   m_sitePickerPopUpArray.clear();
-  for (const std::string& file : platform::filesBelow(m_controls.homeFolderLocation())) {
+  for (const std::string& file : store::siteFiles(m_controls)) {
     if (!file.ends_with(".xml")) continue;
     QString path = toQString(file);
     path.chop(kCut);
@@ -226,11 +262,6 @@ void MainViewControl::populateSitePicker() {
 
 void MainViewControl::reportProblem() const {
   QDesktopServices::openUrl(QUrl(QStringLiteral(VESKEL_SUPPORT_PAGE)));
-}
-
-void MainViewControl::openInBrowser(std::string_view file) const {
-  const std::string site = toUtf8(control<QComboBox>(m_mainWindow, "sitePickerPopUp").currentText());
-  QDesktopServices::openUrl(QUrl::fromLocalFile(toQString((m_controls.siteFolder(site) / file).native())));
 }
 
 QStringList MainViewControl::selectedBrokenUrls() const {

@@ -42,6 +42,11 @@ class MainViewControl : public QObject {
   void xmlTBIAction();
   void exportTBIAction();
   void uploadTBIAction();
+
+  /// Enters the export view by another way than the toolbar: with the sites listed so far, which are looked
+  /// for anew afterwards.
+  void exportReload();
+
   void showBrokenLinks();
 
   /// Rebuilds the list of sites that have an XML sitemap.
@@ -51,16 +56,22 @@ class MainViewControl : public QObject {
   /// Opens the support page. Its address is set when the program is built.
   void reportProblem() const;
 
+ signals:
+  /// A view has come up, also when it was asked for while it was up already.
+  void viewShown(int number);
+
  private:
   enum class AbandonEdits { yes, no };
 
   void connectActions();
   void connectBrokenLinks();
   void switchTo(int number, AbandonEdits abandon);
+  void clearLinkEdits();
+  void enableExports();
+  void show(int number);
   bool needsSite(const QString& message);
   void closeFilterDrawer();
   void markCurrentView();
-  void openInBrowser(std::string_view file) const;
   QStringList selectedBrokenUrls() const;
 
   QMainWindow& m_mainWindow;

@@ -19,6 +19,7 @@
 #include <QToolButton>
 #include <QUrl>
 #include <algorithm>
+#include <array>
 
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
@@ -32,6 +33,13 @@ using platform::toUtf8;
 
 namespace {
 
+/// Of the name of a site, so many letters are to be seen.
+constexpr int kNameLetters = 18;
+
+/// The columns beside the name, the ones that tell most first.
+constexpr std::array<int, 4> kColumnsByWorth = {SiteTableModel::pagesColumn, SiteTableModel::brokenColumn,
+                                                SiteTableModel::linksColumn, SiteTableModel::lastScanColumn};
+
 QString countText(int count) {
   return QLocale().toString(std::max(0, count));
 }
@@ -42,7 +50,8 @@ ScanViewController::ScanViewController(QMainWindow& mainWindow, const ScanViewPa
     : m_mainWindow(mainWindow),
       m_parts(parts),
       m_sites(parts.controls, parts.reasons),
-      m_siteListTable(control<QTableView>(mainWindow, "siteListTable")) {
+      m_siteListTable(control<QTableView>(mainWindow, "siteListTable")),
+      m_noLinks(new EmptyHint(control<QListView>(mainWindow, "scannedLinksViewer"))) {
   buildTable();
   connectCommands();
   buildContextMenus();
@@ -67,6 +76,8 @@ void ScanViewController::buildTable() {
             if (current >= first && current <= last) m_siteListTable.selectionModel()->clear();
           });
   m_siteListTable.setModel(&m_found);
+  m_siteListTable.viewport()->installEventFilter(this);
+  m_noSiteFound = new EmptyHint(m_siteListTable);
   m_siteListTable.verticalHeader()->hide();
   m_siteListTable.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   QHeaderView* header = m_siteListTable.horizontalHeader();
@@ -74,18 +85,34 @@ void ScanViewController::buildTable() {
   header->setStretchLastSection(false);
   header->setSectionResizeMode(QHeaderView::Interactive);
   header->setSectionResizeMode(SiteTableModel::siteColumn, QHeaderView::Stretch);
-  const QFontMetrics metrics = m_siteListTable.fontMetrics();
-  const int number = metrics.horizontalAdvance(QStringLiteral("0,000,000"));
-  const int date = metrics.horizontalAdvance(QLocale().toString(QDate(2000, 12, 28), QLocale::ShortFormat));
-  for (int column = SiteTableModel::pagesColumn; column < SiteTableModel::lastScanColumn; ++column) {
-    header->resizeSection(column, number);
-  }
-  header->resizeSection(SiteTableModel::lastScanColumn, std::max(date + 2 * metrics.averageCharWidth(),
-                                                                 number + 2 * metrics.averageCharWidth()));
   connect(m_siteListTable.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &ScanViewController::tableViewSelectionDidChange);
   connect(&control<QLineEdit>(m_mainWindow, "siteSearch"), &QLineEdit::textChanged, &m_found,
           &QSortFilterProxyModel::setFilterFixedString);
+}
+
+void ScanViewController::measureColumns() {
+  const QHeaderView* header = m_siteListTable.horizontalHeader();
+  const QFontMetrics metrics = m_siteListTable.fontMetrics();
+  for (const int column : kColumnsByWorth) {
+    m_columnWidths[column] =
+        std::max(header->sectionSizeHint(column),
+                 metrics.horizontalAdvance(m_sites.longestText(column)) + 3 * metrics.averageCharWidth());
+  }
+  fitColumns();
+}
+
+/// Numbers get the room they need, and the name gets the rest. Where that is little, the columns that can be
+/// missed most easily go.
+void ScanViewController::fitColumns() {
+  QHeaderView* header = m_siteListTable.horizontalHeader();
+  int room =
+      m_siteListTable.viewport()->width() - kNameLetters * m_siteListTable.fontMetrics().averageCharWidth();
+  for (const int column : kColumnsByWorth) {
+    room -= m_columnWidths[column];
+    header->resizeSection(column, m_columnWidths[column]);
+    header->setSectionHidden(column, room < 0);
+  }
 }
 
 void ScanViewController::connectCommands() {
@@ -101,10 +128,15 @@ void ScanViewController::connectCommands() {
   onClick("firstSiteButton", &editor, &AddEditDeleteSitesController::addNewSite);
   onClick("editSiteButton", &editor, &AddEditDeleteSitesController::editSite);
   onClick("deleteSiteButton", &editor, &AddEditDeleteSitesController::deleteSite);
-  onAction("addMI", &editor, &AddEditDeleteSitesController::addNewSite);
-  onAction("editMI", &editor, &AddEditDeleteSitesController::editSite);
-  onAction("deleteMI", &editor, &AddEditDeleteSitesController::deleteSite);
-  onAction("scanMI", &m_parts.scan, &crawler::ScanController::scanSiteAction);
+  // The menus reach the site from every view, also from one that holds unsaved changes.
+  const auto whenSaved = [&](const char* name, auto* receiver, auto slot) {
+    onAction(name, this,
+             [this, receiver, slot] { m_beforeChange([receiver, slot] { (receiver->*slot)(); }); });
+  };
+  whenSaved("addMI", &editor, &AddEditDeleteSitesController::addNewSite);
+  whenSaved("editMI", &editor, &AddEditDeleteSitesController::editSite);
+  whenSaved("deleteMI", &editor, &AddEditDeleteSitesController::deleteSite);
+  whenSaved("scanMI", &m_parts.scan, &crawler::ScanController::scanSiteAction);
   onAction("openFolderMI", this, [this] { openSiteFolder(); });
   onAction("filtersMI", this, &ScanViewController::filterAddPanel);
   onClick("filterDrawerButton", this, &ScanViewController::filterAddPanel);
@@ -119,8 +151,10 @@ void ScanViewController::connectCommands() {
     populateSiteTable();
     tableViewSelectionDidChange();
   });
-  connect(&m_parts.scan, &crawler::ScanController::scanned, this,
-          [this](const QString& name) { m_sites.refresh(toUtf8(name)); });
+  connect(&m_parts.scan, &crawler::ScanController::scanned, this, [this](const QString& name) {
+    m_sites.refresh(toUtf8(name));
+    measureColumns();
+  });
   connect(this, &ScanViewController::qzvskLFF, &m_parts.filters, &crawler::FilterController::loadFilterFile);
   // The drawer has a close button of its own; the buttons that show its state follow.
   auto& drawer = control<QDockWidget>(m_mainWindow, "filterDrawer");
@@ -161,16 +195,28 @@ void ScanViewController::buildContextMenus() {
   m_siteListTable.setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
-/// Hiding the drawer for another view is no such event, so that it comes back with the scan view.
 bool ScanViewController::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Close) m_parts.state.qzvskPLastState = false;
+  if (watched == m_siteListTable.viewport()) {
+    if (event->type() == QEvent::Resize) fitColumns();
+  } else if (event->type() == QEvent::Close) {
+    // Hiding the drawer for another view is no such event, so that it comes back with the scan view.
+    m_parts.state.qzvskPLastState = false;
+  }
   return QObject::eventFilter(watched, event);
 }
 
 void ScanViewController::populateSiteTable() {
   std::vector<std::string> problems;
   m_sites.rebuild(&problems);
-  for (const std::string& problem : problems) emit report(toQString(problem));
+  if (!problems.empty()) {
+    QString sentence = toQString(problems.front());
+    if (problems.size() > 1) sentence += tr(" (and %1 more)").arg(problems.size() - 1);
+    // The first time somebody has yet to listen.
+    QMetaObject::invokeMethod(
+        this, [this, sentence] { emit report(sentence); }, Qt::QueuedConnection);
+  }
+  measureColumns();
+  m_noSiteFound->setText(m_sites.isEmpty() ? QString() : tr("No site has this in its name."));
   auto& area = control<QStackedWidget>(m_mainWindow, "siteArea");
   area.setCurrentWidget(&control<QWidget>(m_mainWindow, m_sites.isEmpty() ? "noSitesPage" : "sitePage"));
 }
@@ -200,7 +246,9 @@ void ScanViewController::showNoSite() {
   m_parts.scan.forgetLastScan();
   control<QCheckBox>(m_mainWindow, "ignoreRobotsButton").setChecked(false);
   control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(false);
-  setSiteControlsEnabled(false);
+  setSiteControlsEnabled(tr("Select a site first"));
+  m_noLinks->setText(tr("Select a site to see what is known of it."));
+  emit siteInHandChanged({});
   emit qzvskLFF();
 }
 
@@ -221,11 +269,25 @@ void ScanViewController::showSite(const std::string& name) {
   showBrokenLinksOf(name, details);
   control<QLabel>(m_mainWindow, "siteName").setText(toQString(details.name));
   control<QLabel>(m_mainWindow, "siteURL").setText(toQString(details.url));
-  setSiteControlsEnabled(true);
+  // Without the name nothing can be done to the site that would not hit another one, or all of them.
+  setSiteControlsEnabled(details.name.empty() ? tr("The record of this site cannot be read") : QString());
+  control<QAction>(m_mainWindow, "openFolderMI").setEnabled(true);
   m_parts.filters.reloadFilterTable();
   m_parts.state.qzvskViewChanged = true;
   m_parts.scan.forgetLastScan();
+  explainEmptyList(details);
+  emit siteInHandChanged(toQString(name));
   emit qzvskLFF();
+}
+
+void ScanViewController::explainEmptyList(const store::SiteDetails& details) {
+  if (details.name.empty()) {
+    m_noLinks->setText(tr("The record of this site cannot be read."));
+  } else if (details.pagesFound < 1) {
+    m_noLinks->setText(tr("This site was not scanned yet. Press Scan Site to build its sitemaps."));
+  } else {
+    m_noLinks->setText(tr("The links are listed here while the site is scanned, and its pages afterwards."));
+  }
 }
 
 void ScanViewController::showBrokenLinksOf(const std::string& name, const store::SiteDetails& details) {
@@ -240,17 +302,20 @@ void ScanViewController::showBrokenLinksOf(const std::string& name, const store:
   button.setVisible(count != 0);
 }
 
-void ScanViewController::setSiteControlsEnabled(bool enabled) {
-  for (const char* widget :
+void ScanViewController::setSiteControlsEnabled(const QString& whyNot) {
+  constexpr const char* kUsualToolTip = "usualToolTip";
+  const bool enabled = whyNot.isEmpty();
+  for (const char* name :
        {"scanSiteButton", "filterDrawerButton", "addFilterButton", "delFilterButton", "newFilterInput",
         "deleteSiteButton", "editSiteButton", "ignoreRobotsButton", "copyUrlButton"}) {
-    control<QWidget>(m_mainWindow, widget).setEnabled(enabled);
+    auto& widget = control<QWidget>(m_mainWindow, name);
+    if (!widget.property(kUsualToolTip).isValid()) widget.setProperty(kUsualToolTip, widget.toolTip());
+    widget.setEnabled(enabled);
+    widget.setToolTip(enabled ? widget.property(kUsualToolTip).toString() : whyNot);
   }
   for (const char* action : {"editMI", "deleteMI", "scanMI", "filtersMI", "ignoreRobotsMI", "openFolderMI"}) {
     control<QAction>(m_mainWindow, action).setEnabled(enabled);
   }
-  const QString why = enabled ? tr("Build the sitemaps of this site anew") : tr("Select a site first");
-  control<QPushButton>(m_mainWindow, "scanSiteButton").setToolTip(why);
 }
 
 void ScanViewController::setWindowTitle(const QString& title) {

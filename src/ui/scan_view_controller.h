@@ -2,9 +2,12 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QMap>
 #include <QObject>
 #include <QSortFilterProxyModel>
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "crawler/filter_controller.h"
 #include "crawler/scan_controller.h"
@@ -13,6 +16,7 @@
 #include "store/global_controls.h"
 #include "store/shared_state.h"
 #include "store/site_list.h"
+#include "ui/empty_hint.h"
 #include "ui/site_table_model.h"
 
 class QTableView;
@@ -40,6 +44,11 @@ class ScanViewController : public QObject {
   /// Reads the list of sites anew, converting older records.
   void populateSiteTable();
 
+  /// What asks about unsaved changes before a menu's command goes at the site in hand. It calls what it is
+  /// given once the way is free.
+  using Gate = std::function<void(std::function<void()>)>;
+  void setBeforeChange(Gate gate) { m_beforeChange = std::move(gate); }
+
   /// Whether a site was selected since the flag was last cleared; setViewChanged() clears it.
   bool passViewChanged() const { return m_parts.state.qzvskViewChanged; }
   void setViewChanged() { m_parts.state.qzvskViewChanged = false; }
@@ -48,20 +57,26 @@ class ScanViewController : public QObject {
   /// A site was selected: its filters have to be loaded.
   void qzvskLFF();
   void report(const QString& sentence);
+  /// Another site is in hand; none for an empty name.
+  void siteInHandChanged(const QString& name);
 
  protected:
-  /// Notes when the user closes the filter drawer.
+  /// Notes when the user closes the filter drawer, and when the table of sites gets another size.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void buildTable();
+  void measureColumns();
+  void fitColumns();
   void connectCommands();
   void buildContextMenus();
   void tableViewSelectionDidChange();
   void showNoSite();
   void showSite(const std::string& name);
+  void explainEmptyList(const store::SiteDetails& details);
   void showBrokenLinksOf(const std::string& name, const store::SiteDetails& details);
-  void setSiteControlsEnabled(bool enabled);
+  /// Enables what needs a site, unless there is a reason why not.
+  void setSiteControlsEnabled(const QString& whyNot);
   void setWindowTitle(const QString& title);
   void ignoreRobotsAction();
   void filterAddPanel();
@@ -73,6 +88,10 @@ class ScanViewController : public QObject {
   SiteTableModel m_sites;
   QSortFilterProxyModel m_found;
   QTableView& m_siteListTable;
+  QMap<int, int> m_columnWidths;       // in pixels, by column
+  EmptyHint* m_noSiteFound = nullptr;  // the hints belong to their lists
+  EmptyHint* m_noLinks;
+  Gate m_beforeChange = [](const std::function<void()>& command) { command(); };
 };
 
 }  // namespace ui

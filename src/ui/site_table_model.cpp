@@ -30,6 +30,15 @@ void SiteTableModel::refresh(const std::string& name) {
   emit dataChanged(index(row, 0), index(row, columnTotal - 1));
 }
 
+QString SiteTableModel::longestText(int column) const {
+  QString longest;
+  for (const Row& row : m_rows) {
+    const QString each = text(row, column);
+    if (each.size() > longest.size()) longest = each;
+  }
+  return longest;
+}
+
 int SiteTableModel::rowOf(const std::string& name) const {
   const auto found =
       std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& row) { return row.name == name; });

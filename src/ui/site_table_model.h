@@ -30,6 +30,9 @@ class SiteTableModel : public QAbstractTableModel {
 
   /// The name at a row of this model.
   std::string siteName(int row) const { return m_rows[static_cast<std::size_t>(row)].name; }
+  /// The longest text of a column, to make room for.
+  QString longestText(int column) const;
+
   bool isEmpty() const { return m_rows.empty(); }
   /// -1 when there is no such site.
   int rowOf(const std::string& name) const;

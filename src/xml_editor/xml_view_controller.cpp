@@ -80,7 +80,7 @@ void XMLViewController::buildTable() {
   QHeaderView* numbers = m_xmlTableView.verticalHeader();
   // One height for all, so that a long table opens as fast as a short one.
   numbers->setSectionResizeMode(QHeaderView::Fixed);
-  numbers->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  numbers->setDefaultAlignment(Qt::AlignCenter);  // at their right end they would touch the addresses
   numbers->setHighlightSections(false);
   QHeaderView* header = m_xmlTableView.horizontalHeader();
   header->setHighlightSections(false);

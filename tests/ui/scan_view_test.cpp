@@ -63,6 +63,8 @@ class ScanViewTest : public QObject {
  private slots:
   void welcomesWithoutSites();
   void enablesWhatASelectedSiteAllows();
+  void offersNothingForARecordWithoutAName_data();
+  void offersNothingForARecordWithoutAName();
   void addsMissingCountersOnce();
   void showsStatistics_data();
   void showsStatistics();
@@ -121,6 +123,34 @@ void ScanViewTest::enablesWhatASelectedSiteAllows() {
   QVERIFY(desk.select(kShop, Qt::ControlModifier));
   QVERIFY(desk.nothingSelected());
   QVERIFY(allSiteControls(desk, false));
+}
+
+void ScanViewTest::offersNothingForARecordWithoutAName_data() {
+  QTest::addColumn<bool>("gone");
+  QTest::newRow("no name in it") << false;
+  QTest::newRow("gone") << true;
+}
+
+/// The commands go by the name that is shown: without one they would hit all sites.
+void ScanViewTest::offersNothingForARecordWithoutAName() {
+  QFETCH(const bool, gone);
+  Desk desk;
+  desk.makeSite("Blog", "http://blog.test/");
+  desk.makeSite("Shop", "", "<siteURL>http://shop.test/</siteURL>");
+  desk.open();
+  if (gone) std::filesystem::remove(desk.controls.returnFullFileLocation("Shop"));
+  QVERIFY(desk.select(kShop));
+  QCOMPARE(desk.label("siteName"), QString());
+  for (const char* name : kSiteControls) {
+    QVERIFY2(!desk.enabled(name), name);
+    QCOMPARE(desk.control<QWidget>(name).toolTip(), QStringLiteral("The record of this site cannot be read"));
+  }
+  for (const char* name : {"scanMI", "editMI", "deleteMI"}) QVERIFY(!desk.control<QAction>(name).isEnabled());
+  QVERIFY(desk.control<QAction>("openFolderMI").isEnabled());
+  QVERIFY(desk.select(QStringLiteral("Blog")));
+  QVERIFY(allSiteControls(desk, true));
+  QCOMPARE(desk.control<QWidget>("scanSiteButton").toolTip(),
+           QStringLiteral("Build the sitemaps of this site anew"));
 }
 
 void ScanViewTest::addsMissingCountersOnce() {

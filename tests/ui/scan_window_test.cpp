@@ -47,6 +47,7 @@ class ScanWindowTest : public QObject {
  private slots:
   void scansFromTheButtonToTheFinalCounts();
   void showsHowFarItIs();
+  void startsByKey_data();
   void startsByKey();
   void endsExactlyHoweverFastLinksCome();
   void honoursFiltersAndTheRobotsSwitch();
@@ -61,6 +62,7 @@ class ScanWindowTest : public QObject {
   void tellsOfAnUnreachableSite();
   void refusesASiteThatIsScannedElsewhere();
   void tellsOfALostDocument();
+  void tellsOfReasonsThatCannotBeKept();
   void noticesASiteWithoutEnd();
 };
 
@@ -135,11 +137,19 @@ void ScanWindowTest::showsHowFarItIs() {
   QVERIFY(desk.window().state().qzvskPLastState);
 }
 
+void ScanWindowTest::startsByKey_data() {
+  QTest::addColumn<QKeySequence>("keys");
+  for (const char* keys : {"F5", "Ctrl+R"}) {
+    QTest::newRow(keys) << QKeySequence(QString::fromLatin1(keys));
+  }
+}
+
 void ScanWindowTest::startsByKey() {
+  QFETCH(const QKeySequence, keys);
   const SiteServer server({{"/", page("Only", {})}});
   Desk desk;
   openWithShop(desk, server.url());
-  QTest::keyClick(&desk.window(), Qt::Key_F5);
+  QTest::keySequence(&desk.window(), keys);
   QVERIFY(!desk.enabled("scanSiteButton"));
   QVERIFY(scanHasEnded(desk));
   QCOMPARE(desk.label("pagesFound"), QStringLiteral("1"));
@@ -350,6 +360,22 @@ void ScanWindowTest::tellsOfALostDocument() {
   QVERIFY(scanHasEnded(desk));
   QCOMPARE(desk.file("Shop", "sitemap.xml"), std::string("(missing)"));
   QVERIFY(desk.file("Shop", "sitemap3c.html").ends_with("</html>"));
+}
+
+void ScanWindowTest::tellsOfReasonsThatCannotBeKept() {
+  const SiteServer server(smallSite());
+  Desk desk;
+  // A file where their folder belongs.
+  const std::filesystem::path folder = desk.reasons.stateFolder();
+  std::filesystem::create_directories(folder);
+  QVERIFY(platform::replaceFile(folder / "broken", "x").ok());
+  openWithShop(desk, server.url());
+  QVERIFY(scan(desk));
+  const QString told = desk.control<QStatusBar>("statusBar").currentMessage();
+  QVERIFY2(
+      told.startsWith(QLatin1String("Scanned \"Shop\". The reasons of the broken pages could not be kept: ")),
+      qPrintable(told));
+  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("1"));
 }
 
 void ScanWindowTest::noticesASiteWithoutEnd() {

@@ -1,12 +1,21 @@
 #include "window_test.h"
 
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
 #include <QTableView>
+#include <QTimer>
+#include <QWindow>
 #include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <stdexcept>
+
+#include <xcb/xcb.h>
 
 #include "platform/files.h"
 #include "platform/qt_text.h"
@@ -18,8 +27,18 @@ namespace window_tests {
 namespace fs = std::filesystem;
 using platform::toQString;
 
+/// Not by Qt Test's own means, which sleep after each event: the web engine works through hundreds of them.
 bool comesTrue(const std::function<bool()>& condition) {
-  return QTest::qWaitFor(condition, kPatience);
+  constexpr std::chrono::milliseconds kLook{10};
+  const QDeadlineTimer deadline(kPatience);
+  QTimer look;
+  look.start(kLook);
+  while (!condition()) {
+    if (deadline.hasExpired()) return false;
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  return true;
 }
 
 QDialog* topSheet() {
@@ -49,7 +68,10 @@ bool click(QAbstractButton& button) {
     qWarning("The button %s cannot be clicked", qPrintable(button.objectName() + button.text()));
     return false;
   }
-  QTest::mouseClick(&button, Qt::LeftButton);
+  // The mark of a radio button or check box is at its left; what is right of its text is no part of it.
+  const bool hasMark = button.inherits("QRadioButton") || button.inherits("QCheckBox");
+  const QPoint middle = button.rect().center();
+  QTest::mouseClick(&button, Qt::LeftButton, {}, hasMark ? QPoint(middle.y(), middle.y()) : middle);
   return true;
 }
 
@@ -76,6 +98,39 @@ bool hasButtons(const QDialog& sheet, const QStringList& texts) {
 
 void pressEscape(QDialog& sheet) {
   QTest::keyClick(&sheet, Qt::Key_Escape);
+}
+
+namespace {
+
+const QNativeInterface::QX11Application* x11() {
+  return qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+}
+
+std::uint32_t atomNamed(const char* name) {
+  xcb_connection_t* connection = x11()->connection();
+  const auto asked = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(std::strlen(name)), name);
+  const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+      xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
+  return reply->atom;
+}
+
+}  // namespace
+
+bool hasTitleBars() {
+  return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
+void closeByTitleBar(const QWidget& window) {
+  xcb_client_message_event_t event{};
+  event.response_type = XCB_CLIENT_MESSAGE;
+  event.format = 32;
+  event.window = static_cast<xcb_window_t>(window.windowHandle()->winId());
+  event.type = atomNamed("WM_PROTOCOLS");
+  event.data.data32[0] = atomNamed("WM_DELETE_WINDOW");
+  std::array<char, sizeof event> bytes{};
+  std::memcpy(bytes.data(), &event, sizeof event);
+  xcb_send_event(x11()->connection(), 0, event.window, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+  xcb_flush(x11()->connection());
 }
 
 Desk::Desk() : controls(m_home.path()), reasons(m_home.path() / "state") {
@@ -150,6 +205,8 @@ bool Desk::nothingSelected() const {
 
 void prepareEnvironment(const fs::path& home) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // It needs what the places where tests run do not give: name spaces of the user's own.
+  qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   qputenv("HOME", home.c_str());
   qputenv("XDG_STATE_HOME", (home / "state").c_str());
 }

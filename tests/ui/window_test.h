@@ -13,6 +13,7 @@
 #include <string>
 
 #include "app/main_window.h"
+#include "html_editor/sitemap_page.h"
 #include "platform/named_controls.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
@@ -40,6 +41,10 @@ bool click(QAbstractButton& button);
 bool answer(QDialog* sheet, const QString& buttonText);
 bool hasButtons(const QDialog& sheet, const QStringList& texts);
 void pressEscape(QDialog& sheet);
+/// Whether the windows have title bars that closeByTitleBar() can work, as on X11.
+bool hasTitleBars();
+/// Closes a window as its user does: the window system sends the wish.
+void closeByTitleBar(const QWidget& window);
 
 /// A user's home directory, and the window once open() was called.
 class Desk {
@@ -90,6 +95,7 @@ template <typename Tests>
 int run(int argc, char** argv) {
   const support::TempFolder home;
   prepareEnvironment(home.path());
+  html_editor::prepareWebEngine();
   const QApplication application(argc, argv);
   prepareApplication();
   Tests tests;

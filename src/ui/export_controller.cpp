@@ -1,0 +1,367 @@
+#include "ui/export_controller.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QTimer>
+#include <array>
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <utility>
+
+#include "html_editor/script_text.h"
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+#include "sitemaps/broken_links_export.h"
+#include "store/site_list.h"
+#include "ui/file_sheets.h"
+#include "ui/icons.h"
+
+namespace ui {
+
+using platform::control;
+using platform::toQString;
+using platform::toUtf8;
+
+namespace {
+
+struct LayoutBox {
+  const char* box;
+  const char* layout;
+};
+
+/// In the order in which they are looked at.
+constexpr std::array<LayoutBox, 6> kBoxes = {{{"threeCSF", "3c"},
+                                              {"twoCSF", "2c"},
+                                              {"oneCSF", "1c"},
+                                              {"threeCST", "3cpo"},
+                                              {"twoCST", "2cpo"},
+                                              {"oneCST", "1cpo"}}};
+constexpr int kPictogramSize = 48;
+
+/// The user sees one sheet go before the next one comes.
+constexpr std::chrono::milliseconds kFollowUpDelay{500};
+/// An XML sitemap is ready so soon that the progress sheet would only flash.
+constexpr std::chrono::seconds kSheetIsSeen{1};
+
+void waitUnlessStopped(std::stop_token stop, std::chrono::seconds time) {
+  std::mutex mutex;
+  std::unique_lock lock(mutex);
+  std::condition_variable_any().wait_for(lock, stop, time, [] { return false; });
+}
+
+/// What a worker makes, or why it could not.
+template <typename Make>
+std::shared_ptr<PreparedExport> made(Make make) {
+  auto prepared = std::make_shared<PreparedExport>();
+  try {
+    *prepared = make();
+  } catch (const std::exception& failure) {  // no memory
+    prepared->document = {sitemaps::ExportFailure::unusable, {}, failure.what()};
+  }
+  return prepared;
+}
+
+}  // namespace
+
+ExportController::ExportController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+                                   const store::GlobalControls& controls, const store::SharedState& state)
+    : m_mainWindow(mainWindow),
+      m_sheets(sheets),
+      m_controls(controls),
+      m_state(state),
+      m_layouts(new QButtonGroup(this)),
+      m_exportCustomPanel(&mainWindow),
+      m_split(mainWindow, sheets, m_exportCustomPanel) {
+  gatherLayouts();
+  drawPictograms();
+  mainWindow.installEventFilter(this);
+  const auto onClick = [this](const char* name, void (ExportController::*slot)()) {
+    connect(&control<QPushButton>(m_mainWindow, name), &QPushButton::clicked, this, slot);
+  };
+  onClick("htmlExportButton", &ExportController::exportHTMLSitemaps);
+  onClick("xmlExportButton", &ExportController::exportXMLSitemap);
+  onClick("exportBrokenAsHTMLButton", &ExportController::exportBrokenAsHTMLAction);
+  onClick("exportBrokenAsTXTButton", &ExportController::exportBrokenAsTXTAction);
+  onClick("saveToButton", &ExportController::saveToButton);
+  connect(&control<QComboBox>(mainWindow, "sitePickerPopUp"), &QComboBox::currentTextChanged, this,
+          &ExportController::showSplitChoice);
+  auto& gzip = control<QCheckBox>(mainWindow, "gzipXmlBox");
+  connect(&control<QCheckBox>(mainWindow, "splitXmlBox"), &QCheckBox::toggled, &gzip, &QWidget::setEnabled);
+  connect(&m_split, &SplitExport::report, this, &ExportController::report);
+  connect(&m_split, &SplitExport::faultsFound, this, &ExportController::tellFaults);
+  showSplitChoice();
+}
+
+ExportController::~ExportController() = default;
+
+void ExportController::gatherLayouts() {
+  for (std::size_t i = 0; i < kBoxes.size(); ++i) {
+    m_layouts->addButton(&control<QCheckBox>(m_mainWindow, kBoxes[i].box), static_cast<int>(i));
+  }
+}
+
+void ExportController::drawPictograms() {
+  for (const LayoutBox& each : kBoxes) {
+    auto& box = control<QCheckBox>(m_mainWindow, each.box);
+    box.setIcon(
+        namedIcon(QStringLiteral("veskel-layout-") + QLatin1String(each.layout), m_mainWindow.palette()));
+    box.setIconSize({kPictogramSize, kPictogramSize});
+  }
+}
+
+bool ExportController::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) drawPictograms();
+  return QObject::eventFilter(watched, event);
+}
+
+/// A site that is too large for one file is split unless the user decides otherwise: search engines would
+/// refuse it.
+void ExportController::showSplitChoice() {
+  const std::string site = pickedSite();
+  control<QComboBox>(m_mainWindow, "sitePickerPopUp").setToolTip(toQString(site));
+  const bool wanted = !site.empty() && sitemaps::wantsSplitting(m_controls, site);
+  auto& split = control<QCheckBox>(m_mainWindow, "splitXmlBox");
+  split.setEnabled(wanted);
+  split.setChecked(wanted);
+  split.setToolTip(wanted
+                       ? tr("sitemap-1.xml, sitemap-2.xml and so on, and sitemap-index.xml that names them")
+                       : tr("For sites of more than 50,000 pages"));
+}
+
+std::string ExportController::pickedSite() const {
+  return toUtf8(control<QComboBox>(m_mainWindow, "sitePickerPopUp").currentText());
+}
+
+const sitemaps::Layout* ExportController::tickedLayout() const {
+  const int ticked = m_layouts->checkedId();
+  return ticked < 0 ? nullptr : sitemaps::layoutNamed(kBoxes[static_cast<std::size_t>(ticked)].layout);
+}
+
+void ExportController::exportHTMLSitemaps() {
+  if (std::exchange(m_working, true)) return;
+  m_expMax = 20;
+  m_expCurrent = 1;
+  updateExportBar();
+  m_sheets.show(m_exportCustomPanel);
+  exportSitemaps(ExportMode::html);
+}
+
+void ExportController::exportXMLSitemap() {
+  if (std::exchange(m_working, true)) return;
+  m_exportCustomPanel.showBusy();
+  m_sheets.show(m_exportCustomPanel);
+  exportSitemaps(ExportMode::xml);
+}
+
+void ExportController::exportBrokenAsHTMLAction() {
+  exportSitemaps(ExportMode::brokenHtml);
+}
+
+void ExportController::exportBrokenAsTXTAction() {
+  exportSitemaps(ExportMode::brokenText);
+}
+
+/// The list of broken pages is at hand already: only documents need the worker.
+void ExportController::exportSitemaps(ExportMode mode) {
+  m_site = pickedSite();
+  if (m_site.empty()) return giveUp();
+  switch (mode) {
+    case ExportMode::html: {
+      const sitemaps::Layout* layout = tickedLayout();
+      if (layout == nullptr) return giveUp();
+      return processAndRemoveLINKID(*layout);
+    }
+    case ExportMode::xml:
+      return removeEmptyElements();
+    case ExportMode::brokenHtml:
+      return askWhereToSave(m_sheets, m_mainWindow,
+                            {tr("Export Broken Links"), QStringLiteral("brokenLinksExport.html"),
+                             tr("Web page (*.html)"), QStringLiteral("html")},
+                            *this, [this](const QString& path) { didEndSaveSheetHTMLBroken(path); });
+    case ExportMode::brokenText:
+      return askWhereToSave(m_sheets, m_mainWindow,
+                            {tr("Export Broken Links"), QStringLiteral("brokenLinksExport.txt"),
+                             tr("Text (*.txt)"), QStringLiteral("txt")},
+                            *this, [this](const QString& path) { didEndSaveSheetTXTBroken(path); });
+  }
+}
+
+void ExportController::processAndRemoveLINKID(const sitemaps::Layout& layout) {
+  const auto progress = [this](std::size_t line, std::size_t lines) {  // on the worker
+    const auto show = [this, line, lines] {
+      m_expMax = static_cast<std::int64_t>(lines);
+      m_expCurrent = static_cast<std::int64_t>(line);
+      updateExportBar();
+    };
+    QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+  };
+  m_worker = std::jthread([this, site = m_site, &layout, progress] {
+    const auto prepared = made([&] {
+      PreparedExport made{sitemaps::exportedHtml(m_controls, site, layout, progress)};
+      made.holdsScripts = html_editor::holdsScriptText(made.document.text);
+      return made;
+    });
+    QMetaObject::invokeMethod(
+        this, [this, prepared] { documentIsReady(ExportMode::html, std::move(*prepared)); },
+        Qt::QueuedConnection);
+  });
+}
+
+void ExportController::removeEmptyElements() {
+  m_worker = std::jthread([this, site = m_site, split = wantsSplit()](const std::stop_token& stop) {
+    const auto prepared = made([&] {
+      PreparedExport made{sitemaps::exportedXml(m_controls, site)};
+      // Of a split export each file is looked at when it is written.
+      if (made.document.failure == sitemaps::ExportFailure::none && !split)
+        made.faults = sitemaps::faultCount(made.document.text, store::readSite(m_controls, site).details.url);
+      return made;
+    });
+    if (prepared->document.failure == sitemaps::ExportFailure::none) waitUnlessStopped(stop, kSheetIsSeen);
+    QMetaObject::invokeMethod(
+        this, [this, prepared] { documentIsReady(ExportMode::xml, std::move(*prepared)); },
+        Qt::QueuedConnection);
+  });
+}
+
+void ExportController::updateExportBar() {
+  m_exportCustomPanel.showProgress(m_expCurrent, m_expMax);
+}
+
+bool ExportController::wantsSplit() const {
+  return control<QCheckBox>(m_mainWindow, "splitXmlBox").isChecked();
+}
+
+void ExportController::documentIsReady(ExportMode mode, PreparedExport prepared) {
+  m_sheets.close(m_exportCustomPanel);
+  if (prepared.document.failure != sitemaps::ExportFailure::none) {
+    m_working = false;
+    return tellFailure(prepared.document);
+  }
+  QTimer::singleShot(kFollowUpDelay, this, [this, mode, prepared = std::move(prepared)]() mutable {
+    m_working = false;
+    offer(mode, std::move(prepared));
+  });
+}
+
+void ExportController::offer(ExportMode mode, PreparedExport prepared) {
+  std::string& text = prepared.document.text;
+  if (mode == ExportMode::html) {
+    if (prepared.holdsScripts && !m_toldAboutScripts.contains(prepared.document.path))
+      return warnOfScripts(std::move(prepared));
+    saveHTMLFile(std::move(text));
+  } else if (!wantsSplit()) {
+    saveXMLFile(std::move(text), prepared.faults);
+  } else {
+    const bool compress = control<QCheckBox>(m_mainWindow, "gzipXmlBox").isChecked();
+    m_split.begin(std::move(text), store::readSite(m_controls, m_site).details.url,
+                  compress ? sitemaps::Compression::gzip : sitemaps::Compression::none);
+  }
+}
+
+/// In the viewer a document can do nothing. Where it is published, what a stranger's site has put into it may
+/// run. Said once for each document that the user lets pass.
+void ExportController::warnOfScripts(PreparedExport prepared) {
+  constexpr int kCancel = 1;
+  m_sheets.choose(
+      tr("This sitemap holds text that a browser may run as a program."),
+      tr("It comes from the pages of the website. Veskel only shows it; where you publish the sitemap a "
+         "browser may run it."),
+      {tr("Export"), tr("Cancel")}, kCancel, [this, prepared = std::move(prepared)](int answer) mutable {
+        if (answer == kCancel) return;
+        m_toldAboutScripts.insert(prepared.document.path);
+        saveHTMLFile(std::move(prepared.document.text));
+      });
+}
+
+/// For an export that does not come to a document.
+void ExportController::giveUp() {
+  m_sheets.close(m_exportCustomPanel);
+  m_working = false;
+}
+
+void ExportController::tellFailure(const sitemaps::ExportedDocument& document) {
+  switch (document.failure) {
+    case sitemaps::ExportFailure::missing:
+      return m_sheets.alert(toQString(sitemaps::kExportMissing));
+    case sitemaps::ExportFailure::busy:
+      return m_sheets.alert(tr("The site is being scanned."), tr("Export it when the scan has finished."));
+    default:
+      m_sheets.alert(toQString(sitemaps::kExportUnusable),
+                     tr("If this problem persists, please contact support."));
+  }
+}
+
+void ExportController::saveHTMLFile(std::string bytes) {
+  m_saveData = std::move(bytes);
+  m_saveFaults = 0;
+  askWhereToSave(m_sheets, m_mainWindow,
+                 {tr("Export HTML Sitemap"), QStringLiteral("sitemap.html"),
+                  tr("Web page (*.html *.php *.asp *.htm)"), QStringLiteral("html")},
+                 *this, [this](const QString& path) { didEndSaveSheet(path); });
+}
+
+void ExportController::saveXMLFile(std::string bytes, std::size_t faults) {
+  m_saveData = std::move(bytes);
+  m_saveFaults = faults;
+  askWhereToSave(m_sheets, m_mainWindow,
+                 {tr("Export XML Sitemap"), QStringLiteral("sitemap.xml"), tr("XML sitemap (*.xml)"),
+                  QStringLiteral("xml")},
+                 *this, [this](const QString& path) { didEndSaveSheet(path); });
+}
+
+void ExportController::didEndSaveSheet(const QString& path) {
+  if (save(m_saveData, path)) tellFaults(m_saveFaults);
+}
+
+void ExportController::didEndSaveSheetHTMLBroken(const QString& path) {
+  save(sitemaps::brokenLinksHtml(m_state.qzvskBadLinkArray), path);
+}
+
+void ExportController::didEndSaveSheetTXTBroken(const QString& path) {
+  save(sitemaps::brokenLinksText(m_state.qzvskBadLinkArray), path);
+}
+
+bool ExportController::save(std::string_view text, const QString& path) {
+  const platform::FileResult saved = saveEditedSitemapContent(text, toUtf8(path));
+  if (saved.ok()) {
+    emit report(tr("Saved %1").arg(path));
+  } else {
+    m_sheets.alert(tr("The file could not be saved."),
+                   tr("Could not write %1: %2").arg(path, toQString(saved.error)));
+  }
+  return saved.ok();
+}
+
+/// A file that search engines refuse looks like any other, so that the user would learn of it too late.
+void ExportController::tellFaults(std::size_t faults) {
+  if (faults == 0) return;
+  m_sheets.alert(faults == 1 ? tr("The exported sitemap has one fault.")
+                             : tr("The exported sitemap has %1 faults.")
+                                   .arg(QLocale().toString(static_cast<qulonglong>(faults))),
+                 tr("Search engines may refuse it. To see what is wrong, select the site, go to XML Sitemap "
+                    "and press Validate."));
+}
+
+platform::FileResult ExportController::saveEditedSitemapContent(std::string_view text,
+                                                                const std::filesystem::path& file) const {
+  return platform::replaceFile(file, text);
+}
+
+void ExportController::saveToButton() {
+  askForFolder(m_sheets, m_mainWindow, tr("Save Folder"), tr("Set Save Folder"), *this,
+               [this](const QString& path) {
+                 auto& input = control<QLineEdit>(m_mainWindow, "saveToInput");
+                 input.setText(path);
+                 input.setToolTip(path);
+               });
+}
+
+}  // namespace ui

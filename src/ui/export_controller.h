@@ -1,0 +1,109 @@
+// Export: a site's sitemaps and its broken pages as files that the user chooses.
+#pragma once
+
+#include <QMainWindow>
+#include <QObject>
+#include <QString>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <string_view>
+#include <thread>
+
+#include "platform/files.h"
+#include "platform/sheet_queue.h"
+#include "sitemaps/site_export.h"
+#include "store/global_controls.h"
+#include "store/shared_state.h"
+#include "ui/export_sheet.h"
+#include "ui/split_export.h"
+
+class QButtonGroup;
+
+namespace ui {
+
+enum class ExportMode { html, xml, brokenHtml, brokenText };
+
+/// A document, and what its reader should know of it.
+struct PreparedExport {
+  sitemaps::ExportedDocument document = {};
+  bool holdsScripts = false;  // an HTML document with text that a browser may run
+  std::size_t faults = 0;     // of an XML document, when it goes into one file
+};
+
+/// Documents are read, cleaned and looked at on a worker behind a progress sheet; dialogs, and the writing of
+/// what they were asked for, belong to the UI thread, as all of this class does.
+class ExportController : public QObject {
+  Q_OBJECT
+
+ public:
+  /// All are borrowed and outlive the controller.
+  ExportController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+                   const store::GlobalControls& controls, const store::SharedState& state);
+  ~ExportController() override;
+
+  void exportHTMLSitemaps();
+  void exportXMLSitemap();
+  void exportBrokenAsHTMLAction();
+  void exportBrokenAsTXTAction();
+
+  /// Asks for a folder and shows it. The exports do not look at it: each asks for its destination.
+  void saveToButton();
+
+  /// Makes `text` the whole content of a file.
+  platform::FileResult saveEditedSitemapContent(std::string_view text,
+                                                const std::filesystem::path& file) const;
+
+ signals:
+  void report(const QString& sentence);
+
+ protected:
+  /// Draws the pictograms anew when the colours of the window change.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void gatherLayouts();
+  void drawPictograms();
+  void showSplitChoice();
+  std::string pickedSite() const;
+  const sitemaps::Layout* tickedLayout() const;
+
+  void exportSitemaps(ExportMode mode);
+  void processAndRemoveLINKID(const sitemaps::Layout& layout);
+  void removeEmptyElements();
+  void updateExportBar();
+  void documentIsReady(ExportMode mode, PreparedExport prepared);
+  void offer(ExportMode mode, PreparedExport prepared);
+  void warnOfScripts(PreparedExport prepared);
+  bool wantsSplit() const;
+  void giveUp();
+  void tellFailure(const sitemaps::ExportedDocument& document);
+
+  void saveHTMLFile(std::string bytes);
+  void saveXMLFile(std::string bytes, std::size_t faults);
+  void didEndSaveSheet(const QString& path);
+  void didEndSaveSheetHTMLBroken(const QString& path);
+  void didEndSaveSheetTXTBroken(const QString& path);
+  bool save(std::string_view text, const QString& path);
+  void tellFaults(std::size_t faults);
+
+  QMainWindow& m_mainWindow;
+  platform::SheetQueue& m_sheets;
+  const store::GlobalControls& m_controls;
+  const store::SharedState& m_state;
+  QButtonGroup* m_layouts;
+  ExportSheet m_exportCustomPanel;
+  SplitExport m_split;
+  std::int64_t m_expMax = 0;
+  std::int64_t m_expCurrent = 0;
+  std::string m_saveData;                              // what was last offered for saving
+  std::size_t m_saveFaults = 0;                        // of that
+  std::string m_site;                                  // whose document is being made ready
+  std::set<std::filesystem::path> m_toldAboutScripts;  // documents that the user let pass
+  bool m_working = false;                              // from the button until the document is on offer
+  std::jthread m_worker;                               // last, so that it is over before the rest goes
+};
+
+}  // namespace ui

@@ -1,0 +1,62 @@
+// The export of an XML sitemap as several files with an index, for sites that are too large for one.
+#pragma once
+
+#include <QMainWindow>
+#include <QObject>
+#include <QString>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <thread>
+
+#include "platform/sheet_queue.h"
+#include "sitemaps/site_export.h"
+#include "ui/export_sheet.h"
+
+namespace ui {
+
+/// Asks for a folder, and before it replaces files in it; shares out and writes on a worker of its own,
+/// behind the progress sheet. UI thread.
+class SplitExport : public QObject {
+  Q_OBJECT
+
+ public:
+  /// All are borrowed and outlive this object.
+  SplitExport(QMainWindow& mainWindow, platform::SheetQueue& sheets, ExportSheet& progressSheet);
+
+  /// Exports `sitemap`, which was made fit for it. `startUrl` is where the site starts.
+  void begin(std::string sitemap, std::string startUrl, sitemaps::Compression compression);
+
+ signals:
+  void report(const QString& sentence);
+  /// The files that were written break rules of sitemaps.org, so many times together.
+  void faultsFound(std::size_t count);
+
+ private:
+  enum class Existing { ask, replace };
+  struct Work {
+    std::string sitemap;
+    std::string startUrl;
+    sitemaps::Compression compression = sitemaps::Compression::none;
+    QString folder = {};
+  };
+  /// How it went: one of the four.
+  struct Outcome {
+    std::size_t written = 0;  // files; 0 when nothing was written
+    std::size_t faults = 0;   // of those
+    bool holdsNoPages = false;
+    QString existing = {};  // a file that would be replaced
+    sitemaps::SplitResult problem = {};
+  };
+
+  void start(std::shared_ptr<const Work> work, Existing existing);
+  static Outcome write(const Work& work, Existing existing);
+  void ended(const std::shared_ptr<const Work>& work, const Outcome& outcome);
+
+  QMainWindow& m_mainWindow;
+  platform::SheetQueue& m_sheets;
+  ExportSheet& m_progressSheet;
+  std::jthread m_worker;  // last, so that it is over before the rest goes
+};
+
+}  // namespace ui

@@ -1,0 +1,124 @@
+#include "html_steps.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProgressBar>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+#include <memory>
+
+#include "platform/qt_text.h"
+
+namespace window_tests {
+
+QVariant inPage(QWebEngineView& view, const QString& script) {
+  // Shared, since the answer may come when nobody waits any longer.
+  const auto answer = std::make_shared<std::pair<bool, QVariant>>(false, QVariant());
+  view.page()->runJavaScript(script, QWebEngineScript::ApplicationWorld, [answer](const QVariant& value) {
+    *answer = {true, value};
+  });
+  if (!comesTrue([&] { return answer->first; })) qWarning("The page does not answer");
+  return answer->second;
+}
+
+std::string documentOf(const sitemaps::Layout& layout, const std::vector<samples::Block>& blocks) {
+  if (layout.listing == sitemaps::Listing::allLinks) return samples::document(layout.columns, blocks);
+  std::vector<samples::Block> pages;
+  for (const samples::Block& block : blocks) pages.push_back({block.front()});
+  return samples::document(layout.columns, pages);
+}
+
+HtmlDesk::HtmlDesk(const std::vector<samples::Block>& blocks) : m_blocks(blocks) {
+  makeSite("Shop", "http://a.test/");
+  if (!blocks.empty()) writeDocuments(blocks);
+}
+
+void HtmlDesk::writeDocuments(const std::vector<samples::Block>& blocks) const {
+  for (const sitemaps::Layout& layout : sitemaps::kLayouts) {
+    writeFile("Shop", std::string(layout.fileName), documentOf(layout, blocks));
+  }
+}
+
+void HtmlDesk::openAt(int view) {
+  open();
+  select(kShop);
+  go(view);
+  if (!shown()) qWarning("The sitemap is not shown");
+}
+
+void HtmlDesk::go(int view) const {
+  constexpr const char* kActions[] = {"scanTBI",   "htmlTBI",   "htmlEditTBI", "xmlTBI",
+                                      "exportTBI", "uploadTBI", "brokenMI"};
+  control<QAction>(kActions[view - 1]).trigger();
+}
+
+bool HtmlDesk::shown() const {
+  return comesTrue([this] { return control<QProgressBar>("sitemapBusy").isHidden(); });
+}
+
+bool HtmlDesk::isClean() const {
+  return !window().state().qzvskNeedsSave && !enabled("saveChangesButton") &&
+         !control<QAction>("saveMI").isEnabled();
+}
+
+bool HtmlDesk::isDirty() const {
+  return window().state().qzvskNeedsSave && enabled("saveChangesButton") &&
+         control<QAction>("saveMI").isEnabled();
+}
+
+bool HtmlDesk::inPageComesTrue(const QString& script) const {
+  return comesTrue([&] { return inPage(script).toBool(); });
+}
+
+bool HtmlDesk::choose(const char* popup, const QString& item) const {
+  auto& box = control<QComboBox>(popup);
+  const int index = box.findText(item);
+  if (index < 0 || !box.isEnabled() || !box.isVisible() || topSheet() != nullptr) {
+    qWarning("%s cannot be chosen in %s", qPrintable(item), popup);
+    return false;
+  }
+  box.showPopup();
+  box.view()->setCurrentIndex(box.model()->index(index, box.modelColumn()));
+  QTest::keyClick(box.view(), Qt::Key_Return);
+  return comesTrue([&] { return !box.view()->isVisible(); }) && box.currentIndex() == index;
+}
+
+bool HtmlDesk::type(const char* name, const QString& text) const {
+  QLineEdit& edit = field(name);
+  if (!edit.isEnabled() || !edit.isVisible() || topSheet() != nullptr) {
+    qWarning("Nothing can be typed into %s", name);
+    return false;
+  }
+  edit.setFocus();
+  edit.selectAll();
+  if (text.isEmpty()) QTest::keyClick(&edit, Qt::Key_Delete);
+  QTest::keyClicks(&edit, text);
+  QTest::keyClick(&edit, Qt::Key_Return);
+  return true;
+}
+
+bool HtmlDesk::clickLink(const QString& label) const {
+  const QString array = QString::fromUtf8(QJsonDocument(QJsonArray{label}).toJson(QJsonDocument::Compact));
+  const QVariant clicked = inPage(QStringLiteral("{ const link = Array.from(document.links)"
+                                                 ".find(each => each.textContent.includes(%1[0]));"
+                                                 "link && link.click(); link && link.textContent }")
+                                      .arg(array));
+  return !clicked.isNull() && comesTrue([&] { return text("titleEditInput") == clicked.toString(); });
+}
+
+bool HtmlDesk::nothingIsSelected() const {
+  return text("titleEditInput").isEmpty() && text("linkEditInput").isEmpty() && !enabled("titleEditInput") &&
+         !enabled("linkEditInput") && !enabled("deleteButton");
+}
+
+bool HtmlDesk::othersAreUntouched(const std::string& file) const {
+  for (const sitemaps::Layout& layout : sitemaps::kLayouts) {
+    const std::string name(layout.fileName);
+    if (name != file && onDisk(name) != documentOf(layout, m_blocks)) return false;
+  }
+  return true;
+}
+
+}  // namespace window_tests
