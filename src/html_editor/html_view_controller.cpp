@@ -1,6 +1,5 @@
 #include "html_editor/html_view_controller.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QFrame>
@@ -57,6 +56,7 @@ HTMLViewController::HTMLViewController(const HTMLViewServices& services)
   m_siteTypeLabel.hide();  // its text is that of another layout than the chooser's
   m_recoveryTimer.setSingleShot(true);
   m_recoveryTimer.setInterval(kRecoveryDelay);
+  prepareWindow(services.mainWindow);
   connectControls();
   clearLinkFields();
   disableEditOptions();
@@ -200,9 +200,8 @@ void HTMLViewController::makeWebView() {
 
 /// The viewer and the style editor share the sitemap and the controls: these move to the one that is shown.
 void HTMLViewController::takePlace(int view) {
-  QMainWindow& window = m_services.mainWindow;
-  const bool wasActive = window.isActiveWindow();
   makeWebView();
+  const QMainWindow& window = m_services.mainWindow;
   const bool viewer = view == kViewer;
   auto& bar = control<QWidget>(window, "sitemapBar");
   control<QVBoxLayout>(window, viewer ? "htmlWindowViewLayout" : "htmlEditorWindowViewLayout")
@@ -223,13 +222,6 @@ void HTMLViewController::takePlace(int view) {
     links.show();
   }
   orderTabs(viewer);
-  // With the first web view in it the window is made anew for the window system, which may give the keyboard
-  // to nobody meanwhile.
-  if (wasActive) {
-    QTimer::singleShot(0, &window, [&window] {
-      if (QApplication::activeWindow() == nullptr) window.activateWindow();
-    });
-  }
 }
 
 /// The Tab key goes as one reads. What moves to another place is last in its order otherwise.

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QOpenGLContext>
+#include <QQuickWidget>
 #include <QWebChannel>
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
@@ -86,6 +88,17 @@ QWebEngineScript scriptWith(const QString& source) {
 }
 
 }  // namespace
+
+void prepareWindow(QWidget& window) {
+  // Where there is no OpenGL the web view draws like any other widget.
+  const QOpenGLContext* shared = QOpenGLContext::globalShareContext();
+  if (shared == nullptr || !shared->isValid()) return;
+  // The web view draws as this one would, and the window is made for what is in it, seen or not.
+  auto* example = new QQuickWidget(&window);
+  example->setObjectName(QStringLiteral("drawnAsWebView"));
+  example->setFocusPolicy(Qt::NoFocus);
+  example->hide();
+}
 
 SitemapWebView::SitemapWebView(QWidget* parent)
     : QWebEngineView(parent), m_scheme(), m_profile(m_scheme), m_page(&m_profile) {

@@ -28,6 +28,11 @@ class ClickReceiver : public QObject {
   void received(const QString& href, const QString& label, QPointF scrolledTo);
 };
 
+/// Makes a window that was not shown yet ready to hold a web view. Otherwise it is made anew for the window
+/// system when its first web view comes, which flickers and may lose it its place and the keyboard. Starts
+/// nothing of the engine.
+void prepareWindow(QWidget& window);
+
 /// UI thread.
 class SitemapWebView : public QWebEngineView {
   Q_OBJECT

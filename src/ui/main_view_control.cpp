@@ -104,8 +104,10 @@ void MainViewControl::connectBrokenLinks() {
   connect(&openButton, &QPushButton::clicked, open, &QAction::trigger);
   const auto enable = [this, &copyButton, &openButton] {
     const bool any = !selectedBrokenUrls().isEmpty();
-    copyButton.setEnabled(any);
-    openButton.setEnabled(any);
+    for (QPushButton* button : {&copyButton, &openButton}) {
+      button->setEnabled(any);
+      button->setToolTip(any ? QString() : tr("Select a page first"));
+    }
   };
   connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this, enable);
   connect(&m_badLinks, &QAbstractItemModel::modelReset, this, enable);

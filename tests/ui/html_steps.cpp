@@ -82,6 +82,8 @@ bool HtmlDesk::choose(const char* popup, const QString& item) const {
   box.showPopup();
   box.view()->setCurrentIndex(box.model()->index(index, box.modelColumn()));
   QTest::keyClick(box.view(), Qt::Key_Return);
+  // Without a window manager nobody gives the keyboard back to the window.
+  if (topSheet() == nullptr) window().activateWindow();
   return comesTrue([&] { return !box.view()->isVisible(); }) && box.currentIndex() == index;
 }
 
