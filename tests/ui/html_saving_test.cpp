@@ -91,7 +91,8 @@ void HtmlSavingTest::savesWhenAskedTo() {
   } else {
     QVERIFY(desk.click("saveChangesButton"));
   }
-  qWarning() << QApplication::activeWindow() << QApplication::focusWidget() << desk.control<QAction>("saveMI").isEnabled() << desk.control<QAction>("saveMI").shortcut();
+  qWarning() << QApplication::activeWindow() << QApplication::focusWidget()
+             << desk.control<QAction>("saveMI").isEnabled() << desk.control<QAction>("saveMI").shortcut();
   QMessageBox* sheet = message(kSaveQuestion);
   QVERIFY(sheet);
   QVERIFY(hasButtons(*sheet, {kSaveChanges, kCancel}));

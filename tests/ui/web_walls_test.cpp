@@ -345,14 +345,14 @@ void WebWallsTest::goesNowhere_data() {
 void WebWallsTest::goesNowhere() {
   QFETCH(const QString, target);
   // Every way there is, with scripts on.
-  const QString html = withText(
-      QStringLiteral("<meta http-equiv=refresh content='0;url=%1'><a id=x href='%1'>x</a>"
-                     "<form id=f action='%1'></form><form id=p method=post action='%1'></form>"
-                     "<script>onload = () => setTimeout(() => {"
-                     "  x.click(); f.submit(); p.submit(); location.replace('%1'); location = '%1';"
-                     "  location.reload(); history.go(-1); open('%1');"
-                     "  document.body.dataset.tried = 1; })</script>")
-          .arg(target));
+  const QString html =
+      withText(QStringLiteral("<meta http-equiv=refresh content='0;url=%1'><a id=x href='%1'>x</a>"
+                              "<form id=f action='%1'></form><form id=p method=post action='%1'></form>"
+                              "<script>onload = () => setTimeout(() => {"
+                              "  x.click(); f.submit(); p.submit(); location.replace('%1'); location = '%1';"
+                              "  location.reload(); history.go(-1); open('%1');"
+                              "  document.body.dataset.tried = 1; })</script>")
+                   .arg(target));
   QVERIFY(m_page->load(html));
   QVERIFY(comesTrue([&] {
     return inPage(m_page->view(), QStringLiteral("document.body.dataset.tried")).toString() ==
