@@ -7,12 +7,11 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
-#include <QTimer>
-#include <algorithm>
 #include <cstdio>
 #include <string>
 
 #include "app/main_window.h"
+#include "heartbeat.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "store/add_edit_delete_sites.h"
@@ -40,25 +39,6 @@ support::ServedPage pageAt(const std::string& target) {
   }
   return {body};
 }
-
-/// The longest time in which the window did not get to handle an event.
-class Heartbeat : public QObject {
- public:
-  Heartbeat() {
-    m_timer.setTimerType(Qt::PreciseTimer);
-    m_timer.start(1);
-    connect(&m_timer, &QTimer::timeout, this, [this] {
-      if (m_since.isValid()) m_longest = std::max(m_longest, m_since.nsecsElapsed());
-      m_since.start();
-    });
-  }
-  double longestMilliseconds() const { return static_cast<double>(m_longest) / 1e6; }
-
- private:
-  QTimer m_timer;
-  QElapsedTimer m_since;
-  qint64 m_longest = 0;
-};
 
 }  // namespace
 

@@ -23,6 +23,12 @@ constexpr quint32 kWorld = QWebEngineScript::ApplicationWorld;  // the document'
 // before the program is there to be told waits for it.
 constexpr const char* kClickScript = R"(
 (() => {
+  // Laid out once and not after each piece that arrives: the columns of a long table depend on all of it.
+  const unseen = new CSSStyleSheet();
+  unseen.replaceSync(':root { display: none }');
+  document.adoptedStyleSheets = [unseen];
+  addEventListener('DOMContentLoaded', () => { document.adoptedStyleSheets = []; });
+
   const receiver = new Promise(done => {
     new QWebChannel(qt.webChannelTransport, channel => done(channel.objects.clicks));
   });

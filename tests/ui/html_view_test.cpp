@@ -69,6 +69,7 @@ class HtmlViewTest : public QObject {
  private slots:
   void opensTheFirstDocument();
   void startsNoEngineBeforeItIsNeeded();
+  void keepsItsWindow();
   void opensWhatAScanWrote();
   void showsPagesWhereThereIsNoSitemap_data();
   void showsPagesWhereThereIsNoSitemap();
@@ -129,6 +130,19 @@ void HtmlViewTest::startsNoEngineBeforeItIsNeeded() {
   QVERIFY(desk.select(kShop));
   for (const int view : {4, 5, 6, 7, 1}) desk.go(view);
   QVERIFY(desk.window().findChild<QWebEngineView*>() == nullptr);
+}
+
+/// The window system is not to see another window when the web view comes: it would flicker, and could come up
+/// somewhere else and without the keyboard.
+void HtmlViewTest::keepsItsWindow() {
+  HtmlDesk desk;
+  desk.open();
+  QVERIFY(desk.select(kShop));
+  const WId before = desk.window().winId();
+  desk.go(2);
+  QVERIFY(desk.shown());
+  QCOMPARE(desk.window().winId(), before);
+  QVERIFY(desk.window().isActiveWindow());
 }
 
 void HtmlViewTest::opensWhatAScanWrote() {
