@@ -7,8 +7,11 @@
 #include <QWebEngineUrlRequestInfo>
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
+#include <cerrno>
 #include <cstdio>
 
+#include <sched.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace html_editor {
@@ -17,19 +20,34 @@ const QByteArray DocumentScheme::kName = "veskel-document";
 
 namespace {
 
-/// The engine's sandbox cannot start as root, and the engine would end the program.
-void allowForRoot() {
+/// Whether the system lets this user have a name space of his own, as containers and hardened systems often
+/// do not. To be asked while there is one thread only.
+bool hasNameSpaces() {
+  const pid_t child = fork();
+  if (child < 0) return false;
+  if (child == 0) _exit(unshare(CLONE_NEWUSER) == 0 ? 0 : 1);
+  int status = 0;
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+  }
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+/// Where the engine's sandbox cannot start, as root for one, the engine would end the program. The other
+/// walls stand without it.
+void goWithoutSandboxIfNeeded() {
   constexpr const char* kVariable = "QTWEBENGINE_DISABLE_SANDBOX";
-  if (geteuid() != 0 || qEnvironmentVariableIsSet(kVariable)) return;
-  std::fputs("veskel: running as root, so the HTML sitemap is shown without the web engine's sandbox\n",
-             stderr);
+  if (qEnvironmentVariableIsSet(kVariable)) return;
+  const bool root = geteuid() == 0;
+  if (!root && hasNameSpaces()) return;
+  std::fprintf(stderr, "veskel: %s, so the HTML sitemap is shown without the web engine's sandbox\n",
+               root ? "running as root" : "the system gives this user no name spaces");
   qputenv(kVariable, "1");
 }
 
 }  // namespace
 
 void prepareWebEngine() {
-  allowForRoot();
+  goWithoutSandboxIfNeeded();
   QWebEngineUrlScheme scheme(DocumentScheme::kName);
   scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
   scheme.setFlags(QWebEngineUrlScheme::LocalScheme);

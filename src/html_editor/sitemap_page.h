@@ -7,6 +7,8 @@
 #include <QWebEngineProfile>
 #include <QWebEngineUrlRequestInterceptor>
 #include <QWebEngineUrlSchemeHandler>
+#include <cstddef>
+#include <string_view>
 
 namespace html_editor {
 
@@ -29,6 +31,9 @@ class DocumentScheme : public QWebEngineUrlSchemeHandler {
     m_html = std::move(html);
     m_served = false;
   }
+
+  /// The document that was last set.
+  std::string_view document() const { return {m_html.constData(), static_cast<std::size_t>(m_html.size())}; }
 
   /// Whether the document was asked for since it was last set.
   bool wasServed() const { return m_served; }

@@ -137,21 +137,19 @@ void SitemapWebView::showDocument(std::string_view html, bool sameDocument) {
   if (!sameDocument) m_scheme.startAnother();
   m_loadedAgain = false;
   m_lost = false;
-  m_shown = html;
   m_scheme.setDocument(QByteArray(html.data(), static_cast<qsizetype>(html.size())));
   load();
 }
 
 bool SitemapWebView::showStyleOf(std::string_view html) {
-  const auto before = styleTextOf(m_shown);
+  const std::string_view shown = m_scheme.document();
+  const auto before = styleTextOf(shown);
   const auto now = styleTextOf(html);
-  if (m_loading || m_lost || !before || !now ||
-      html.substr(now->end) != std::string_view(m_shown).substr(before->end)) {
+  if (m_loading || m_lost || !before || !now || html.substr(now->end) != shown.substr(before->end)) {
     return false;
   }
   const QString text = platform::toQString(html.substr(now->begin, now->end - now->begin));
   run(QStringLiteral("[document.querySelector('style').textContent] = ") + inScript({text}));
-  m_shown = html;
   m_scheme.setDocument(QByteArray(html.data(), static_cast<qsizetype>(html.size())));
   return true;
 }

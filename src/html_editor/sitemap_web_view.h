@@ -5,7 +5,6 @@
 #include <QPointF>
 #include <QString>
 #include <QWebEngineView>
-#include <string>
 #include <string_view>
 
 #include "html_editor/sitemap_page.h"
@@ -72,7 +71,6 @@ class SitemapWebView : public QWebEngineView {
   DocumentScheme m_scheme;
   WalledProfile m_profile;
   SitemapPage m_page;
-  std::string m_shown;
   bool m_loading = false;
   bool m_loadedAgain = false;  // after the renderer ended
   bool m_lost = false;         // it ended again, and nothing is shown

@@ -132,8 +132,8 @@ void HtmlViewTest::startsNoEngineBeforeItIsNeeded() {
   QVERIFY(desk.window().findChild<QWebEngineView*>() == nullptr);
 }
 
-/// The window system is not to see another window when the web view comes: it would flicker, and could come up
-/// somewhere else and without the keyboard.
+/// The window system is not to see another window when the web view comes: it would flicker, and could come
+/// up somewhere else and without the keyboard.
 void HtmlViewTest::keepsItsWindow() {
   HtmlDesk desk;
   desk.open();
