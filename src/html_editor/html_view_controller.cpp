@@ -171,6 +171,7 @@ void HTMLViewController::markDirty(bool dirty) {
 
 void HTMLViewController::enableOptions(bool enabled) {
   const QString whyNot = enabled ? QString() : tr("There is no sitemap to work on");
+  control<QGroupBox>(m_services.mainWindow, "selectedLinkGroup").setEnabled(enabled);
   m_pt.setEnabled(whyNot);
   m_pl.setEnabled(whyNot);
   for (QWidget* each : std::initializer_list<QWidget*>{&m_saveChangesButton, &m_siteTypeLabel, &m_vibButton,

@@ -3,11 +3,9 @@
 #include <QDesktopServices>
 #include <QDockWidget>
 #include <QLabel>
-#include <QMenuBar>
 #include <QTabWidget>
 #include <QUrl>
 #include <filesystem>
-#include <set>
 
 #include "html_editor/fixed_pages.h"
 #include "html_editor/layouts.h"
@@ -102,7 +100,6 @@ class HtmlViewTest : public QObject {
   void scrollsToTheTopWhenOpened();
   void movesWithTheTabKeyAsOneReads_data();
   void movesWithTheTabKeyAsOneReads();
-  void hasOneKeyForEachControl();
   void saysWhyControlsAreDisabled();
 };
 
@@ -668,38 +665,6 @@ void HtmlViewTest::movesWithTheTabKeyAsOneReads() {
     each = each->nextInFocusChain();
   } while (each != start);
   QCOMPARE(visited, order);
-}
-
-void HtmlViewTest::hasOneKeyForEachControl() {
-  HtmlDesk desk;
-  desk.openAt(2);
-  const auto doubled = [&](bool bothClasses) {
-    std::multiset<QString> keys;
-    const auto add = [&](const QString& text) {
-      const QKeySequence key = QKeySequence::mnemonic(text);
-      if (!key.isEmpty()) keys.insert(key.toString());
-    };
-    for (const QAction* each : desk.window().menuBar()->actions()) add(each->text());
-    const auto& tabs = desk.control<QTabWidget>("styleTabs");
-    for (int i = 0; tabs.isVisible() && i < tabs.count(); ++i) add(tabs.tabText(i));
-    for (const QWidget* each : desk.window().centralWidget()->findChildren<QWidget*>()) {
-      // The two classes share their keys where both are seen: a second press goes on to the other one.
-      if (!each->isVisible() || (bothClasses && desk.control<QWidget>("plTabView").isAncestorOf(each)))
-        continue;
-      if (const auto* label = qobject_cast<const QLabel*>(each); label && label->buddy()) add(label->text());
-      if (const auto* button = qobject_cast<const QAbstractButton*>(each)) add(button->text());
-    }
-    QStringList result;
-    for (const QString& key : keys) {
-      if (keys.count(key) > 1) result.append(key);
-    }
-    return result;
-  };
-  QCOMPARE(doubled(false), QStringList());
-  desk.control<QTabWidget>("styleTabs").setCurrentIndex(1);
-  QCOMPARE(doubled(false), QStringList());
-  desk.go(3);
-  QCOMPARE(doubled(true), QStringList());
 }
 
 void HtmlViewTest::saysWhyControlsAreDisabled() {
