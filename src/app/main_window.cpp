@@ -111,6 +111,7 @@ void MainWindow::makeControllers() {
   connect(m_xmlView.get(), &xml_editor::XMLViewController::report, this, report);
   connect(m_filters.get(), &crawler::FilterController::report, this, report);
   connect(m_export.get(), &ui::ExportController::report, this, report);
+  connect(m_export.get(), &ui::ExportController::saveFolderChanged, this, &MainWindow::rememberPlace);
 }
 
 void MainWindow::makeHtmlView() {
@@ -221,6 +222,7 @@ void MainWindow::changeEvent(QEvent* event) {
 
 void MainWindow::restorePlace() {
   const QSettings settings(m_stateFile, QSettings::IniFormat);
+  m_export->setSaveFolder(settings.value(QStringLiteral("saveFolder")).toString());
   if (!restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray())) resize(kUsualSize);
   if (!m_ui->scanSplitter->restoreState(settings.value(QStringLiteral("scanSplitter")).toByteArray())) {
     m_ui->scanSplitter->setSizes({kUsualSize.width() * 9 / 20, kUsualSize.width() * 11 / 20});
@@ -229,6 +231,7 @@ void MainWindow::restorePlace() {
 
 void MainWindow::rememberPlace() const {
   QSettings settings(m_stateFile, QSettings::IniFormat);
+  settings.setValue(QStringLiteral("saveFolder"), m_export->saveFolder());
   settings.setValue(QStringLiteral("geometry"), saveGeometry());
   settings.setValue(QStringLiteral("scanSplitter"), m_ui->scanSplitter->saveState());
 }

@@ -57,12 +57,13 @@ void waitUnlessStopped(std::stop_token stop, std::chrono::seconds time) {
   std::condition_variable_any().wait_for(lock, stop, time, [] { return false; });
 }
 
-/// What a worker makes, or why it could not.
+/// What a worker makes of a job, or why it could not.
 template <typename Make>
-std::shared_ptr<PreparedExport> made(Make make) {
+std::shared_ptr<PreparedExport> made(const ExportJob& job, Make make) {
   auto prepared = std::make_shared<PreparedExport>();
+  prepared->job = job;
   try {
-    *prepared = make();
+    make(*prepared);
   } catch (const std::exception& failure) {  // no memory
     prepared->document = {sitemaps::ExportFailure::unusable, {}, failure.what()};
   }
@@ -145,56 +146,79 @@ const sitemaps::Layout* ExportController::tickedLayout() const {
   return ticked < 0 ? nullptr : sitemaps::layoutNamed(kBoxes[static_cast<std::size_t>(ticked)].layout);
 }
 
+ExportJob ExportController::jobNow(ExportMode mode) const {
+  ExportJob job = {mode, pickedSite()};
+  switch (mode) {
+    case ExportMode::html:
+      job.layout = tickedLayout();
+      break;
+    case ExportMode::xml:
+      job.split = control<QCheckBox>(m_mainWindow, "splitXmlBox").isChecked();
+      if (control<QCheckBox>(m_mainWindow, "gzipXmlBox").isChecked())
+        job.compression = sitemaps::Compression::gzip;
+      break;
+    case ExportMode::brokenHtml:
+    case ExportMode::brokenText:
+      job.brokenLinks = m_state.qzvskBadLinkArray;
+      break;
+  }
+  return job;
+}
+
 void ExportController::exportHTMLSitemaps() {
   if (std::exchange(m_working, true)) return;
   m_expMax = 20;
   m_expCurrent = 1;
   updateExportBar();
   m_sheets.show(m_exportCustomPanel);
-  exportSitemaps(ExportMode::html);
+  exportSitemaps(jobNow(ExportMode::html));
 }
 
 void ExportController::exportXMLSitemap() {
   if (std::exchange(m_working, true)) return;
   m_exportCustomPanel.showBusy();
   m_sheets.show(m_exportCustomPanel);
-  exportSitemaps(ExportMode::xml);
+  exportSitemaps(jobNow(ExportMode::xml));
 }
 
 void ExportController::exportBrokenAsHTMLAction() {
-  exportSitemaps(ExportMode::brokenHtml);
+  exportSitemaps(jobNow(ExportMode::brokenHtml));
 }
 
 void ExportController::exportBrokenAsTXTAction() {
-  exportSitemaps(ExportMode::brokenText);
+  exportSitemaps(jobNow(ExportMode::brokenText));
 }
 
 /// The list of broken pages is at hand already: only documents need the worker.
-void ExportController::exportSitemaps(ExportMode mode) {
-  m_site = pickedSite();
-  if (m_site.empty()) return giveUp();
-  switch (mode) {
-    case ExportMode::html: {
-      const sitemaps::Layout* layout = tickedLayout();
-      if (layout == nullptr) return giveUp();
-      return processAndRemoveLINKID(*layout);
-    }
+void ExportController::exportSitemaps(ExportJob job) {
+  const bool ofDocument = job.mode == ExportMode::html || job.mode == ExportMode::xml;
+  if (job.site.empty() || (job.mode == ExportMode::html && job.layout == nullptr)) {
+    if (ofDocument) giveUp();
+    return;
+  }
+  switch (job.mode) {
+    case ExportMode::html:
+      return processAndRemoveLINKID(std::move(job));
     case ExportMode::xml:
-      return removeEmptyElements();
+      return removeEmptyElements(std::move(job));
     case ExportMode::brokenHtml:
       return askWhereToSave(m_sheets, m_mainWindow,
                             {tr("Export Broken Links"), QStringLiteral("brokenLinksExport.html"),
-                             tr("Web page (*.html)"), QStringLiteral("html")},
-                            *this, [this](const QString& path) { didEndSaveSheetHTMLBroken(path); });
+                             tr("Web page (*.html)"), QStringLiteral("html"), saveFolder()},
+                            *this, [this, links = std::move(job.brokenLinks)](const QString& path) {
+                              didEndSaveSheetHTMLBroken(path, links);
+                            });
     case ExportMode::brokenText:
       return askWhereToSave(m_sheets, m_mainWindow,
                             {tr("Export Broken Links"), QStringLiteral("brokenLinksExport.txt"),
-                             tr("Text (*.txt)"), QStringLiteral("txt")},
-                            *this, [this](const QString& path) { didEndSaveSheetTXTBroken(path); });
+                             tr("Text (*.txt)"), QStringLiteral("txt"), saveFolder()},
+                            *this, [this, links = std::move(job.brokenLinks)](const QString& path) {
+                              didEndSaveSheetTXTBroken(path, links);
+                            });
   }
 }
 
-void ExportController::processAndRemoveLINKID(const sitemaps::Layout& layout) {
+void ExportController::processAndRemoveLINKID(ExportJob job) {
   const auto progress = [this](std::size_t line, std::size_t lines) {  // on the worker
     const auto show = [this, line, lines] {
       m_expMax = static_cast<std::int64_t>(lines);
@@ -203,31 +227,28 @@ void ExportController::processAndRemoveLINKID(const sitemaps::Layout& layout) {
     };
     QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
   };
-  m_worker = std::jthread([this, site = m_site, &layout, progress] {
-    const auto prepared = made([&] {
-      PreparedExport made{sitemaps::exportedHtml(m_controls, site, layout, progress)};
+  m_worker = std::jthread([this, job = std::move(job), progress] {
+    const auto prepared = made(job, [&](PreparedExport& made) {
+      made.document = sitemaps::exportedHtml(m_controls, job.site, *job.layout, progress);
       made.holdsScripts = html_editor::holdsScriptText(made.document.text);
-      return made;
     });
     QMetaObject::invokeMethod(
-        this, [this, prepared] { documentIsReady(ExportMode::html, std::move(*prepared)); },
-        Qt::QueuedConnection);
+        this, [this, prepared] { documentIsReady(prepared); }, Qt::QueuedConnection);
   });
 }
 
-void ExportController::removeEmptyElements() {
-  m_worker = std::jthread([this, site = m_site, split = wantsSplit()](const std::stop_token& stop) {
-    const auto prepared = made([&] {
-      PreparedExport made{sitemaps::exportedXml(m_controls, site)};
+void ExportController::removeEmptyElements(ExportJob job) {
+  m_worker = std::jthread([this, job = std::move(job)](const std::stop_token& stop) {
+    const auto prepared = made(job, [&](PreparedExport& made) {
+      made.document = sitemaps::exportedXml(m_controls, job.site);
+      made.startUrl = store::readSite(m_controls, job.site).details.url;
       // Of a split export each file is looked at when it is written.
-      if (made.document.failure == sitemaps::ExportFailure::none && !split)
-        made.faults = sitemaps::faultCount(made.document.text, store::readSite(m_controls, site).details.url);
-      return made;
+      if (made.document.failure == sitemaps::ExportFailure::none && !job.split)
+        made.faults = sitemaps::faultCount(made.document.text, made.startUrl);
     });
     if (prepared->document.failure == sitemaps::ExportFailure::none) waitUnlessStopped(stop, kSheetIsSeen);
     QMetaObject::invokeMethod(
-        this, [this, prepared] { documentIsReady(ExportMode::xml, std::move(*prepared)); },
-        Qt::QueuedConnection);
+        this, [this, prepared] { documentIsReady(prepared); }, Qt::QueuedConnection);
   });
 }
 
@@ -235,49 +256,43 @@ void ExportController::updateExportBar() {
   m_exportCustomPanel.showProgress(m_expCurrent, m_expMax);
 }
 
-bool ExportController::wantsSplit() const {
-  return control<QCheckBox>(m_mainWindow, "splitXmlBox").isChecked();
-}
-
-void ExportController::documentIsReady(ExportMode mode, PreparedExport prepared) {
+void ExportController::documentIsReady(std::shared_ptr<PreparedExport> prepared) {
   m_sheets.close(m_exportCustomPanel);
-  if (prepared.document.failure != sitemaps::ExportFailure::none) {
+  if (prepared->document.failure != sitemaps::ExportFailure::none) {
     m_working = false;
-    return tellFailure(prepared.document);
+    return tellFailure(prepared->document);
   }
-  QTimer::singleShot(kFollowUpDelay, this, [this, mode, prepared = std::move(prepared)]() mutable {
+  QTimer::singleShot(kFollowUpDelay, this, [this, prepared = std::move(prepared)] {
     m_working = false;
-    offer(mode, std::move(prepared));
+    offer(prepared);
   });
 }
 
-void ExportController::offer(ExportMode mode, PreparedExport prepared) {
-  std::string& text = prepared.document.text;
-  if (mode == ExportMode::html) {
-    if (prepared.holdsScripts && !m_toldAboutScripts.contains(prepared.document.path))
+void ExportController::offer(std::shared_ptr<PreparedExport> prepared) {
+  if (prepared->job.mode == ExportMode::html) {
+    if (prepared->holdsScripts && !m_toldAboutScripts.contains(prepared->document.path))
       return warnOfScripts(std::move(prepared));
-    saveHTMLFile(std::move(text));
-  } else if (!wantsSplit()) {
-    saveXMLFile(std::move(text), prepared.faults);
+    saveHTMLFile(std::move(prepared));
+  } else if (!prepared->job.split) {
+    saveXMLFile(std::move(prepared));
   } else {
-    const bool compress = control<QCheckBox>(m_mainWindow, "gzipXmlBox").isChecked();
-    m_split.begin(std::move(text), store::readSite(m_controls, m_site).details.url,
-                  compress ? sitemaps::Compression::gzip : sitemaps::Compression::none);
+    m_split.begin({std::move(prepared->document.text), std::move(prepared->startUrl),
+                   prepared->job.compression, saveFolder()});
   }
 }
 
 /// In the viewer a document can do nothing. Where it is published, what a stranger's site has put into it may
 /// run. Said once for each document that the user lets pass.
-void ExportController::warnOfScripts(PreparedExport prepared) {
+void ExportController::warnOfScripts(std::shared_ptr<PreparedExport> prepared) {
   constexpr int kCancel = 1;
   m_sheets.choose(
       tr("This sitemap holds text that a browser may run as a program."),
       tr("It comes from the pages of the website. Veskel only shows it; where you publish the sitemap a "
          "browser may run it."),
-      {tr("Export"), tr("Cancel")}, kCancel, [this, prepared = std::move(prepared)](int answer) mutable {
+      {tr("Export"), tr("Cancel")}, kCancel, [this, prepared = std::move(prepared)](int answer) {
         if (answer == kCancel) return;
-        m_toldAboutScripts.insert(prepared.document.path);
-        saveHTMLFile(std::move(prepared.document.text));
+        m_toldAboutScripts.insert(prepared->document.path);
+        saveHTMLFile(prepared);
       });
 }
 
@@ -299,34 +314,34 @@ void ExportController::tellFailure(const sitemaps::ExportedDocument& document) {
   }
 }
 
-void ExportController::saveHTMLFile(std::string bytes) {
-  m_saveData = std::move(bytes);
-  m_saveFaults = 0;
+void ExportController::saveHTMLFile(std::shared_ptr<const PreparedExport> saveData) {
   askWhereToSave(m_sheets, m_mainWindow,
                  {tr("Export HTML Sitemap"), QStringLiteral("sitemap.html"),
-                  tr("Web page (*.html *.php *.asp *.htm)"), QStringLiteral("html")},
-                 *this, [this](const QString& path) { didEndSaveSheet(path); });
+                  tr("Web page (*.html *.php *.asp *.htm)"), QStringLiteral("html"), saveFolder()},
+                 *this, [this, saveData = std::move(saveData)](const QString& path) {
+                   didEndSaveSheet(path, *saveData);
+                 });
 }
 
-void ExportController::saveXMLFile(std::string bytes, std::size_t faults) {
-  m_saveData = std::move(bytes);
-  m_saveFaults = faults;
+void ExportController::saveXMLFile(std::shared_ptr<const PreparedExport> saveData) {
   askWhereToSave(m_sheets, m_mainWindow,
                  {tr("Export XML Sitemap"), QStringLiteral("sitemap.xml"), tr("XML sitemap (*.xml)"),
-                  QStringLiteral("xml")},
-                 *this, [this](const QString& path) { didEndSaveSheet(path); });
+                  QStringLiteral("xml"), saveFolder()},
+                 *this, [this, saveData = std::move(saveData)](const QString& path) {
+                   didEndSaveSheet(path, *saveData);
+                 });
 }
 
-void ExportController::didEndSaveSheet(const QString& path) {
-  if (save(m_saveData, path)) tellFaults(m_saveFaults);
+void ExportController::didEndSaveSheet(const QString& path, const PreparedExport& saveData) {
+  if (save(saveData.document.text, path)) tellFaults(saveData.faults);
 }
 
-void ExportController::didEndSaveSheetHTMLBroken(const QString& path) {
-  save(sitemaps::brokenLinksHtml(m_state.qzvskBadLinkArray), path);
+void ExportController::didEndSaveSheetHTMLBroken(const QString& path, const std::vector<std::string>& links) {
+  save(sitemaps::brokenLinksHtml(links), path);
 }
 
-void ExportController::didEndSaveSheetTXTBroken(const QString& path) {
-  save(sitemaps::brokenLinksText(m_state.qzvskBadLinkArray), path);
+void ExportController::didEndSaveSheetTXTBroken(const QString& path, const std::vector<std::string>& links) {
+  save(sitemaps::brokenLinksText(links), path);
 }
 
 bool ExportController::save(std::string_view text, const QString& path) {
@@ -356,12 +371,21 @@ platform::FileResult ExportController::saveEditedSitemapContent(std::string_view
 }
 
 void ExportController::saveToButton() {
-  askForFolder(m_sheets, m_mainWindow, tr("Save Folder"), tr("Set Save Folder"), *this,
+  askForFolder(m_sheets, m_mainWindow, {tr("Save Folder"), tr("Set Save Folder"), saveFolder()}, *this,
                [this](const QString& path) {
-                 auto& input = control<QLineEdit>(m_mainWindow, "saveToInput");
-                 input.setText(path);
-                 input.setToolTip(path);
+                 setSaveFolder(path);
+                 emit saveFolderChanged();
                });
+}
+
+QString ExportController::saveFolder() const {
+  return control<QLineEdit>(m_mainWindow, "saveToInput").text();
+}
+
+void ExportController::setSaveFolder(const QString& folder) {
+  auto& input = control<QLineEdit>(m_mainWindow, "saveToInput");
+  input.setText(folder);
+  input.setToolTip(folder);
 }
 
 }  // namespace ui

@@ -7,10 +7,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 #include "platform/files.h"
 #include "platform/sheet_queue.h"
@@ -26,10 +28,23 @@ namespace ui {
 
 enum class ExportMode { html, xml, brokenHtml, brokenText };
 
+/// What was asked for when the button was pressed: whatever is selected, ticked or scanned afterwards changes
+/// nothing of it.
+struct ExportJob {
+  ExportMode mode = ExportMode::html;
+  std::string site = {};
+  const sitemaps::Layout* layout = nullptr;  // of an HTML export
+  bool split = false;                        // of an XML export, and how:
+  sitemaps::Compression compression = sitemaps::Compression::none;
+  std::vector<std::string> brokenLinks = {};  // of an export of those
+};
+
 /// A document, and what its reader should know of it.
 struct PreparedExport {
+  ExportJob job = {};
   sitemaps::ExportedDocument document = {};
   bool holdsScripts = false;  // an HTML document with text that a browser may run
+  std::string startUrl = {};  // where the site starts, for an XML document
   std::size_t faults = 0;     // of an XML document, when it goes into one file
 };
 
@@ -49,8 +64,10 @@ class ExportController : public QObject {
   void exportBrokenAsHTMLAction();
   void exportBrokenAsTXTAction();
 
-  /// Asks for a folder and shows it. The exports do not look at it: each asks for its destination.
+  /// Asks for a folder and shows it: where the dialogs of all exports begin.
   void saveToButton();
+  QString saveFolder() const;
+  void setSaveFolder(const QString& folder);
 
   /// Makes `text` the whole content of a file.
   platform::FileResult saveEditedSitemapContent(std::string_view text,
@@ -58,6 +75,7 @@ class ExportController : public QObject {
 
  signals:
   void report(const QString& sentence);
+  void saveFolderChanged();
 
  protected:
   /// Draws the pictograms anew when the colours of the window change.
@@ -70,22 +88,22 @@ class ExportController : public QObject {
   std::string pickedSite() const;
   const sitemaps::Layout* tickedLayout() const;
 
-  void exportSitemaps(ExportMode mode);
-  void processAndRemoveLINKID(const sitemaps::Layout& layout);
-  void removeEmptyElements();
+  ExportJob jobNow(ExportMode mode) const;
+  void exportSitemaps(ExportJob job);
+  void processAndRemoveLINKID(ExportJob job);
+  void removeEmptyElements(ExportJob job);
   void updateExportBar();
-  void documentIsReady(ExportMode mode, PreparedExport prepared);
-  void offer(ExportMode mode, PreparedExport prepared);
-  void warnOfScripts(PreparedExport prepared);
-  bool wantsSplit() const;
+  void documentIsReady(std::shared_ptr<PreparedExport> prepared);
+  void offer(std::shared_ptr<PreparedExport> prepared);
+  void warnOfScripts(std::shared_ptr<PreparedExport> prepared);
   void giveUp();
   void tellFailure(const sitemaps::ExportedDocument& document);
 
-  void saveHTMLFile(std::string bytes);
-  void saveXMLFile(std::string bytes, std::size_t faults);
-  void didEndSaveSheet(const QString& path);
-  void didEndSaveSheetHTMLBroken(const QString& path);
-  void didEndSaveSheetTXTBroken(const QString& path);
+  void saveHTMLFile(std::shared_ptr<const PreparedExport> saveData);
+  void saveXMLFile(std::shared_ptr<const PreparedExport> saveData);
+  void didEndSaveSheet(const QString& path, const PreparedExport& saveData);
+  void didEndSaveSheetHTMLBroken(const QString& path, const std::vector<std::string>& links);
+  void didEndSaveSheetTXTBroken(const QString& path, const std::vector<std::string>& links);
   bool save(std::string_view text, const QString& path);
   void tellFaults(std::size_t faults);
 
@@ -98,9 +116,6 @@ class ExportController : public QObject {
   SplitExport m_split;
   std::int64_t m_expMax = 0;
   std::int64_t m_expCurrent = 0;
-  std::string m_saveData;                              // what was last offered for saving
-  std::size_t m_saveFaults = 0;                        // of that
-  std::string m_site;                                  // whose document is being made ready
   std::set<std::filesystem::path> m_toldAboutScripts;  // documents that the user let pass
   bool m_working = false;                              // from the button until the document is on offer
   std::jthread m_worker;                               // last, so that it is over before the rest goes

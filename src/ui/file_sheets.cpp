@@ -1,13 +1,16 @@
 #include "ui/file_sheets.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <utility>
 
 namespace ui {
 
 namespace {
 
-void show(QFileDialog& dialog, platform::SheetQueue& sheets, QObject& receiver, PathChosen chosen) {
+void show(QFileDialog& dialog, const QString& folder, platform::SheetQueue& sheets, QObject& receiver,
+          PathChosen chosen) {
+  if (!folder.isEmpty() && QFileInfo(folder).isDir()) dialog.setDirectory(folder);
   dialog.setAttribute(Qt::WA_DeleteOnClose);
   QObject::connect(&dialog, &QDialog::finished, &receiver, [&dialog, chosen = std::move(chosen)](int answer) {
     const QStringList paths = dialog.selectedFiles();
@@ -25,17 +28,17 @@ void askWhereToSave(platform::SheetQueue& sheets, QWidget& window, const SaveQue
   dialog->setFileMode(QFileDialog::AnyFile);
   dialog->setNameFilter(question.fileTypes);
   dialog->setDefaultSuffix(question.extension);
+  show(*dialog, question.folder, sheets, receiver, std::move(chosen));
   dialog->selectFile(question.proposedName);
-  show(*dialog, sheets, receiver, std::move(chosen));
 }
 
-void askForFolder(platform::SheetQueue& sheets, QWidget& window, const QString& title, const QString& button,
+void askForFolder(platform::SheetQueue& sheets, QWidget& window, const FolderQuestion& question,
                   QObject& receiver, PathChosen chosen) {
-  auto* dialog = new QFileDialog(&window, title);
+  auto* dialog = new QFileDialog(&window, question.title);
   dialog->setFileMode(QFileDialog::Directory);
   dialog->setOption(QFileDialog::ShowDirsOnly);
-  dialog->setLabelText(QFileDialog::Accept, button);
-  show(*dialog, sheets, receiver, std::move(chosen));
+  dialog->setLabelText(QFileDialog::Accept, question.button);
+  show(*dialog, question.folder, sheets, receiver, std::move(chosen));
 }
 
 }  // namespace ui

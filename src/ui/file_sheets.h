@@ -18,6 +18,7 @@ struct SaveQuestion {
   QString proposedName;
   QString fileTypes;  // as Qt's name filters: "Text (*.txt)"
   QString extension;  // for a name that is typed without one
+  QString folder;     // where the dialog begins; where the last one ended when there is no such folder
 };
 
 /// Asks where to save. A file that exists is replaced only after the user has agreed. `receiver` outlives
@@ -25,8 +26,14 @@ struct SaveQuestion {
 void askWhereToSave(platform::SheetQueue& sheets, QWidget& window, const SaveQuestion& question,
                     QObject& receiver, PathChosen chosen);
 
+struct FolderQuestion {
+  QString title;
+  QString button;
+  QString folder;  // as in SaveQuestion
+};
+
 /// Asks for a folder, which may be made on the way.
-void askForFolder(platform::SheetQueue& sheets, QWidget& window, const QString& title, const QString& button,
+void askForFolder(platform::SheetQueue& sheets, QWidget& window, const FolderQuestion& question,
                   QObject& receiver, PathChosen chosen);
 
 }  // namespace ui

@@ -16,20 +16,20 @@ using platform::toUtf8;
 SplitExport::SplitExport(QMainWindow& mainWindow, platform::SheetQueue& sheets, ExportSheet& progressSheet)
     : m_mainWindow(mainWindow), m_sheets(sheets), m_progressSheet(progressSheet) {}
 
-void SplitExport::begin(std::string sitemap, std::string startUrl, sitemaps::Compression compression) {
-  if (startUrl.empty()) {
+void SplitExport::begin(Request request) {
+  if (request.startUrl.empty()) {
     m_sheets.alert(tr("The site has no address."), tr("The index of a split sitemap needs it."));
     return;
   }
-  auto work = std::make_shared<Work>(Work{std::move(sitemap), std::move(startUrl), compression});
-  askForFolder(m_sheets, m_mainWindow, tr("Export Sitemaps To"), tr("Export Here"), *this,
+  auto work = std::make_shared<Request>(std::move(request));
+  askForFolder(m_sheets, m_mainWindow, {tr("Export Sitemaps To"), tr("Export Here"), work->folder}, *this,
                [this, work](const QString& folder) {
                  work->folder = folder;
                  start(work, Existing::ask);
                });
 }
 
-void SplitExport::start(std::shared_ptr<const Work> work, Existing existing) {
+void SplitExport::start(std::shared_ptr<const Request> work, Existing existing) {
   m_progressSheet.showBusy();
   m_sheets.show(m_progressSheet);
   m_worker = std::jthread([this, work = std::move(work), existing] {
@@ -45,7 +45,7 @@ void SplitExport::start(std::shared_ptr<const Work> work, Existing existing) {
   });
 }
 
-SplitExport::Outcome SplitExport::write(const Work& work, Existing existing) {
+SplitExport::Outcome SplitExport::write(const Request& work, Existing existing) {
   const sitemaps::SplitSitemap sitemap(work.sitemap);
   if (sitemap.partCount() == 0) return {.holdsNoPages = true};
   const std::filesystem::path folder = toUtf8(work.folder);
@@ -59,7 +59,7 @@ SplitExport::Outcome SplitExport::write(const Work& work, Existing existing) {
   return {.written = names.size(), .faults = result.faults};
 }
 
-void SplitExport::ended(const std::shared_ptr<const Work>& work, const Outcome& outcome) {
+void SplitExport::ended(const std::shared_ptr<const Request>& work, const Outcome& outcome) {
   m_sheets.close(m_progressSheet);
   if (outcome.written > 0) {
     emit report(tr("Saved %n file(s) in %1", nullptr, static_cast<int>(outcome.written)).arg(work->folder));

@@ -24,8 +24,13 @@ class SplitExport : public QObject {
   /// All are borrowed and outlive this object.
   SplitExport(QMainWindow& mainWindow, platform::SheetQueue& sheets, ExportSheet& progressSheet);
 
-  /// Exports `sitemap`, which was made fit for it. `startUrl` is where the site starts.
-  void begin(std::string sitemap, std::string startUrl, sitemaps::Compression compression);
+  struct Request {
+    std::string sitemap;   // made fit for an export
+    std::string startUrl;  // where the site starts
+    sitemaps::Compression compression = sitemaps::Compression::none;
+    QString folder;  // where the question for one begins
+  };
+  void begin(Request request);
 
  signals:
   void report(const QString& sentence);
@@ -34,12 +39,6 @@ class SplitExport : public QObject {
 
  private:
   enum class Existing { ask, replace };
-  struct Work {
-    std::string sitemap;
-    std::string startUrl;
-    sitemaps::Compression compression = sitemaps::Compression::none;
-    QString folder = {};
-  };
   /// How it went: one of the four.
   struct Outcome {
     std::size_t written = 0;  // files; 0 when nothing was written
@@ -49,9 +48,9 @@ class SplitExport : public QObject {
     sitemaps::SplitResult problem = {};
   };
 
-  void start(std::shared_ptr<const Work> work, Existing existing);
-  static Outcome write(const Work& work, Existing existing);
-  void ended(const std::shared_ptr<const Work>& work, const Outcome& outcome);
+  void start(std::shared_ptr<const Request> work, Existing existing);
+  static Outcome write(const Request& work, Existing existing);
+  void ended(const std::shared_ptr<const Request>& work, const Outcome& outcome);
 
   QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
