@@ -1,9 +1,9 @@
 #include "platform/page_encoding.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/ascii.h"
 
@@ -11,9 +11,11 @@ namespace platform {
 namespace {
 
 constexpr std::size_t kPrescanBytes = 1024;
+constexpr std::size_t kHeadBytes = 64u << 10;
 
 // The labels that browsers know. A few mean something else than they say, because pages do: Latin-1 is
-// windows-1252, GB 2312 is GB 18030.
+// windows-1252, GB 2312 is GB 18030. Left out are the six labels of pages that browsers refuse to show, such
+// as iso-2022-kr: their links are worth having.
 constexpr Encoding kEncodings[] = {
     {EncodingForm::utf8, "utf-8",
      " unicode-1-1-utf-8 unicode11utf8 unicode20utf8 utf-8 utf8 x-unicode20utf8 "},
@@ -34,8 +36,8 @@ constexpr Encoding kEncodings[] = {
      " csisolatingreek ecma-118 elot_928 greek greek8 iso-8859-7 iso-ir-126 iso8859-7 iso88597 "
      "iso_8859-7 iso_8859-7:1987 sun_eu_greek "},
     {EncodingForm::singleByte, "iso-8859-8",
-     " csiso88598e csiso88598i csisolatinhebrew hebrew iso-8859-8 iso-8859-8-e iso-8859-8-i iso- "
-     "ir-138 iso8859-8 iso88598 iso_8859-8 iso_8859-8:1988 logical visual "},
+     " csiso88598e csiso88598i csisolatinhebrew hebrew iso-8859-8 iso-8859-8-e iso-8859-8-i "
+     "iso-ir-138 iso8859-8 iso88598 iso_8859-8 iso_8859-8:1988 logical visual "},
     {EncodingForm::singleByte, "iso-8859-10",
      " csisolatin6 iso-8859-10 iso-ir-157 iso8859-10 iso885910 l6 latin6 "},
     {EncodingForm::singleByte, "iso-8859-13", " iso-8859-13 iso8859-13 iso885913 "},
@@ -148,32 +150,61 @@ struct Attribute {
   std::string value;
 };
 
-/// Looks through the start of a page for a meta element that names its character set, the way browsers do it
-/// before they know how to read the page.
+/// Looks for a meta element that names the page's character set, the way browsers do it before they know how
+/// to read the page: anywhere in its first bytes, and if there is none, in the rest of a long head.
 class Prescan {
  public:
-  explicit Prescan(std::string_view page) : m_page(page.substr(0, kPrescanBytes)) {}
+  enum class Where { start, head };
+
+  Prescan(std::string_view page, Where where)
+      : m_page(page.substr(0, where == Where::start ? kPrescanBytes : kHeadBytes)), m_where(where) {}
 
   const Encoding* encoding() {
-    while (m_at < m_page.size()) {
+    while ((m_at = std::min(m_page.find('<', m_at), m_page.size())) < m_page.size()) {
       if (startsWith("<!--")) {
         skipBehind("-->", 2);  // "<!-->" is a whole comment
       } else if (startsWith("<meta") && (isBlank(at(5)) || at(5) == '/')) {
         m_at += 5;
         if (const Encoding* encoding = metaEncoding()) return encoding;
-      } else if (at(0) == '<' && (isAsciiLetter(at(1)) || (at(1) == '/' && isAsciiLetter(at(2))))) {
-        while (m_at < m_page.size() && !isBlank(at(0)) && at(0) != '>') ++m_at;
-        while (nextAttribute()) continue;
+      } else if (isAsciiLetter(at(1)) || (at(1) == '/' && isAsciiLetter(at(2)))) {
+        const std::string tag = takeTag();
+        if (m_where == Where::head && !staysInHead(tag)) return nullptr;
       } else if (startsWith("<!") || startsWith("</") || startsWith("<?")) {
         skipBehind(">", 2);
       } else {
         ++m_at;
       }
     }
-    return xmlEncoding();
+    return m_where == Where::start ? xmlEncoding() : nullptr;
   }
 
  private:
+  /// The name of the tag that begins here, in lower case, with the "/" of an end tag. The tag is passed.
+  std::string takeTag() {
+    const std::size_t start = ++m_at;
+    while (m_at < m_page.size() && !isBlank(at(0)) && at(0) != '>') ++m_at;
+    const std::string_view name = m_page.substr(start, m_at - start);
+    while (nextAttribute()) continue;
+    return lowerAscii(name.substr(0, name.find('/', 1)));
+  }
+
+  /// Whether the head goes on behind the tag that was passed.
+  bool staysInHead(std::string_view tag) {
+    constexpr std::string_view kTexts[] = {"noscript", "script", "style", "title"};
+    constexpr std::string_view kElements[] = {"/object", "base", "head", "html", "link", "meta", "object"};
+    const auto isOneOf = [](const auto& names, std::string_view name) {
+      return std::find(std::begin(names), std::end(names), name) != std::end(names);
+    };
+    // What looks like a tag within them is none.
+    if (isOneOf(kTexts, tag)) skipText("</" + std::string(tag));
+    return isOneOf(kTexts, tag.substr(tag.starts_with('/') ? 1 : 0)) || isOneOf(kElements, tag);
+  }
+
+  void skipText(std::string_view endTag) {
+    while (m_at < m_page.size() && !startsWith(endTag))
+      m_at = std::min(m_page.find('<', m_at + 1), m_page.size());
+  }
+
   /// The byte `ahead` of here; NUL behind the end.
   char at(std::size_t ahead) const { return m_at + ahead < m_page.size() ? m_page[m_at + ahead] : '\0'; }
 
@@ -225,28 +256,17 @@ class Prescan {
 
   /// What the meta element says whose attributes come next; null when it says nothing of use.
   const Encoding* metaEncoding() {
-    std::vector<std::string> seen;
-    bool isContentType = false;
+    std::optional<std::string> pragma;
     std::optional<std::string> charset;
-    bool fromContent = false;
+    std::optional<std::string> content;
     while (const std::optional<Attribute> attribute = nextAttribute()) {
-      if (std::find(seen.begin(), seen.end(), attribute->name) != seen.end()) continue;
-      seen.push_back(attribute->name);
-      if (attribute->name == "http-equiv") isContentType = attribute->value == "content-type";
-      if (attribute->name == "charset") {
-        charset = attribute->value;
-        fromContent = false;
-      }
-      if (attribute->name == "content" && !charset) {
-        const std::optional<std::string> inside = charsetInside(attribute->value);
-        if (!inside || encodingLabelled(*inside) == nullptr) continue;
-        charset = inside;
-        fromContent = true;
-      }
+      if (attribute->name == "http-equiv" && !pragma) pragma = attribute->value;
+      if (attribute->name == "charset" && !charset) charset = attribute->value;
+      if (attribute->name == "content" && !content) content = attribute->value;
     }
     if (m_cutOff) return nullptr;  // its other attributes may say otherwise
-    if (!charset || (fromContent && !isContentType)) return nullptr;
-    return encodingDeclared(*charset);
+    if (!charset && content && pragma == "content-type") charset = charsetInside(*content);
+    return charset ? encodingDeclared(*charset) : nullptr;
   }
 
   /// The character set in the content attribute of a meta element, as in "text/html; charset=utf-8".
@@ -286,6 +306,7 @@ class Prescan {
   }
 
   std::string_view m_page;
+  Where m_where;
   std::size_t m_at = 0;
   bool m_cutOff = false;  // the page's start ended within a tag
 };
@@ -297,7 +318,9 @@ PageEncoding pageEncoding(std::string_view bytes, std::string_view contentType) 
   if (bytes.starts_with("\xFF\xFE")) return {encodingLabelled("utf-16le"), 2};
   if (bytes.starts_with("\xFE\xFF")) return {encodingLabelled("utf-16be"), 2};
   if (const Encoding* named = encodingLabelled(headerCharset(contentType))) return {named};
-  if (const Encoding* declared = Prescan(bytes).encoding()) return {declared};
+  for (const auto where : {Prescan::Where::start, Prescan::Where::head}) {
+    if (const Encoding* declared = Prescan(bytes, where).encoding()) return {declared};
+  }
   return {encodingLabelled("windows-1252")};
 }
 

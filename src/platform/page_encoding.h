@@ -28,7 +28,7 @@ struct PageEncoding {
 };
 
 /// By the byte-order mark, else the charset of the Content-Type header, else a declaration in the first 1024
-/// bytes, else windows-1252.
+/// bytes, else a meta element in the rest of the head (64 KB at most), else windows-1252.
 PageEncoding pageEncoding(std::string_view bytes, std::string_view contentType);
 
 }  // namespace platform

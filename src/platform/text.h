@@ -12,11 +12,11 @@ namespace platform {
 std::string foldCase(std::string_view utf8);
 
 /// A page's bytes as UTF-8, decoded as browsers do (WHATWG Encoding): byte-order mark, else the charset of
-/// the Content-Type header, else a meta declaration in the first 1024 bytes, else windows-1252. Labels are
-/// those of the Encoding standard, so iso-8859-1 and us-ascii mean windows-1252; an unknown label counts as
-/// none. A meta declaration of UTF-16 means UTF-8, since it could be read. Bad bytes and U+0000 become
-/// U+FFFD; a byte-order mark is dropped. The result is always valid UTF-8. `contentType` is the whole header
-/// value ("text/html; charset=utf-8"), empty when there was none.
+/// the Content-Type header, else a meta declaration in the first 1024 bytes or in the rest of the head, else
+/// windows-1252. Labels are those of the Encoding standard, so iso-8859-1 and us-ascii mean windows-1252; an
+/// unknown label counts as none. A meta declaration of UTF-16 means UTF-8, since it could be read. Bad bytes
+/// and U+0000 become U+FFFD; a byte-order mark is dropped. The result is always valid UTF-8. `contentType` is
+/// the whole header value ("text/html; charset=utf-8"), empty when there was none.
 /// A stop ends the work early; what was decoded until then comes back.
 std::string decodePage(std::string bytes, std::string_view contentType, std::stop_token stop = {});
 

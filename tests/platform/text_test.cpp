@@ -1,6 +1,10 @@
 #include "platform/text.h"
 
+#include <sstream>
+
 #include <gtest/gtest.h>
+
+#include "platform/page_encoding.h"
 
 namespace platform {
 namespace {
@@ -66,6 +70,8 @@ TEST(DecodePage, ChoosesTheEncodingAsBrowsersDo) {
     std::string expected;
   };
   const std::string utf8Meta = "<meta charset=utf-8>";
+  const std::string longHead = "<!DOCTYPE html><HTML lang=x>\n<head/><link rel=x><object></object><style>" +
+                               std::string(1024, '{') + "</style>";
   const Case cases[] = {
       {"nothing said", "", "text/html", kWindows},
       {"no type at all", "", "", kWindows},
@@ -99,7 +105,14 @@ TEST(DecodePage, ChoosesTheEncodingAsBrowsersDo) {
       {"a longer name", "<metal charset=utf-8>", "", kWindows},
       {"in an open comment", "<!-- <meta charset=utf-8>", "", kWindows},
       {"just within the start", std::string(1024 - utf8Meta.size(), ' ') + utf8Meta, "", kLetter},
-      {"behind the start", std::string(1025 - utf8Meta.size(), ' ') + utf8Meta, "", kWindows},
+      {"behind the start, still in the head", longHead + utf8Meta, "", kLetter},
+      {"from the start to behind it", std::string(1025 - utf8Meta.size(), ' ') + utf8Meta, "", kLetter},
+      {"behind the start and the head", longHead + "</head>" + utf8Meta, "", kWindows},
+      {"behind the start and what no head holds", "<p>" + longHead + utf8Meta, "", kWindows},
+      {"in a title behind the start", longHead + "<title>" + utf8Meta + "<p></title>", "", kWindows},
+      {"behind what looks like the body", longHead + "<script>'<p></p>'</SCRIPT>" + utf8Meta, "", kLetter},
+      {"just within the 64 KB of a head", std::string(65536 - utf8Meta.size(), ' ') + utf8Meta, "", kLetter},
+      {"behind the 64 KB of a head", std::string(65537 - utf8Meta.size(), ' ') + utf8Meta, "", kWindows},
       {"an XML declaration", "<?xml version='1.0' encoding = \"utf-8\"?>", "", kLetter},
       {"meta before the XML declaration", "<?xml encoding='windows-1251'?>" + utf8Meta, "", kLetter},
       {"a broken XML declaration", "<?xml encoding='utf-8?>", "", kWindows},
@@ -146,6 +159,27 @@ TEST(DecodePage, ReadsTheSetsOfTheWeb) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.label);
     EXPECT_EQ(decodePage(c.bytes, "text/html; charset="s + c.label), c.expected);
+  }
+}
+
+TEST(PageEncoding, KnowsEveryLabelOfTheStandard) {
+  // One label of each encoding, and how many it has in all.
+  std::istringstream cases(
+      "utf8 6 866 4 l2 9 l3 9 l4 9 cyrillic 8 arabic 14 greek 12 iso-ir-138 14 l6 7 iso8859-13 3 "
+      "iso8859-14 3 l9 6 iso-8859-16 1 koi 5 koi8-ru 2 mac 4 dos-874 6 x-cp1250 3 x-cp1251 3 ascii 17 "
+      "x-cp1253 3 l5 12 x-cp1255 3 x-cp1256 3 x-cp1257 3 x-cp1258 3 x-mac-cyrillic 2 gbk 10 cn-big5 5 "
+      "x-euc-jp 3 csiso2022jp 2 x-sjis 8 korean 10 unicodefffe 2 ucs-2 7 x-user-defined 1");
+  std::string label;
+  for (int count = 0; cases >> label >> count;) {
+    SCOPED_TRACE(label);
+    const auto labelled = [](const std::string& name) {
+      return pageEncoding("", "text/html; charset=" + name).encoding;
+    };
+    const Encoding* const encoding = labelled(label);
+    std::istringstream labels{std::string(encoding->labels)};
+    int found = 0;
+    for (std::string other; labels >> other; ++found) EXPECT_EQ(labelled(other), encoding) << other;
+    EXPECT_EQ(found, count);
   }
 }
 
