@@ -15,4 +15,11 @@ inline std::string toUtf8(const QString& text) {
   return text.toStdString();
 }
 
+/// A text that may be long, as a sheet shows it: without its middle, which tells least of an address.
+inline QString shortened(const QString& text) {
+  constexpr qsizetype kEnd = 60;
+  if (text.size() <= 2 * kEnd) return text;
+  return text.left(kEnd) + QStringLiteral("\u2026") + text.right(kEnd);
+}
+
 }  // namespace platform

@@ -1,29 +1,20 @@
 #include "xml_editor/xml_view_controller.h"
 
 #include <QAction>
-#include <QActionGroup>
-#include <QClipboard>
-#include <QDesktopServices>
-#include <QGuiApplication>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
-#include <QPersistentModelIndex>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTableView>
-#include <QUrl>
 #include <algorithm>
-#include <span>
 
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "sitemaps/xml_format.h"
 #include "store/site_list.h"
-#include "xml_editor/cell_delegates.h"
 #include "xml_editor/menu_values.h"
 
 namespace xml_editor {
@@ -35,8 +26,6 @@ using platform::toUtf8;
 namespace {
 
 constexpr int kXmlView = 4;
-constexpr int kFrequencyColumn = static_cast<int>(Field::changefreq);
-constexpr int kPriorityColumn = static_cast<int>(Field::priority);
 
 QString countText(int count) {
   return QLocale().toString(count);
@@ -58,6 +47,7 @@ XMLViewController::XMLViewController(QMainWindow& mainWindow, platform::SheetQue
       m_sheets(sheets),
       m_controls(controls),
       m_state(state),
+      m_found(m_model),
       m_xmlTableView(control<QTableView>(mainWindow, "xmlTableView")),
       m_chFreqMenu(control<QMenu>(mainWindow, "chFreqMenu")),
       m_prMenu(control<QMenu>(mainWindow, "prMenu")),
@@ -69,92 +59,6 @@ XMLViewController::XMLViewController(QMainWindow& mainWindow, platform::SheetQue
   connectCommands();
   control<QLabel>(mainWindow, "xmlNotice").hide();
   enableCommands();
-}
-
-void XMLViewController::buildTable() {
-  m_found.setSourceModel(&m_model);
-  m_found.setFilterKeyColumn(static_cast<int>(Field::loc));
-  m_found.setFilterCaseSensitivity(Qt::CaseInsensitive);
-  m_xmlTableView.setModel(&m_found);
-  m_xmlTableView.setCornerButtonEnabled(false);
-  QHeaderView* numbers = m_xmlTableView.verticalHeader();
-  // One height for all, so that a long table opens as fast as a short one.
-  numbers->setSectionResizeMode(QHeaderView::Fixed);
-  numbers->setDefaultAlignment(Qt::AlignCenter);  // at their right end they would touch the addresses
-  numbers->setHighlightSections(false);
-  QHeaderView* header = m_xmlTableView.horizontalHeader();
-  header->setHighlightSections(false);
-  header->setSectionResizeMode(static_cast<int>(Field::loc), QHeaderView::Stretch);
-  const int character = m_xmlTableView.fontMetrics().averageCharWidth();
-  numbers->setMinimumWidth(character * 4);
-  header->resizeSection(static_cast<int>(Field::lastmod), character * 17);
-  header->resizeSection(kFrequencyColumn, character * 22);
-  header->resizeSection(kPriorityColumn, character * 14);
-  connect(m_xmlTableView.selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &XMLViewController::enableCommands);
-}
-
-void XMLViewController::buildCells() {
-  m_xmlTableView.setItemDelegate(new TextCell(&m_xmlTableView));
-  const auto popUpCell = [this](const char* name, int column) {
-    auto* cell = new PopUpCell(&m_xmlTableView);
-    cell->setObjectName(QLatin1String(name));
-    m_xmlTableView.setItemDelegateForColumn(column, cell);
-    connect(cell, &PopUpCell::menuWanted, this, &XMLViewController::popUpMenu);
-  };
-  popUpCell("cfPopCell", kFrequencyColumn);
-  popUpCell("priPopCell", kPriorityColumn);
-}
-
-void XMLViewController::buildMenus() {
-  fillMenu(m_chFreqMenu, Field::changefreq);
-  fillMenu(m_prMenu, Field::priority);
-}
-
-void XMLViewController::fillMenu(QMenu& menu, Field field) {
-  auto* group = new QActionGroup(&menu);
-  group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
-  const auto add = [&](const MenuValue& choice) {
-    QAction* action = menu.addAction(toQString(choice.title));
-    action->setObjectName(toQString(choice.action));
-    action->setData(toQString(choice.value));
-    action->setCheckable(true);
-    group->addAction(action);
-    connect(action, &QAction::triggered, this, [this, field, value = choice.value] {
-      field == Field::changefreq ? cfMenuChangeUpdates(value) : priorityMenuChangeUpdates(value);
-    });
-  };
-  if (field == Field::changefreq) std::for_each(kFrequencyMenu.begin(), kFrequencyMenu.end(), add);
-  if (field == Field::priority) std::for_each(kPriorityMenu.begin(), kPriorityMenu.end(), add);
-  connect(&menu, &QMenu::aboutToShow, this, [this, group, field] { markChosen(*group, field); });
-}
-
-void XMLViewController::buildContextMenu() {
-  auto& edit = control<QAction>(m_mainWindow, "editEntryMI");
-  auto& remove = control<QAction>(m_mainWindow, "delLinkMI");
-  // These keys belong to the table alone: elsewhere they mean something else.
-  edit.setShortcut(Qt::Key_F2);
-  edit.setShortcutContext(Qt::WidgetShortcut);
-  remove.setShortcut(QKeySequence::Delete);
-  remove.setShortcutContext(Qt::WidgetShortcut);
-  auto* copy = new QAction(tr("&Copy Address"), &m_xmlTableView);
-  copy->setObjectName(QStringLiteral("copySelection"));  // what the Edit menu's Copy does here
-  auto* open = new QAction(tr("&Open in Browser"), &m_xmlTableView);
-  open->setObjectName(QStringLiteral("openSelection"));
-  auto* first = new QAction(&m_xmlTableView);
-  auto* second = new QAction(&m_xmlTableView);
-  first->setSeparator(true);
-  second->setSeparator(true);
-  m_xmlTableView.addActions(
-      {&edit, m_chFreqMenu.menuAction(), m_prMenu.menuAction(), first, copy, open, second, &remove});
-  connect(&edit, &QAction::triggered, this, &XMLViewController::editCell);
-  connect(&remove, &QAction::triggered, this, &XMLViewController::delLinkAction);
-  connect(copy, &QAction::triggered, this, [this] {
-    if (selectedRow() >= 0) QGuiApplication::clipboard()->setText(selectedUrl());
-  });
-  connect(open, &QAction::triggered, this, [this] {
-    if (selectedRow() >= 0) QDesktopServices::openUrl(QUrl(selectedUrl()));
-  });
 }
 
 void XMLViewController::connectCommands() {
@@ -243,18 +147,20 @@ void XMLViewController::showCount() {
   const int all = m_model.rowCount();
   const int found = m_found.rowCount();
   QString text = all == 1 ? tr("1 entry") : tr("%1 entries").arg(countText(all));
-  if (!m_found.filterRegularExpression().pattern().isEmpty()) {
+  if (m_found.searches()) {
     text = found == 0 ? tr("Not found in %1").arg(text) : tr("%1 of %2").arg(countText(found), text);
   }
   control<QLabel>(m_mainWindow, "xmlCount").setText(text);
 }
 
-/// When the search hides the selected entry none is selected: the table would go on to another one, of which
-/// the user knows nothing.
+/// When the search hides the selected entry none is selected.
 void XMLViewController::search(const QString& text) {
-  const QPersistentModelIndex selected = m_model.index(selectedRow(), 0);
-  m_found.setFilterFixedString(text);
-  if (!m_found.mapFromSource(selected).isValid()) m_xmlTableView.selectionModel()->clear();
+  const QModelIndex selected = m_model.index(selectedRow(), m_xmlTableView.currentIndex().column());
+  m_found.search(text);
+  const QModelIndex shown = m_found.mapFromSource(selected);
+  m_xmlTableView.setCurrentIndex(shown);
+  if (shown.isValid()) m_xmlTableView.scrollTo(shown);
+  enableCommands();
   showCount();
 }
 
@@ -271,36 +177,6 @@ void XMLViewController::enableCommands() {
   control<QAction>(m_mainWindow, "validateXmlMI").setEnabled(shown && m_model.rowCount() > 0);
 }
 
-void XMLViewController::markChosen(QActionGroup& group, Field field) const {
-  const int row = selectedRow();
-  const MenuValue* chosen =
-      row < 0 ? nullptr : chosenValue(m_model.sitemap().rows()[static_cast<std::size_t>(row)], field);
-  for (QAction* action : group.actions()) {
-    action->setChecked(chosen != nullptr && action->objectName() == toQString(chosen->action));
-  }
-}
-
-void XMLViewController::editCell() {
-  const QModelIndex cell = m_xmlTableView.currentIndex();
-  if (!cell.isValid()) return;
-  m_xmlTableView.scrollTo(cell);
-  if (cell.column() == kFrequencyColumn || cell.column() == kPriorityColumn) {
-    popUpMenu(cell);
-  } else {
-    m_xmlTableView.edit(cell);
-  }
-}
-
-void XMLViewController::popUpMenu(const QModelIndex& cell) {
-  m_xmlTableView.setCurrentIndex(cell);
-  QMenu& menu = cell.column() == kFrequencyColumn ? m_chFreqMenu : m_prMenu;
-  const QRect place = m_xmlTableView.visualRect(cell);
-  menu.popup(m_xmlTableView.viewport()->mapToGlobal(place.bottomLeft()));
-  for (QAction* action : menu.actions()) {
-    if (action->isChecked()) menu.setActiveAction(action);
-  }
-}
-
 void XMLViewController::cfMenuChangeUpdates(std::string_view value) {
   if (selectedRow() >= 0) m_model.choose(selectedRow(), Field::changefreq, value);
 }
@@ -311,8 +187,8 @@ void XMLViewController::priorityMenuChangeUpdates(std::string_view value) {
 
 void XMLViewController::delLinkAction() {
   if (selectedRow() < 0) return;
-  m_sheets.ask(tr("Do you really want to delete the selected link?\nDeleting links cannot be undone!"), {},
-               tr("Delete Link"), tr("Cancel"), [this](bool agreed) {
+  m_sheets.ask(tr("Do you really want to delete the selected link?\nDeleting links cannot be undone!"),
+               platform::shortened(selectedUrl()), tr("Delete Link"), tr("Cancel"), [this](bool agreed) {
                  if (agreed) deleteSelected();
                });
 }

@@ -3,13 +3,13 @@
 
 #include <QMainWindow>
 #include <QObject>
-#include <QSortFilterProxyModel>
 
 #include "platform/files.h"
 #include "platform/sheet_queue.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
 #include "xml_editor/findings_panel.h"
+#include "xml_editor/found_rows.h"
 #include "xml_editor/xml_table_model.h"
 
 class QActionGroup;
@@ -46,12 +46,23 @@ class XMLViewController : public QObject {
   /// Something happened that the status line should tell.
   void report(const QString& sentence);
 
+ protected:
+  /// The keys that open a pop-up in the table.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
+  // xml_view_cells.cpp
   void buildTable();
   void buildCells();
   void buildMenus();
   void fillMenu(QMenu& menu, Field field);
   void buildContextMenu();
+  void markChosen(QActionGroup& group, Field field) const;
+  void editCell();
+  void popUpMenu(const QModelIndex& cell);
+  void openSelected();
+
+  // xml_view_controller.cpp
   void connectCommands();
 
   void showOutcome(const platform::FileResult& loaded);
@@ -59,9 +70,6 @@ class XMLViewController : public QObject {
   void showCount();
   void search(const QString& text);
   void enableCommands();
-  void markChosen(QActionGroup& group, Field field) const;
-  void editCell();
-  void popUpMenu(const QModelIndex& cell);
   void validate();
   void jumpTo(const sitemaps::XmlFinding& finding);
   void deleteSelected();
@@ -75,7 +83,7 @@ class XMLViewController : public QObject {
   const store::GlobalControls& m_controls;
   store::SharedState& m_state;
   XmlTableModel m_model;
-  QSortFilterProxyModel m_found;
+  FoundRows m_found;
   QTableView& m_xmlTableView;
   QMenu& m_chFreqMenu;
   QMenu& m_prMenu;

@@ -1,0 +1,171 @@
+// The table of the view, its pop-up cells and its menus.
+#include <QAction>
+#include <QActionGroup>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QTableView>
+#include <QUrl>
+#include <algorithm>
+
+#include "platform/named_controls.h"
+#include "platform/qt_text.h"
+#include "xml_editor/cell_delegates.h"
+#include "xml_editor/menu_values.h"
+#include "xml_editor/xml_view_controller.h"
+
+namespace xml_editor {
+
+using platform::control;
+using platform::toQString;
+
+namespace {
+
+constexpr int kFrequencyColumn = static_cast<int>(Field::changefreq);
+constexpr int kPriorityColumn = static_cast<int>(Field::priority);
+
+bool hasMenu(const QModelIndex& cell) {
+  return cell.isValid() && (cell.column() == kFrequencyColumn || cell.column() == kPriorityColumn);
+}
+
+}  // namespace
+
+void XMLViewController::buildTable() {
+  m_xmlTableView.setModel(&m_found);
+  m_xmlTableView.installEventFilter(this);
+  m_xmlTableView.setCornerButtonEnabled(false);
+  QHeaderView* numbers = m_xmlTableView.verticalHeader();
+  // One height for all, so that a long table opens as fast as a short one.
+  numbers->setSectionResizeMode(QHeaderView::Fixed);
+  numbers->setDefaultAlignment(Qt::AlignCenter);  // at their right end they would touch the addresses
+  numbers->setHighlightSections(false);
+  QHeaderView* header = m_xmlTableView.horizontalHeader();
+  header->setHighlightSections(false);
+  // A third click on a heading leads back to the order of the sitemap.
+  header->setSortIndicatorClearable(true);
+  header->setSortIndicator(-1, Qt::AscendingOrder);
+  m_xmlTableView.setSortingEnabled(true);
+  header->setSectionResizeMode(static_cast<int>(Field::loc), QHeaderView::Stretch);
+  const int character = m_xmlTableView.fontMetrics().averageCharWidth();
+  numbers->setMinimumWidth(character * 4);
+  header->resizeSection(static_cast<int>(Field::lastmod), character * 17);
+  header->resizeSection(kFrequencyColumn, character * 22);
+  header->resizeSection(kPriorityColumn, character * 14);
+  connect(m_xmlTableView.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &XMLViewController::enableCommands);
+}
+
+void XMLViewController::buildCells() {
+  m_xmlTableView.setItemDelegate(new TextCell(&m_xmlTableView));
+  const auto popUpCell = [this](const char* name, int column) {
+    auto* cell = new PopUpCell(&m_xmlTableView);
+    cell->setObjectName(QLatin1String(name));
+    m_xmlTableView.setItemDelegateForColumn(column, cell);
+    connect(cell, &PopUpCell::menuWanted, this, &XMLViewController::popUpMenu);
+  };
+  popUpCell("cfPopCell", kFrequencyColumn);
+  popUpCell("priPopCell", kPriorityColumn);
+}
+
+void XMLViewController::buildMenus() {
+  fillMenu(m_chFreqMenu, Field::changefreq);
+  fillMenu(m_prMenu, Field::priority);
+}
+
+void XMLViewController::fillMenu(QMenu& menu, Field field) {
+  auto* group = new QActionGroup(&menu);
+  group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+  const auto add = [&](const MenuValue& choice) {
+    QAction* action = menu.addAction(toQString(choice.title));
+    action->setObjectName(toQString(choice.action));
+    action->setData(toQString(choice.value));
+    action->setCheckable(true);
+    group->addAction(action);
+    connect(action, &QAction::triggered, this, [this, field, value = choice.value] {
+      field == Field::changefreq ? cfMenuChangeUpdates(value) : priorityMenuChangeUpdates(value);
+    });
+  };
+  if (field == Field::changefreq) std::for_each(kFrequencyMenu.begin(), kFrequencyMenu.end(), add);
+  if (field == Field::priority) std::for_each(kPriorityMenu.begin(), kPriorityMenu.end(), add);
+  connect(&menu, &QMenu::aboutToShow, this, [this, group, field] { markChosen(*group, field); });
+}
+
+void XMLViewController::buildContextMenu() {
+  auto& edit = control<QAction>(m_mainWindow, "editEntryMI");
+  auto& remove = control<QAction>(m_mainWindow, "delLinkMI");
+  // These keys belong to the table alone: elsewhere they mean something else.
+  edit.setShortcut(Qt::Key_F2);
+  edit.setShortcutContext(Qt::WidgetShortcut);
+  remove.setShortcut(QKeySequence::Delete);
+  remove.setShortcutContext(Qt::WidgetShortcut);
+  auto* copy = new QAction(tr("&Copy Address"), &m_xmlTableView);
+  copy->setObjectName(QStringLiteral("copySelection"));  // what the Edit menu's Copy does here
+  auto* open = new QAction(tr("&Open in Browser"), &m_xmlTableView);
+  open->setObjectName(QStringLiteral("openSelection"));
+  auto* first = new QAction(&m_xmlTableView);
+  auto* second = new QAction(&m_xmlTableView);
+  first->setSeparator(true);
+  second->setSeparator(true);
+  m_xmlTableView.addActions(
+      {&edit, m_chFreqMenu.menuAction(), m_prMenu.menuAction(), first, copy, open, second, &remove});
+  connect(&edit, &QAction::triggered, this, &XMLViewController::editCell);
+  connect(&remove, &QAction::triggered, this, &XMLViewController::delLinkAction);
+  connect(copy, &QAction::triggered, this, [this] {
+    if (selectedRow() >= 0) QGuiApplication::clipboard()->setText(selectedUrl());
+  });
+  connect(open, &QAction::triggered, this, &XMLViewController::openSelected);
+}
+
+void XMLViewController::markChosen(QActionGroup& group, Field field) const {
+  const int row = selectedRow();
+  const MenuValue* chosen =
+      row < 0 ? nullptr : chosenValue(m_model.sitemap().rows()[static_cast<std::size_t>(row)], field);
+  for (QAction* action : group.actions()) {
+    action->setChecked(chosen != nullptr && action->objectName() == toQString(chosen->action));
+  }
+}
+
+void XMLViewController::editCell() {
+  const QModelIndex cell = m_xmlTableView.currentIndex();
+  if (!cell.isValid()) return;
+  m_xmlTableView.scrollTo(cell);
+  if (hasMenu(cell)) {
+    popUpMenu(cell);
+  } else {
+    m_xmlTableView.edit(cell);
+  }
+}
+
+void XMLViewController::popUpMenu(const QModelIndex& cell) {
+  m_xmlTableView.setCurrentIndex(cell);
+  QMenu& menu = cell.column() == kFrequencyColumn ? m_chFreqMenu : m_prMenu;
+  const QRect place = m_xmlTableView.visualRect(cell);
+  menu.popup(m_xmlTableView.viewport()->mapToGlobal(place.bottomLeft()));
+  for (QAction* action : menu.actions()) {
+    if (action->isChecked()) menu.setActiveAction(action);
+  }
+}
+
+bool XMLViewController::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const bool opens = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter ||
+                     key->key() == Qt::Key_Space ||
+                     (key->key() == Qt::Key_Down && key->modifiers().testFlag(Qt::AltModifier));
+  const QModelIndex cell = m_xmlTableView.currentIndex();
+  if (!opens || !hasMenu(cell)) return QObject::eventFilter(watched, event);
+  editCell();
+  return true;
+}
+
+/// Anything may stand in a sitemap: what is no page on the web is not handed to other programs.
+void XMLViewController::openSelected() {
+  const QUrl url(selectedUrl());
+  if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
+    QDesktopServices::openUrl(url);
+}
+
+}  // namespace xml_editor
