@@ -8,6 +8,8 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/window_cover.h"
+
 namespace platform {
 
 namespace {
@@ -61,6 +63,11 @@ void SheetQueue::close(QDialog& sheet) {
 }
 
 void SheetQueue::alert(const QString& title, const QString& message) {
+  emit alerted(title);
+  tell(title, message);
+}
+
+void SheetQueue::tell(const QString& title, const QString& message) {
   auto* box =
       new QMessageBox(QMessageBox::NoIcon, QStringLiteral("Veskel"), title, QMessageBox::Ok, &m_window);
   box->setTextFormat(Qt::PlainText);
@@ -96,7 +103,8 @@ void SheetQueue::choose(const QString& title, const QString& message, const QStr
   } else {
     box->setEscapeButton(answers.at(escape));
   }
-  connect(box, &QDialog::finished, this, [box, answers, escape, answered = std::move(answered)] {
+  connect(box, &QDialog::finished, this, [this, box, answers, escape, answered = std::move(answered)] {
+    uncover();  // the answer may want to move the focus
     const auto number = static_cast<int>(answers.indexOf(box->clickedButton()));
     if (number >= 0 || escape != kNoEscape) answered(number >= 0 ? number : escape);
   });
@@ -105,6 +113,7 @@ void SheetQueue::choose(const QString& title, const QString& message, const QStr
 
 void SheetQueue::open(QDialog& sheet) {
   m_current = &sheet;
+  if (!std::exchange(m_covering, true)) WindowCover::of(m_window).add();
   connect(&sheet, &QDialog::finished, this, &SheetQueue::closed, Qt::SingleShotConnection);
   sheet.setWindowModality(Qt::WindowModal);
   sheet.open();
@@ -115,7 +124,12 @@ void SheetQueue::open(QDialog& sheet) {
 
 void SheetQueue::closed() {
   m_current = nullptr;
+  uncover();
   m_followUp.start();
+}
+
+void SheetQueue::uncover() {
+  if (std::exchange(m_covering, false)) WindowCover::of(m_window).remove();
 }
 
 void SheetQueue::openNext() {

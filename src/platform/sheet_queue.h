@@ -13,7 +13,8 @@
 namespace platform {
 
 /// The sheets of one window. A sheet asked for while another is up follows half a second after that one has
-/// closed, so that the user sees one go before the next comes. Nothing here blocks. UI thread only.
+/// closed, so that the user sees one go before the next comes. While one is up the window is off, for
+/// whatever works it. Nothing here blocks. UI thread only.
 class SheetQueue : public QObject {
   Q_OBJECT
 
@@ -28,6 +29,9 @@ class SheetQueue : public QObject {
   void close(QDialog& sheet);
 
   /// A message with the button "OK".
+  void tell(const QString& title, const QString& message);
+
+  /// The same, of something that has just happened.
   void alert(const QString& title, const QString& message = {});
 
   /// A question. `answered` is called once: with true for the default button, with false for the other one or
@@ -48,17 +52,21 @@ class SheetQueue : public QObject {
  signals:
   /// A sheet has come up.
   void opened(QDialog& sheet);
+  /// Something happened of which an alert tells.
+  void alerted(const QString& title);
 
  private:
   void showAfterOthers(QDialog& sheet);
   void open(QDialog& sheet);
   void closed();
+  void uncover();
   void openNext();
 
   QWidget& m_window;
   QPointer<QDialog> m_current;
   std::deque<QPointer<QDialog>> m_waiting;
   QTimer m_followUp;
+  bool m_covering = false;
 };
 
 }  // namespace platform

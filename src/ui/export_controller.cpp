@@ -358,11 +358,11 @@ bool ExportController::save(std::string_view text, const QString& path) {
 /// A file that search engines refuse looks like any other, so that the user would learn of it too late.
 void ExportController::tellFaults(std::size_t faults) {
   if (faults == 0) return;
-  m_sheets.alert(faults == 1 ? tr("The exported sitemap has one fault.")
-                             : tr("The exported sitemap has %1 faults.")
-                                   .arg(QLocale().toString(static_cast<qulonglong>(faults))),
-                 tr("Search engines may refuse it. To see what is wrong, select the site, go to XML Sitemap "
-                    "and press Validate."));
+  m_sheets.tell(faults == 1 ? tr("The exported sitemap has one fault.")
+                            : tr("The exported sitemap has %1 faults.")
+                                  .arg(QLocale().toString(static_cast<qulonglong>(faults))),
+                tr("Search engines may refuse it. To see what is wrong, select the site, go to XML Sitemap "
+                   "and press Validate."));
 }
 
 platform::FileResult ExportController::saveEditedSitemapContent(std::string_view text,

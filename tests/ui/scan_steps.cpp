@@ -54,7 +54,9 @@ void openWithShop(Desk& desk, const std::string& url) {
 }
 
 bool scanHasEnded(const Desk& desk) {
-  return comesTrue([&] { return desk.enabled("scanSiteButton"); });
+  // A question may be up still, and the window off because of that.
+  const auto& button = desk.control<QWidget>("scanSiteButton");
+  return comesTrue([&] { return !button.testAttribute(Qt::WA_ForceDisabled); });
 }
 
 bool scan(const Desk& desk) {
