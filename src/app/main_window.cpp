@@ -1,19 +1,23 @@
 #include "app/main_window.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
-#include <QMetaObject>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QStatusTipEvent>
+#include <QStyle>
 #include <utility>
 
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
+#include "platform/window_cover.h"
 #include "ui/elided_label.h"
 #include "ui/icons.h"
 #include "ui_main_window.h"
@@ -63,6 +67,7 @@ MainWindow::MainWindow(const store::GlobalControls& controls, const store::Broke
   applyIcons();
   makeControllers();
   connectMenus();
+  holdBackUnderSheets();
   letScansBeLeft();
   restorePlace();
   m_ui->siteListTable->setFocus();
@@ -105,8 +110,11 @@ void MainWindow::makeControllers() {
   connect(m_scanView.get(), &ui::ScanViewController::siteInHandChanged, m_siteInHand, &QLabel::setText);
 
   const auto report = [this](const QString& sentence) { say(sentence); };
+  connect(m_sheets.get(), &platform::SheetQueue::alerted, this, report);
   connect(m_siteEditor.get(), &store::AddEditDeleteSitesController::report, this, report);
   connect(m_scan.get(), &crawler::ScanController::report, this, report);
+  // A scan takes its time, and its user does something else meanwhile.
+  connect(m_scan.get(), &crawler::ScanController::scanned, this, [this] { QApplication::alert(this); });
   connect(m_scanView.get(), &ui::ScanViewController::report, this, report);
   connect(m_xmlView.get(), &xml_editor::XMLViewController::report, this, report);
   connect(m_filters.get(), &crawler::FilterController::report, this, report);
@@ -160,10 +168,23 @@ void MainWindow::connectMenus() {
   m_ui->scanMI->setShortcuts({QKeySequence(Qt::Key_F5), QKeySequence(Qt::CTRL | Qt::Key_R)});
   m_ui->exportTBI->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_5), QKeySequence(Qt::CTRL | Qt::Key_E)});
   connect(m_ui->closeMI, &QAction::triggered, this, &QWidget::close);
-  connect(m_ui->copyMI, &QAction::triggered, this, [this] { triggerOnFocus("copy"); });
-  connect(m_ui->selectAllMI, &QAction::triggered, this, [this] { triggerOnFocus("selectAll"); });
   connect(m_ui->guideMI, &QAction::triggered, this, &MainWindow::showGuide);
   connect(m_ui->aboutMI, &QAction::triggered, this, &MainWindow::showAbout);
+  m_menuCommands = std::make_unique<MenuCommands>(*this, *m_views, *m_htmlView, m_state);
+}
+
+void MainWindow::holdBackUnderSheets() {
+  auto* commands = new QActionGroup(this);
+  commands->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+  QList<QActionGroup*> groups = {commands};
+  for (QAction* action : findChildren<QAction*>()) {
+    if (action->actionGroup() == nullptr && qobject_cast<QLineEdit*>(action->parent()) == nullptr) {
+      commands->addAction(action);
+    } else if (action->actionGroup() != nullptr && !groups.contains(action->actionGroup())) {
+      groups.append(action->actionGroup());
+    }
+  }
+  platform::WindowCover::of(*this).setCommands(groups);
 }
 
 /// Behind a sheet the window's menu is out of reach, and so is its title bar. Whoever has had enough of a
@@ -185,18 +206,6 @@ void MainWindow::applyIcons() {
     platform::control<QAction>(*this, each.action)
         .setIcon(ui::namedIcon(QLatin1String(each.icon), palette()));
   }
-}
-
-/// Copies or selects in whatever has the focus, by its own means.
-void MainWindow::triggerOnFocus(const char* slot) {
-  QWidget* focus = QApplication::focusWidget();
-  if (focus == nullptr) return;
-  for (QAction* action : focus->actions()) {
-    if (action->objectName() == QLatin1String("copySelection") && qstrcmp(slot, "copy") == 0)
-      return action->trigger();
-  }
-  if (focus->metaObject()->indexOfMethod(QByteArray(slot) + "()") >= 0)
-    QMetaObject::invokeMethod(focus, slot);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -223,7 +232,11 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::restorePlace() {
   const QSettings settings(m_stateFile, QSettings::IniFormat);
   m_export->setSaveFolder(settings.value(QStringLiteral("saveFolder")).toString());
-  if (!restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray())) resize(kUsualSize);
+  if (!restoreGeometry(settings.value(QStringLiteral("geometry")).toByteArray())) {
+    // Its frame, which nobody knows before it is on the screen, has to fit as well.
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    resize(kUsualSize.boundedTo(screen()->availableSize() - QSize(title, 2 * title)));
+  }
   if (!m_ui->scanSplitter->restoreState(settings.value(QStringLiteral("scanSplitter")).toByteArray())) {
     m_ui->scanSplitter->setSizes({kUsualSize.width() * 9 / 20, kUsualSize.width() * 11 / 20});
   }
@@ -237,7 +250,7 @@ void MainWindow::rememberPlace() const {
 }
 
 void MainWindow::showGuide() {
-  m_sheets->alert(
+  m_sheets->tell(
       tr("How to build a sitemap"),
       tr("1. Add a website: its name, and the address where it starts.\n"
          "2. Select it in the list and press Scan Site. Veskel follows every link that stays inside the "
@@ -247,8 +260,8 @@ void MainWindow::showGuide() {
 }
 
 void MainWindow::showAbout() {
-  m_sheets->alert(tr("Veskel Version %1").arg(QApplication::applicationVersion()),
-                  tr("Builds sitemaps for websites."));
+  m_sheets->tell(tr("Veskel Version %1").arg(QApplication::applicationVersion()),
+                 tr("Builds sitemaps for websites."));
 }
 
 }  // namespace app

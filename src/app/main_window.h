@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <memory>
 
+#include "app/menu_commands.h"
 #include "crawler/filter_controller.h"
 #include "crawler/scan_controller.h"
 #include "html_editor/html_view_controller.h"
@@ -49,11 +50,11 @@ class MainWindow : public QMainWindow {
   void makeHtmlView();
   void letScansBeLeft();
   void showSiteInHand();
+  void holdBackUnderSheets();
   void say(const QString& sentence);
   void applyIcons();
   void restorePlace();
   void rememberPlace() const;
-  void triggerOnFocus(const char* slot);
   void showGuide();
   void showAbout();
 
@@ -76,6 +77,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<html_editor::HTMLViewController> m_htmlView;
   std::unique_ptr<xml_editor::XMLViewController> m_xmlView;
   std::unique_ptr<ui::ExportController> m_export;
+  std::unique_ptr<MenuCommands> m_menuCommands;
 };
 
 }  // namespace app

@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QHeaderView>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
@@ -28,11 +27,15 @@ FilterController::FilterController(QMainWindow& mainWindow, platform::SheetQueue
   m_filterTable.horizontalHeader()->hide();
   m_filterTable.horizontalHeader()->setStretchLastSection(true);
   m_filterTable.verticalHeader()->hide();
-  auto* remove = new QAction(tr("Delete Filter"), &m_filterTable);
-  remove->setShortcut(QKeySequence::Delete);
-  remove->setShortcutContext(Qt::WidgetShortcut);
-  m_filterTable.addAction(remove);
-  connect(remove, &QAction::triggered, this, &FilterController::deleteFilter);
+  auto& remove = control<QAction>(mainWindow, "deleteFilterMI");
+  remove.setShortcut(QKeySequence::Delete);  // elsewhere it deletes something else
+  remove.setShortcutContext(Qt::WidgetShortcut);
+  m_filterTable.addAction(&remove);
+  m_filterTable.setContextMenuPolicy(Qt::ActionsContextMenu);
+  connect(&remove, &QAction::triggered, this, &FilterController::deleteFilter);
+  const auto enable = [this, &remove] { remove.setEnabled(m_filterTable.selectionModel()->hasSelection()); };
+  connect(m_filterTable.selectionModel(), &QItemSelectionModel::selectionChanged, this, enable);
+  connect(&m_model, &QAbstractItemModel::modelReset, this, enable);
   connect(&control<QPushButton>(mainWindow, "addFilterButton"), &QPushButton::clicked, this,
           &FilterController::addFilterCommand);
   connect(&control<QPushButton>(mainWindow, "delFilterButton"), &QPushButton::clicked, this,
@@ -41,7 +44,7 @@ FilterController::FilterController(QMainWindow& mainWindow, platform::SheetQueue
 }
 
 void FilterController::loadFilterFile() {
-  const std::string site = siteName();
+  const std::string& site = m_state.qzvskCurSite;
   store::Filters filters;
   if (!site.empty()) filters = store::loadFilterFile(m_controls, site);
   if (!filters.result.ok()) {
@@ -62,7 +65,7 @@ void FilterController::addFilterCommand() {
   if (text.empty()) {
     m_sheets.alert(tr("Cannot Add Filter"), tr("There is nothing to add!"));
   } else {
-    const platform::FileResult added = store::addFilter(m_controls, siteName(), text);
+    const platform::FileResult added = store::addFilter(m_controls, m_state.qzvskCurSite, text);
     // What was typed stays in the field when it could not be saved.
     if (!added.ok()) return tellFailure(tr("The filter could not be saved."), added);
     m_newFilterInput.clear();
@@ -78,17 +81,13 @@ void FilterController::deleteFilter() {
       remaining.push_back(m_state.qzvskFiltersArray[static_cast<std::size_t>(row)]);
     }
   }
-  const platform::FileResult saved = store::saveFilters(m_controls, siteName(), remaining);
+  const platform::FileResult saved = store::saveFilters(m_controls, m_state.qzvskCurSite, remaining);
   if (!saved.ok()) tellFailure(tr("The filters could not be saved."), saved);
   loadFilterFile();
 }
 
 void FilterController::tellFailure(const QString& what, const platform::FileResult& result) {
   m_sheets.alert(what, toQString(result.error));
-}
-
-std::string FilterController::siteName() const {
-  return platform::toUtf8(control<QLabel>(m_mainWindow, "siteName").text());
 }
 
 }  // namespace crawler

@@ -15,7 +15,7 @@ class QTableView;
 
 namespace crawler {
 
-/// Shows and changes the filters of the site whose name the main window shows. UI thread.
+/// Shows and changes the filters of the site in hand. UI thread.
 class FilterController : public QObject {
   Q_OBJECT
 
@@ -35,7 +35,6 @@ class FilterController : public QObject {
   void addFilterCommand();
   void deleteFilter();
   void tellFailure(const QString& what, const platform::FileResult& result);
-  std::string siteName() const;
 
   QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;

@@ -176,7 +176,8 @@ void ScanController::onFinished(const ScanEvent& event) {
   for (QDialog* sheet : scanSheets()) m_sheets.close(*sheet);
   m_scan.reset();  // its thread has nothing more to say
   lockControls(false);
-  if (m_reopenFilterDrawer) reopenFilterDrawer();
+  // Where nothing was found there is nothing to filter.
+  if (m_reopenFilterDrawer && event.result.end != ScanEnd::unreachable) reopenFilterDrawer();
   if (event.pages->size() > 0) m_links.setPages(event.pages);
   tellProblems(event.result);
   emit scanned(toQString(m_state.qzvskCurSite));

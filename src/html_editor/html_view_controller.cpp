@@ -91,12 +91,13 @@ void HTMLViewController::onCommit(QLineEdit& field, std::function<void()> action
 void HTMLViewController::connectStyle(StyleControlsView& controls) {
   connect(&controls.fontFace, &QComboBox::activated, this, [&] { changeFontFamily(controls); });
   connect(&controls.fontSize, &QComboBox::activated, this, [&] { changeFontSize(controls); });
-  connect(&controls.boldButton, &QCheckBox::clicked, this, [&] { changeBold(controls); });
-  connect(&controls.italicButton, &QCheckBox::clicked, this, [&] { changeItalic(controls); });
+  connect(&controls.boldButton, &QCheckBox::toggled, this, [&] { changeBold(controls); });
+  connect(&controls.italicButton, &QCheckBox::toggled, this, [&] { changeItalic(controls); });
   connect(&controls.colourwell, &QPushButton::clicked, this, [&] { chooseColour(controls); });
   onCommit(controls.colourField, [&] { applyTypedColour(controls); });
-  connect(&controls.underlineGroup, &QButtonGroup::idClicked, this,
-          [&](int id) { changeUnderline(controls, static_cast<Underline>(id)); });
+  connect(&controls.underlineGroup, &QButtonGroup::idToggled, this, [&](int id, bool checked) {
+    if (checked) changeUnderline(controls, static_cast<Underline>(id));
+  });
 }
 
 void HTMLViewController::viewTBIAction(bool wasShown) {
@@ -116,7 +117,11 @@ void HTMLViewController::viewTBIAction(bool wasShown) {
 
 void HTMLViewController::styleTBIAction(int previousView) {
   m_services.mainWindow.setWindowTitle(toQString(m_state.qzvskWinTit));
-  if (previousView == kStyleEditor) return;
+  // Asking for it once more saves, and does not ask.
+  if (previousView == kStyleEditor) {
+    if (m_state.qzvskHTMLString != m_originalHTMLString) saveAndReadBack();
+    return;
+  }
   takePlace(kStyleEditor);
   // Anything may have happened to the file meanwhile, a scan for example.
   if (previousView != kViewer || !m_hasDocument) {

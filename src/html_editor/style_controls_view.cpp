@@ -83,6 +83,7 @@ void StyleControlsView::show(std::string_view document) {
   select(fontSize, style.size);
   const QSignalBlocker quietBold(boldButton);
   const QSignalBlocker quietItalic(italicButton);
+  const QSignalBlocker quietUnderline(underlineGroup);
   boldButton.setChecked(style.bold);
   italicButton.setChecked(style.italic);
   if (const auto mode = readUnderline(document, entries)) {

@@ -150,6 +150,7 @@ void AddEditDeleteSitesController::createNewSite(const std::string& passedSiteNa
   }
   emit report(tr("Added \"%1\"").arg(toQString(passedSiteName)));
   resetAndClose();
+  emit siteNamed(toQString(passedSiteName));
 }
 
 void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
@@ -166,7 +167,11 @@ void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
     return tellFailure(m_sheetsOfSheet, tr("Could not save"), result.path, result.file);
   }
   if (result.outcome == SaveOutcome::nameTaken) {
-    m_sheets.alert(toQString(renameNameTaken(passedName)));
+    QString why;  // that the other site's address is what it was
+    if (!result.file.ok()) {
+      why = tr("Could not save %1: %2").arg(toQString(result.path.native()), toQString(result.file.error));
+    }
+    m_sheets.alert(toQString(renameNameTaken(passedName)), why);
   } else {
     // The reasons follow as far as they can: without them the list of broken pages still stands.
     platform::FileResult kept;
@@ -174,6 +179,7 @@ void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
     emit report(withReasons(tr("Saved \"%1\"").arg(toQString(passedName)), kept));
   }
   resetAndClose();
+  if (result.outcome == SaveOutcome::saved) emit siteNamed(toQString(passedName));
 }
 
 void AddEditDeleteSitesController::deleteSite() {

@@ -37,6 +37,8 @@ class AddEditDeleteSitesController : public QObject {
  signals:
   /// The list of sites has to be read anew; no site is selected any more.
   void sitesChanged();
+  /// A site has this name now, and its user wants to see it in the list.
+  void siteNamed(const QString& name);
   /// Something worth a line at the foot of the window.
   void report(const QString& sentence);
 

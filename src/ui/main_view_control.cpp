@@ -18,7 +18,10 @@
 
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
+#include "store/site_list.h"
 #include "store/working_folder.h"
+#include "ui/address_actions.h"
+#include "ui/sorted_table.h"
 
 namespace ui {
 
@@ -52,16 +55,20 @@ MainViewControl::MainViewControl(QMainWindow& mainWindow, platform::SheetQueue& 
 }
 
 void MainViewControl::connectActions() {
-  const auto onAction = [this](const char* name, void (MainViewControl::*slot)()) {
-    connect(&control<QAction>(m_mainWindow, name), &QAction::triggered, this, slot);
+  constexpr std::array<void (MainViewControl::*)(), 7> kSlots = {
+      &MainViewControl::scanTBIAction,     &MainViewControl::htmlTBIAction,
+      &MainViewControl::htmlEditTBIAction, &MainViewControl::xmlTBIAction,
+      &MainViewControl::exportTBIAction,   &MainViewControl::uploadTBIAction,
+      &MainViewControl::showBrokenLinks,
   };
-  onAction("scanTBI", &MainViewControl::scanTBIAction);
-  onAction("htmlTBI", &MainViewControl::htmlTBIAction);
-  onAction("htmlEditTBI", &MainViewControl::htmlEditTBIAction);
-  onAction("xmlTBI", &MainViewControl::xmlTBIAction);
-  onAction("exportTBI", &MainViewControl::exportTBIAction);
-  onAction("uploadTBI", &MainViewControl::uploadTBIAction);
-  onAction("brokenMI", &MainViewControl::showBrokenLinks);
+  for (std::size_t i = 0; i < kViewActions.size(); ++i) {
+    // Not only when triggered: a screen reader toggles the toolbar's buttons. What is marked is the view that
+    // is shown, so any other mark is a wish.
+    connect(&control<QAction>(m_mainWindow, kViewActions[i]), &QAction::toggled, this,
+            [this, slot = kSlots[i], number = static_cast<int>(i) + 1](bool marked) {
+              if (marked != (returnCurrentView() == number)) (this->*slot)();
+            });
+  }
   connect(&control<QAction>(m_mainWindow, "reportProblemMI"), &QAction::triggered, this,
           &MainViewControl::reportProblem);
   const auto onClick = [this](const char* name, auto slot) {
@@ -80,28 +87,21 @@ void MainViewControl::connectActions() {
 
 void MainViewControl::connectBrokenLinks() {
   auto& table = control<QTableView>(m_mainWindow, "badLinkTable");
-  table.setModel(&m_badLinks);
+  m_sortedBadLinks.setSourceModel(&m_badLinks);
+  m_sortedBadLinks.setSortCaseSensitivity(Qt::CaseInsensitive);
+  table.setModel(&m_sortedBadLinks);
+  sortByHeadings(table);
   table.verticalHeader()->hide();
   table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   table.horizontalHeader()->setHighlightSections(false);
   table.horizontalHeader()->setSectionResizeMode(BrokenLinksModel::urlColumn, QHeaderView::Stretch);
   table.horizontalHeader()->resizeSection(BrokenLinksModel::reasonColumn,
                                           table.fontMetrics().averageCharWidth() * 36);
-  auto* copy = new QAction(tr("Copy"), &table);
-  copy->setObjectName(QStringLiteral("copySelection"));
-  auto* open = new QAction(tr("Open in Browser"), &table);
-  table.addActions({copy, open});
-  table.setContextMenuPolicy(Qt::ActionsContextMenu);
-  connect(copy, &QAction::triggered, this,
-          [this] { QGuiApplication::clipboard()->setText(selectedBrokenUrls().join(QLatin1Char('\n'))); });
-  connect(open, &QAction::triggered, this, [this] {
-    const QStringList urls = selectedBrokenUrls();
-    if (!urls.isEmpty()) QDesktopServices::openUrl(QUrl(urls.first()));
-  });
+  addAddressActions(table, [this] { return selectedBrokenUrls(); });
   auto& copyButton = control<QPushButton>(m_mainWindow, "copyBadLinkButton");
   auto& openButton = control<QPushButton>(m_mainWindow, "openBadLinkButton");
-  connect(&copyButton, &QPushButton::clicked, copy, &QAction::trigger);
-  connect(&openButton, &QPushButton::clicked, open, &QAction::trigger);
+  connect(&copyButton, &QPushButton::clicked, &control<QAction>(table, kCopySelection), &QAction::trigger);
+  connect(&openButton, &QPushButton::clicked, &control<QAction>(table, kOpenSelection), &QAction::trigger);
   const auto enable = [this, &copyButton, &openButton] {
     const bool any = !selectedBrokenUrls().isEmpty();
     for (QPushButton* button : {&copyButton, &openButton}) {
@@ -128,13 +128,17 @@ void MainViewControl::htmlTBIAction() {
   if (needsSite(tr("You need to select a sitemap from the sites list to use the HTML sitemap viewer.")))
     return;
   closeFilterDrawer();
-  // Asked for while it is shown, the viewer saves and clears its fields by itself.
-  switchTo(htmlView, returnCurrentView() == htmlView ? AbandonEdits::no : AbandonEdits::yes);
+  switchToSitemap(htmlView);
 }
 
 void MainViewControl::htmlEditTBIAction() {
   closeFilterDrawer();
-  switchTo(htmlEditorView, AbandonEdits::yes);
+  switchToSitemap(htmlEditorView);
+}
+
+/// Asked for while it is shown, a view of the HTML sitemap saves, and asks nothing.
+void MainViewControl::switchToSitemap(View view) {
+  switchTo(view, returnCurrentView() == view ? AbandonEdits::no : AbandonEdits::yes);
 }
 
 void MainViewControl::xmlTBIAction() {
@@ -146,13 +150,11 @@ void MainViewControl::xmlTBIAction() {
 
 void MainViewControl::exportTBIAction() {
   closeFilterDrawer();
-  m_mainWindow.setWindowTitle(QStringLiteral("Veskel2"));
   switchTo(exportView, AbandonEdits::yes);
 }
 
 void MainViewControl::exportReload() {
   closeFilterDrawer();
-  m_mainWindow.setWindowTitle(QStringLiteral("Veskel2"));
   clearLinkEdits();
   enableExports();
   if (m_checkSave) m_checkSave();
@@ -162,7 +164,7 @@ void MainViewControl::exportReload() {
 
 void MainViewControl::uploadTBIAction() {
   // With the address of the site in hand where there is one, so that the line can be used as it is.
-  const QUrl site(control<QLabel>(m_mainWindow, "siteURL").text());
+  const QUrl site(toQString(store::readSite(m_controls, m_state.qzvskCurSite).details.url));
   const QUrl example(QStringLiteral("http://www.example.com/"));
   const QUrl sitemap = (site.isValid() && !site.host().isEmpty() ? site : example)
                            .resolved(QUrl(QStringLiteral("/sitemap.xml")));
@@ -221,6 +223,9 @@ void MainViewControl::show(int number) {
   control<QStackedWidget>(m_mainWindow, "mainViewArea").setCurrentWidget(mainViewsList(number));
   changeCurrentView(number);
   markCurrentView();
+  // The exports go by a choice of their own.
+  m_mainWindow.setWindowTitle(number == exportView ? QStringLiteral("Veskel2")
+                                                   : toQString(m_state.qzvskWinTit));
   emit viewShown(number);
 }
 
@@ -244,7 +249,7 @@ void MainViewControl::markCurrentView() {
 
 void MainViewControl::populateSitePicker() {
   constexpr qsizetype kCut = 6;
-  const QString siteInHand = control<QLabel>(m_mainWindow, "siteName").text();
+  const QString siteInHand = toQString(m_state.qzvskCurSite);
   m_sitePickerPopUpArray.clear();
   for (const std::string& file : store::siteFiles(m_controls)) {
     if (!file.ends_with(".xml")) continue;

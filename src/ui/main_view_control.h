@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QObject>
+#include <QSortFilterProxyModel>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -66,6 +67,7 @@ class MainViewControl : public QObject {
   void connectActions();
   void connectBrokenLinks();
   void switchTo(int number, AbandonEdits abandon);
+  void switchToSitemap(View view);
   void clearLinkEdits();
   void enableExports();
   void show(int number);
@@ -81,6 +83,7 @@ class MainViewControl : public QObject {
   std::function<void()> m_checkSave;
   QStringList m_sitePickerPopUpArray;
   BrokenLinksModel m_badLinks;
+  QSortFilterProxyModel m_sortedBadLinks;
   QString m_versionString;  // of the operating system, for reports of problems; empty where unknown
 };
 

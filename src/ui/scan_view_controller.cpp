@@ -14,6 +14,7 @@
 #include <QLocale>
 #include <QMenu>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QToolButton>
@@ -24,6 +25,8 @@
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
+#include "ui/address_actions.h"
+#include "ui/sorted_table.h"
 
 namespace ui {
 
@@ -67,6 +70,8 @@ ScanViewController::ScanViewController(QMainWindow& mainWindow, const ScanViewPa
 void ScanViewController::buildTable() {
   m_found.setSourceModel(&m_sites);
   m_found.setFilterCaseSensitivity(Qt::CaseInsensitive);
+  m_found.setSortRole(SiteTableModel::sortRole);
+  m_found.setSortCaseSensitivity(Qt::CaseInsensitive);
   // When the search takes the selected site out of the list, no site is selected: the table would go on to
   // the next one, and with every letter typed another site would come into hand. Connected before the table
   // is.
@@ -76,6 +81,7 @@ void ScanViewController::buildTable() {
             if (current >= first && current <= last) m_siteListTable.selectionModel()->clear();
           });
   m_siteListTable.setModel(&m_found);
+  sortByHeadings(m_siteListTable);
   m_siteListTable.viewport()->installEventFilter(this);
   m_noSiteFound = new EmptyHint(m_siteListTable);
   m_siteListTable.verticalHeader()->hide();
@@ -139,18 +145,20 @@ void ScanViewController::connectCommands() {
   whenSaved("scanMI", &m_parts.scan, &crawler::ScanController::scanSiteAction);
   onAction("openFolderMI", this, [this] { openSiteFolder(); });
   onAction("filtersMI", this, &ScanViewController::filterAddPanel);
-  onClick("filterDrawerButton", this, &ScanViewController::filterAddPanel);
-  connect(&control<QCheckBox>(m_mainWindow, "ignoreRobotsButton"), &QCheckBox::clicked, this,
+  onAction("ignoreRobotsMI", this, &ScanViewController::ignoreRobotsAction);
+  // A screen reader toggles what others click.
+  connect(&control<QPushButton>(m_mainWindow, "filterDrawerButton"), &QPushButton::toggled, this,
+          &ScanViewController::filterAddPanel);
+  connect(&control<QCheckBox>(m_mainWindow, "ignoreRobotsButton"), &QCheckBox::toggled, this,
           &ScanViewController::ignoreRobotsAction);
-  onAction("ignoreRobotsMI", this,
-           [this] { control<QCheckBox>(m_mainWindow, "ignoreRobotsButton").click(); });
   onAction("findSiteMI", this, [this] { control<QLineEdit>(m_mainWindow, "siteSearch").setFocus(); });
   connect(&control<QToolButton>(m_mainWindow, "copyUrlButton"), &QToolButton::clicked, this,
-          [this] { QGuiApplication::clipboard()->setText(control<QLabel>(m_mainWindow, "siteURL").text()); });
+          [this] { QGuiApplication::clipboard()->setText(siteUrl()); });
   connect(&editor, &AddEditDeleteSitesController::sitesChanged, this, [this] {
     populateSiteTable();
     tableViewSelectionDidChange();
   });
+  connect(&editor, &AddEditDeleteSitesController::siteNamed, this, &ScanViewController::showSiteAt);
   connect(&m_parts.scan, &crawler::ScanController::scanned, this, [this](const QString& name) {
     m_sites.refresh(toUtf8(name));
     measureColumns();
@@ -160,7 +168,9 @@ void ScanViewController::connectCommands() {
   auto& drawer = control<QDockWidget>(m_mainWindow, "filterDrawer");
   drawer.installEventFilter(this);
   connect(&drawer, &QDockWidget::visibilityChanged, this, [this](bool visible) {
-    control<QPushButton>(m_mainWindow, "filterDrawerButton").setChecked(visible);
+    auto& button = control<QPushButton>(m_mainWindow, "filterDrawerButton");
+    const QSignalBlocker quiet(button);
+    button.setChecked(visible);
     control<QAction>(m_mainWindow, "filtersMI").setChecked(visible);
   });
 }
@@ -173,26 +183,22 @@ void ScanViewController::buildContextMenus() {
       links.append(index.data().toString());
     return links;
   };
-  auto* copy = new QAction(tr("Copy"), &list);
-  copy->setObjectName(QStringLiteral("copySelection"));  // what the Edit menu's Copy does here
-  auto* open = new QAction(tr("Open in Browser"), &list);
-  connect(copy, &QAction::triggered, this, [selectedLinks] {
-    QGuiApplication::clipboard()->setText(selectedLinks().join(QLatin1Char('\n')));
-  });
-  connect(open, &QAction::triggered, this, [selectedLinks] {
-    const QStringList links = selectedLinks();
-    if (!links.isEmpty()) QDesktopServices::openUrl(QUrl(links.first()));
-  });
-  list.addActions({copy, open});
-  list.setContextMenuPolicy(Qt::ActionsContextMenu);
+  addAddressActions(list, selectedLinks);
   // The key belongs to the table of sites alone: elsewhere it deletes a character or a filter.
   auto& remove = control<QAction>(m_mainWindow, "deleteMI");
   remove.setShortcut(QKeySequence::Delete);
   remove.setShortcutContext(Qt::WidgetShortcut);
+  const auto separator = [this] {
+    auto* line = new QAction(&m_siteListTable);
+    line->setSeparator(true);
+    return line;
+  };
   m_siteListTable.addActions(
-      {&control<QAction>(m_mainWindow, "scanMI"), &control<QAction>(m_mainWindow, "editMI"),
-       &control<QAction>(m_mainWindow, "openFolderMI"), &control<QAction>(m_mainWindow, "deleteMI")});
-  m_siteListTable.setContextMenuPolicy(Qt::ActionsContextMenu);
+      {&control<QAction>(m_mainWindow, "scanMI"), &control<QAction>(m_mainWindow, "editMI"), separator()});
+  addAddressActions(m_siteListTable, [this] {
+    return m_parts.state.qzvskCurSite.empty() ? QStringList() : QStringList(siteUrl());
+  });
+  m_siteListTable.addActions({&control<QAction>(m_mainWindow, "openFolderMI"), separator(), &remove});
 }
 
 bool ScanViewController::eventFilter(QObject* watched, QEvent* event) {
@@ -244,8 +250,7 @@ void ScanViewController::showNoSite() {
   broken.setEnabled(false);
   broken.hide();
   m_parts.scan.forgetLastScan();
-  control<QCheckBox>(m_mainWindow, "ignoreRobotsButton").setChecked(false);
-  control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(false);
+  showIgnoreRobots(false);
   setSiteControlsEnabled(tr("Select a site first"));
   m_noLinks->setText(tr("Select a site to see what is known of it."));
   emit siteInHandChanged({});
@@ -260,8 +265,7 @@ void ScanViewController::showSite(const std::string& name) {
   }
   const store::SiteDetails& details = site.details;
   setWindowTitle(QStringLiteral("Veskel2 - ") + toQString(details.name));
-  control<QCheckBox>(m_mainWindow, "ignoreRobotsButton").setChecked(details.ignoreRobots);
-  control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(details.ignoreRobots);
+  showIgnoreRobots(details.ignoreRobots);
   m_parts.scan.setIgnoreRobots(details.ignoreRobots);
   control<QLabel>(m_mainWindow, "totalLinksFound").setText(countText(details.totalLinks));
   control<QLabel>(m_mainWindow, "pagesFound").setText(countText(details.pagesFound));
@@ -313,9 +317,12 @@ void ScanViewController::setSiteControlsEnabled(const QString& whyNot) {
     widget.setEnabled(enabled);
     widget.setToolTip(enabled ? widget.property(kUsualToolTip).toString() : whyNot);
   }
-  for (const char* action : {"editMI", "deleteMI", "scanMI", "filtersMI", "ignoreRobotsMI", "openFolderMI"}) {
+  for (const char* action :
+       {"editMI", "deleteMI", "scanMI", "filtersMI", "addFilterMI", "ignoreRobotsMI", "openFolderMI",
+        "viewInBrowserMI", "exportBrokenTextMI", "exportBrokenHtmlMI", "copyAddressMI", "openAddressMI"}) {
     control<QAction>(m_mainWindow, action).setEnabled(enabled);
   }
+  control<QMenu>(m_mainWindow, "layoutMenu").menuAction()->setEnabled(enabled);
 }
 
 void ScanViewController::setWindowTitle(const QString& title) {
@@ -323,32 +330,45 @@ void ScanViewController::setWindowTitle(const QString& title) {
   m_mainWindow.setWindowTitle(title);
 }
 
-void ScanViewController::ignoreRobotsAction() {
-  auto& box = control<QCheckBox>(m_mainWindow, "ignoreRobotsButton");
-  const bool ignore = box.isChecked();
-  const platform::FileResult saved = store::setIgnoreRobots(m_parts.controls, selectedName(), ignore);
+void ScanViewController::ignoreRobotsAction(bool ignore) {
+  const platform::FileResult saved =
+      store::setIgnoreRobots(m_parts.controls, m_parts.state.qzvskCurSite, ignore);
+  showIgnoreRobots(saved.ok() == ignore);
   if (!saved.ok()) {
-    box.setChecked(!ignore);
     m_parts.sheets.alert(tr("The robots switch could not be saved."), toQString(saved.error));
     return;
   }
-  control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(ignore);
   m_parts.scan.setIgnoreRobots(ignore);
 }
 
-void ScanViewController::filterAddPanel() {
-  bool& open = m_parts.state.qzvskPLastState;
-  auto& drawer = control<QDockWidget>(m_mainWindow, "filterDrawer");
-  // The user may have closed the drawer by its own button.
-  open = !drawer.isVisible();
-  drawer.setVisible(open);
-  control<QPushButton>(m_mainWindow, "filterDrawerButton").setChecked(open);
-  control<QAction>(m_mainWindow, "filtersMI").setChecked(open);
+/// In the view and in the menu, of which one may show it already.
+void ScanViewController::showIgnoreRobots(bool ignore) {
+  auto& box = control<QCheckBox>(m_mainWindow, "ignoreRobotsButton");
+  const QSignalBlocker quiet(box);
+  box.setChecked(ignore);
+  control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(ignore);
+}
+
+void ScanViewController::filterAddPanel(bool open) {
+  m_parts.state.qzvskPLastState = open;
+  control<QDockWidget>(m_mainWindow, "filterDrawer").setVisible(open);
+}
+
+/// Brings a site into sight; it is not selected.
+void ScanViewController::showSiteAt(const QString& name) {
+  const QModelIndex site = m_sites.index(m_sites.rowOf(toUtf8(name)), SiteTableModel::siteColumn);
+  if (!m_found.mapFromSource(site).isValid()) control<QLineEdit>(m_mainWindow, "siteSearch").clear();
+  m_siteListTable.doItemsLayout();  // it has yet to hear how long the list is now
+  m_siteListTable.scrollTo(m_found.mapFromSource(site));
 }
 
 void ScanViewController::openSiteFolder() const {
   const QString folder = toQString(m_parts.controls.siteFolder(m_parts.state.qzvskCurSite).native());
   QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+QString ScanViewController::siteUrl() const {
+  return toQString(store::readSite(m_parts.controls, m_parts.state.qzvskCurSite).details.url);
 }
 
 std::string ScanViewController::selectedName() const {

@@ -78,9 +78,12 @@ class ScanViewController : public QObject {
   /// Enables what needs a site, unless there is a reason why not.
   void setSiteControlsEnabled(const QString& whyNot);
   void setWindowTitle(const QString& title);
-  void ignoreRobotsAction();
-  void filterAddPanel();
+  void ignoreRobotsAction(bool ignore);
+  void showIgnoreRobots(bool ignore);
+  void filterAddPanel(bool open);
+  void showSiteAt(const QString& name);
   void openSiteFolder() const;
+  QString siteUrl() const;
   std::string selectedName() const;
 
   QMainWindow& m_mainWindow;

@@ -61,6 +61,8 @@ QVariant SiteTableModel::data(const QModelIndex& index, int role) const {
       return text(row, index.column());
     case Qt::ToolTipRole:
       return index.column() == siteColumn ? platform::toQString(row.name) : QVariant();
+    case sortRole:
+      return sortValue(row, index.column());
     case Qt::TextAlignmentRole:
       return static_cast<int>(Qt::AlignVCenter |
                               (index.column() == siteColumn ? Qt::AlignLeft : Qt::AlignRight));
@@ -101,6 +103,25 @@ SiteTableModel::Row SiteTableModel::readRow(const std::string& name) const {
         std::chrono::duration_cast<std::chrono::seconds>(time.time_since_epoch()).count());
   }
   return row;
+}
+
+/// Sites that were never scanned come before those of which the scan found nothing.
+QVariant SiteTableModel::sortValue(const Row& row, int column) {
+  const auto count = [&](int number) { return row.pages > 0 ? number : -1; };
+  switch (column) {
+    case siteColumn:
+      return platform::toQString(row.name);
+    case pagesColumn:
+      return count(row.pages);
+    case linksColumn:
+      return count(row.links);
+    case brokenColumn:
+      return count(row.broken);
+    case lastScanColumn:
+      return row.lastScan;
+    default:
+      return {};
+  }
 }
 
 QString SiteTableModel::text(const Row& row, int column) const {

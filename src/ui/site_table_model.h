@@ -16,6 +16,9 @@ class SiteTableModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
+  /// For what a column is sorted by: numbers as numbers.
+  static constexpr int sortRole = Qt::UserRole;
+
   enum Column { siteColumn, pagesColumn, linksColumn, brokenColumn, lastScanColumn, columnTotal };
 
   /// Both are borrowed and outlive the model.
@@ -52,6 +55,7 @@ class SiteTableModel : public QAbstractTableModel {
   };
 
   Row readRow(const std::string& name) const;
+  static QVariant sortValue(const Row& row, int column);
   QString text(const Row& row, int column) const;
 
   const store::GlobalControls& m_controls;

@@ -1,11 +1,12 @@
 #!/usr/bin/python3
 """A session with the window as an assistive technology sees it: by role and name only.
 
-Adds a site, scans it, and reads the counts. Run inside a D-Bus session with a display; arguments are the program,
+Adds a site, toggles what can be toggled, scans, and reads the counts. Run inside a D-Bus session with a display; arguments are the program,
 the example server and the folder that it serves.
 """
 
 import os
+import pathlib
 import shutil
 import subprocess
 import sys
@@ -63,6 +64,16 @@ class Place:
         wait_for(f'"{name}" enabled', lambda: button.getState().contains(pyatspi.STATE_ENABLED))
         button.queryAction().doAction(0)
 
+    def toggle(self, role, name):
+        """What can be checked has this one action, whatever it looks like."""
+        control = self.find(role, name)
+        before = control.getState().contains(pyatspi.STATE_CHECKED)
+        action = control.queryAction()
+        if action.getName(0) != "Toggle":
+            sys.exit(f'"{name}" cannot be toggled')
+        action.doAction(0)
+        wait_for(f'"{name}" toggled', lambda: control.getState().contains(pyatspi.STATE_CHECKED) != before)
+
     def type(self, name, text):
         self.find("text", name).queryEditableText().setTextContents(text)
 
@@ -107,6 +118,21 @@ def run(program, url):
         sheet.type("Site URL", url)
         sheet.press("Add Site")
         window.select_row("Sites", "Mill")
+        window.toggle("check box", "Ignore robots.txt")
+        record = pathlib.Path.home().glob("**/Mill.qzVSK")
+        if "<ignoreRobotFile>YES" not in next(record).read_text():
+            sys.exit("the robots switch only looks as if it was on")
+        window.toggle("check box", "Ignore robots.txt")
+        window.toggle("check box", "Filters")
+        window.find("push button", "Add Filter")
+        window.toggle("check box", "Upload")
+        window.find("push button", "Copy Line")
+        window.toggle("check box", "Scan")
+        window.press("Delete Site")
+        question = Place(window.find("alert", "Veskel"))
+        if window.find("push button", "Scan Site").getState().contains(pyatspi.STATE_ENABLED):
+            sys.exit("a scan can be started under a sheet")
+        question.press("Cancel")
         window.press("Scan Site")
         counts = {
             "Pages found": "34",
@@ -115,6 +141,16 @@ def run(program, url):
         }
         for name, expected in counts.items():
             wait_for(f"{name}: {expected}", lambda n=name, e=expected: labelled(window, n) == e)
+        window.toggle("check box", "Style")
+        window.toggle("check box", "Bold page links")
+        wait_for("something to save", lambda: window.find("push button", "Save Changes").getState().contains(
+            pyatspi.STATE_ENABLED))
+        window.toggle("radio button", "Never underline page titles")
+        window.press("Save Changes")
+        Place(window.find("alert", "Veskel")).press("Save Changes")
+        sitemap = next(pathlib.Path.home().glob("**/Mill/sitemap3c.html"))
+        for rule in (".vskPageTitle a:hover { text-decoration:none }", ".vskPageLink a {\n\t\tfont-weight: bold"):
+            wait_for(rule, lambda text=rule: text in sitemap.read_text())
         print("all counts read")
     finally:
         started.terminate()

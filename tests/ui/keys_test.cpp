@@ -1,10 +1,15 @@
-// What somebody without a mouse, or without eyes for the screen, finds in each view.
+// What somebody without a mouse, or without eyes for the screen, finds in each view; and that it fits the
+// screen.
 #include <QAccessible>
 #include <QDockWidget>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QStackedWidget>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 #include <QToolBar>
@@ -18,18 +23,12 @@ namespace {
 constexpr const char* kViewActions[] = {"scanTBI",   "htmlTBI",   "htmlEditTBI", "xmlTBI",
                                         "exportTBI", "uploadTBI", "brokenMI"};
 
-void openView(Desk& desk, const QString& action) {
+void openWithShop(Desk& desk) {
   desk.makeSite("Shop", "http://shop.test/");
   desk.writeFile("Shop", "sitemap.xml", "<urlset>");
   desk.writeFile("Shop", "badLinks.txt", "http://shop.test/gone\n");
   desk.open();
   desk.select(QStringLiteral("Shop"));
-  platform::control<QAction>(desk.window(), action.toLatin1().constData()).trigger();
-}
-
-void addViewRows() {
-  QTest::addColumn<QString>("action");
-  for (const char* action : kViewActions) QTest::newRow(action) << QString::fromLatin1(action);
 }
 
 /// The key that goes to this text with Alt.
@@ -63,24 +62,38 @@ class KeysTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void givesNoKeyTwice_data() { addViewRows(); }
-  void givesNoKeyTwice();
+  void givesEachViewItsKeysAndNames();
   void givesNoKeyTwiceInAMenu();
   void givesNoShortcutTwice();
-  void namesEveryControl_data() { addViewRows(); }
-  void namesEveryControl();
+  void exportsByKeyWhereverTheFocusIs();
+  void editsTextFromTheMenu();
+  void commandsSitemapsFromTheMenu();
+  void isOffUnderASheet();
+  void fitsTheScreen();
 };
 
-void KeysTest::givesNoKeyTwice() {
-  QFETCH(const QString, action);
+/// Commands go with Alt and a letter, no letter twice; controls have names.
+void KeysTest::givesEachViewItsKeysAndNames() {
   Desk desk;
-  openView(desk, action);
-  if (action == QLatin1String("scanTBI")) QVERIFY(desk.click("filterDrawerButton"));
-  const QMultiMap<QString, QString> keys = altKeys(desk.window());
-  QVERIFY(keys.size() >= 5);  // the menus
-  for (const QString& key : keys.uniqueKeys()) {
-    QVERIFY2(keys.count(key) == 1,
-             qPrintable(key + QLatin1String(": ") + keys.values(key).join(QLatin1String(", "))));
+  openWithShop(desk);
+  QVERIFY(desk.click("filterDrawerButton"));
+  for (const char* action : kViewActions) {
+    desk.control<QAction>(action).trigger();
+    const QMultiMap<QString, QString> keys = altKeys(desk.window());
+    QVERIFY(keys.size() >= 5);  // the menus
+    for (const QString& key : keys.uniqueKeys()) {
+      QVERIFY2(keys.count(key) == 1,
+               qPrintable(key + QLatin1String(": ") + keys.values(key).join(QLatin1String(", "))));
+    }
+    for (QWidget* widget : desk.window().findChildren<QWidget*>()) {
+      const bool isOurs =
+          !widget->objectName().isEmpty() && !widget->objectName().startsWith(QLatin1String("qt_"));
+      if (!widget->isVisible() || !isOurs || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+      if (qobject_cast<const QLabel*>(widget) != nullptr) continue;  // its text is what it is
+      const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+      QVERIFY(interface);
+      QVERIFY2(!interface->text(QAccessible::Name).isEmpty(), qPrintable(widget->objectName()));
+    }
   }
 }
 
@@ -109,18 +122,100 @@ void KeysTest::givesNoShortcutTwice() {
   QCOMPARE(shortcuts.removeDuplicates(), 0);
 }
 
-void KeysTest::namesEveryControl() {
-  QFETCH(const QString, action);
+/// Fields of text take keys of their own, on some desktops this one too.
+void KeysTest::exportsByKeyWhereverTheFocusIs() {
+  class Greedy : public QLineEdit {
+    bool event(QEvent* event) override {
+      if (event->type() != QEvent::ShortcutOverride) return QLineEdit::event(event);
+      event->accept();
+      return true;
+    }
+  };
   Desk desk;
-  openView(desk, action);
-  for (QWidget* widget : desk.window().findChildren<QWidget*>()) {
-    const bool isOurs =
-        !widget->objectName().isEmpty() && !widget->objectName().startsWith(QLatin1String("qt_"));
-    if (!widget->isVisible() || !isOurs || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
-    if (qobject_cast<const QLabel*>(widget) != nullptr) continue;  // its text is what it is
-    const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
-    QVERIFY(interface);
-    QVERIFY2(!interface->text(QAccessible::Name).isEmpty(), qPrintable(widget->objectName()));
+  openWithShop(desk);
+  Greedy field;
+  field.setParent(&desk.control<QWidget>("sitePage"));
+  field.show();
+  field.setFocus();
+  QTest::keyClick(&field, Qt::Key_E, Qt::ControlModifier);
+  QVERIFY(desk.control<QWidget>("exportWindowView").isVisible());
+}
+
+void KeysTest::editsTextFromTheMenu() {
+  Desk desk;
+  openWithShop(desk);
+  auto& search = desk.control<QLineEdit>("siteSearch");
+  QVERIFY(!desk.control<QAction>("pasteMI").isEnabled());  // into a list
+  search.setFocus();
+  search.insert(QStringLiteral("Shop"));
+  for (const char* command : {"selectAllMI", "cutMI", "pasteMI", "pasteMI", "undoMI"}) {
+    QVERIFY(desk.control<QAction>(command).isEnabled());
+    desk.control<QAction>(command).trigger();
+  }
+  QCOMPARE(search.text(), QStringLiteral("Shop"));
+}
+
+/// The menus bring the view of a command up first.
+void KeysTest::commandsSitemapsFromTheMenu() {
+  Desk desk;
+  openWithShop(desk);
+  const std::pair<const char*, const char*> commands[] = {{"exportBrokenTextMI", "blWindowView"},
+                                                          {"exportBrokenHtmlMI", "blWindowView"},
+                                                          {"exportXmlMI", "exportWindowView"}};
+  for (const auto& [command, view] : commands) {
+    desk.control<QAction>("scanTBI").trigger();
+    desk.control<QAction>(command).trigger();
+    QVERIFY(comesTrue([] {
+      return topSheet() != nullptr && topSheet()->objectName() != QLatin1String("exportCustomPanel");
+    }));
+    QVERIFY2(desk.control<QWidget>(view).isVisible(), command);
+    pressEscape(*topSheet());
+    QVERIFY(noSheetLeft());
+  }
+  desk.control<QAction>("scanTBI").trigger();
+  QVERIFY(!desk.control<QAction>("delHtmlLinkMI").isEnabled());
+  const auto layouts = desk.control<QMenu>("layoutMenu").actions();
+  QCOMPARE(layouts.size(), 6);
+  layouts.at(2)->trigger();  // there is none to be shown
+  QVERIFY(desk.control<QWidget>("htmlWindowView").isVisible());
+}
+
+/// A screen reader goes past the sheet, straight to the window's commands.
+void KeysTest::isOffUnderASheet() {
+  Desk desk;
+  openWithShop(desk);
+  auto& search = desk.control<QLineEdit>("siteSearch");
+  search.setFocus();
+  const auto commands = [&](bool on) {
+    const bool frequencies = desk.control<QMenu>("chFreqMenu").actions().first()->isEnabled();
+    return desk.control<QAction>("scanMI").isEnabled() == on &&
+           desk.control<QAction>("htmlTBI").isEnabled() == on && desk.enabled("scanSiteButton") == on &&
+           desk.enabled("siteListTable") == on && frequencies == on;
+  };
+  QVERIFY(commands(true));
+  const QString before = desk.control<QStatusBar>("statusBar").currentMessage();
+  desk.control<QAction>("aboutMI").trigger();
+  QVERIFY(comesTrue([] { return topSheet() != nullptr; }));
+  QVERIFY(commands(false));
+  desk.control<QAction>("saveMI").setEnabled(true);  // as when something changes meanwhile
+  QVERIFY(!desk.control<QAction>("saveMI").isEnabled());
+  pressEscape(*topSheet());
+  QVERIFY(noSheetLeft());
+  QVERIFY(commands(true));
+  QVERIFY(desk.control<QAction>("saveMI").isEnabled());
+  QVERIFY(search.hasFocus());
+  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), before);  // that was no news
+}
+
+void KeysTest::fitsTheScreen() {
+  Desk desk;
+  openWithShop(desk);
+  const QRect screen = desk.window().screen()->availableGeometry();
+  QVERIFY(screen.contains(desk.window().frameGeometry()));
+  for (const char* action : kViewActions) {
+    desk.control<QAction>(action).trigger();
+    const QSize least = desk.window().minimumSizeHint();
+    QVERIFY2(least.width() <= 800 && least.height() <= 480, action);
   }
 }
 

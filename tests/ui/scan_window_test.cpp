@@ -318,8 +318,10 @@ void ScanWindowTest::tellsOfAnUnreachableSite() {
   Desk desk;
   openWithShop(desk, server->url());
   if (!serverIsUp) server.reset();
+  QVERIFY(desk.click("filterDrawerButton"));
   QVERIFY(desk.click("scanSiteButton"));
-  QMessageBox* alert = message(QStringLiteral("The Site URL Could Not Be Reached"));
+  const QString title = QStringLiteral("The Site URL Could Not Be Reached");
+  QMessageBox* alert = message(title);
   QVERIFY(alert);
   QVERIFY2(alert->informativeText().startsWith(told), qPrintable(alert->informativeText()));
   QVERIFY(hasButtons(*alert, {QStringLiteral("OK")}));
@@ -327,6 +329,8 @@ void ScanWindowTest::tellsOfAnUnreachableSite() {
   QVERIFY(scanHasEnded(desk));
   QVERIFY(noSheetLeft());
   QVERIFY(desk.control<QAction>("addMI").isEnabled());
+  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), title);
+  QVERIFY(!desk.control<QDockWidget>("filterDrawer").isVisible());
 }
 
 void ScanWindowTest::refusesASiteThatIsScannedElsewhere() {

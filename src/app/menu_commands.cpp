@@ -1,0 +1,209 @@
+#include "app/menu_commands.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMetaObject>
+#include <QPushButton>
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/named_controls.h"
+#include "ui/address_actions.h"
+
+namespace app {
+
+using platform::control;
+
+namespace {
+
+/// What Qt's text fields do themselves, by methods of these names.
+struct Editing {
+  const char* action;
+  const char* slot;
+  bool changes;  // makes sense only where text can be typed
+};
+
+constexpr std::array<Editing, 6> kEditing = {{{"undoMI", "undo", true},
+                                              {"redoMI", "redo", true},
+                                              {"cutMI", "cut", true},
+                                              {"copyMI", "copy", false},
+                                              {"pasteMI", "paste", true},
+                                              {"selectAllMI", "selectAll", false}}};
+
+bool has(const QWidget& widget, const char* slot) {
+  return widget.metaObject()->indexOfMethod((QByteArray(slot) + "()").constData()) >= 0;
+}
+
+}  // namespace
+
+MenuCommands::MenuCommands(QMainWindow& window, ui::MainViewControl& views,
+                           html_editor::HTMLViewController& htmlView, const store::SharedState& state)
+    : m_window(window), m_views(views), m_htmlView(htmlView), m_state(state) {
+  connectSitemaps();
+  connectLayouts();
+  connectFilters();
+  connectEditing();
+  connectAddresses();
+  qApp->installEventFilter(this);
+}
+
+void MenuCommands::connectSitemaps() {
+  const auto presses = [this](const char* action, const char* button, ui::View view) {
+    connect(&control<QAction>(m_window, action), &QAction::triggered, this, [this, button, view] {
+      in(view, [this, button] { control<QPushButton>(m_window, button).click(); });
+    });
+  };
+  presses("viewInBrowserMI", "vibButton", ui::htmlView);
+  presses("delHtmlLinkMI", "deleteButton", ui::htmlView);
+  presses("exportHtmlMI", "htmlExportButton", ui::exportView);
+  presses("exportXmlMI", "xmlExportButton", ui::exportView);
+  presses("exportBrokenTextMI", "exportBrokenAsTXTButton", ui::brokenLinksView);
+  presses("exportBrokenHtmlMI", "exportBrokenAsHTMLButton", ui::brokenLinksView);
+  connect(&m_views, &ui::MainViewControl::viewShown, this, &MenuCommands::enableLinkDeletion);
+}
+
+void MenuCommands::connectLayouts() {
+  auto& menu = control<QMenu>(m_window, "layoutMenu");
+  auto& chooser = control<QComboBox>(m_window, "sitemapTypePopup");
+  auto* group = new QActionGroup(&menu);
+  for (int i = 0; i < chooser.count(); ++i) {
+    QAction* layout = menu.addAction(chooser.itemText(i));
+    layout->setCheckable(true);
+    group->addAction(layout);
+    connect(layout, &QAction::triggered, this, [this, &chooser, i] {
+      in(ui::htmlView, [this, &chooser, i] {
+        if (!chooser.isEnabled()) return;
+        chooser.setCurrentIndex(i);
+        m_htmlView.changeMapType();
+      });
+    });
+  }
+  const auto mark = [group](int index) {
+    if (index >= 0) group->actions().at(index)->setChecked(true);
+  };
+  connect(&chooser, &QComboBox::currentIndexChanged, this, mark);
+  mark(chooser.currentIndex());
+}
+
+void MenuCommands::connectFilters() {
+  connect(&control<QAction>(m_window, "addFilterMI"), &QAction::triggered, this, [this] {
+    in(ui::scanView, [this] {
+      control<QPushButton>(m_window, "filterDrawerButton").setChecked(true);
+      control<QLineEdit>(m_window, "newFilterInput").setFocus();
+    });
+  });
+}
+
+void MenuCommands::connectEditing() {
+  for (const Editing& each : kEditing) {
+    connect(&control<QAction>(m_window, each.action), &QAction::triggered, this,
+            [this, &each] { triggerOnFocus(each.slot); });
+  }
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](const QWidget*, const QWidget* now) { enableEditing(now); });
+  enableEditing(nullptr);
+}
+
+void MenuCommands::connectAddresses() {
+  connect(&control<QAction>(m_window, "copyAddressMI"), &QAction::triggered, this,
+          [this] { triggerOnAddress(ui::kCopySelection); });
+  connect(&control<QAction>(m_window, "openAddressMI"), &QAction::triggered, this,
+          [this] { triggerOnAddress(ui::kOpenSelection); });
+}
+
+void MenuCommands::in(ui::View view, std::function<void()> command) {
+  if (m_views.returnCurrentView() == view || (view == ui::htmlView && showsSitemap())) return command();
+  m_htmlView.checkSave([this, view, command = std::move(command)] {
+    switch (view) {
+      case ui::scanView:
+        m_views.scanTBIAction();
+        break;
+      case ui::htmlView:
+        m_views.htmlTBIAction();
+        break;
+      case ui::exportView:
+        m_views.exportTBIAction();
+        break;
+      default:
+        m_views.showBrokenLinks();
+        break;
+    }
+    command();
+  });
+}
+
+bool MenuCommands::showsSitemap() const {
+  return m_state.qzvskCurrentView == ui::htmlView || m_state.qzvskCurrentView == ui::htmlEditorView;
+}
+
+bool MenuCommands::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    // Fields of text have keys of their own: on some desktops Ctrl+E goes to the end of the line.
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    if (widget != nullptr && widget->window() == &m_window && isCommandKey(*static_cast<QKeyEvent*>(event))) {
+      event->ignore();
+      return true;
+    }
+  }
+  if (event->type() == QEvent::EnabledChange && watched->objectName() == QLatin1String("deleteButton")) {
+    enableLinkDeletion();
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+bool MenuCommands::isCommandKey(const QKeyEvent& event) const {
+  const QKeySequence key(event.keyCombination());
+  for (const QAction* action : m_window.findChildren<QAction*>()) {
+    if (action->shortcutContext() != Qt::WindowShortcut || !action->shortcuts().contains(key)) continue;
+    return std::none_of(kEditing.begin(), kEditing.end(), [&](const Editing& each) {
+      return action->objectName() == QLatin1String(each.action);
+    });
+  }
+  return false;
+}
+
+/// Menus and sheets that take the focus for a while change nothing.
+void MenuCommands::enableEditing(const QWidget* focus) {
+  if (focus != nullptr && focus->window() != &m_window) return;
+  const auto* field = qobject_cast<const QLineEdit*>(focus);
+  const bool typed = focus != nullptr && has(*focus, "paste") && (field == nullptr || !field->isReadOnly());
+  for (const Editing& each : kEditing) {
+    if (each.changes) control<QAction>(m_window, each.action).setEnabled(typed);
+  }
+}
+
+void MenuCommands::enableLinkDeletion() {
+  const bool shown = m_views.returnCurrentView() == ui::htmlView;
+  control<QAction>(m_window, "delHtmlLinkMI")
+      .setEnabled(shown && control<QPushButton>(m_window, "deleteButton").isEnabled());
+}
+
+/// Copies, selects and so on in whatever has the focus, by its own means.
+void MenuCommands::triggerOnFocus(const char* slot) {
+  QWidget* focus = m_window.focusWidget();
+  if (focus == nullptr) return;
+  QAction* copy = qstrcmp(slot, "copy") == 0 ? ui::addressAction(focus, ui::kCopySelection) : nullptr;
+  if (copy != nullptr) return copy->trigger();
+  if (has(*focus, slot)) QMetaObject::invokeMethod(focus, slot);
+}
+
+/// On the list that has the focus, else the one that the view is about, else the list of sites.
+void MenuCommands::triggerOnAddress(const char* actionName) {
+  const char* list = m_state.qzvskCurrentView == ui::xmlView           ? "xmlTableView"
+                     : m_state.qzvskCurrentView == ui::brokenLinksView ? "badLinkTable"
+                                                                       : "siteListTable";
+  for (const QWidget* each : std::initializer_list<const QWidget*>{
+           m_window.focusWidget(), &control<QAbstractItemView>(m_window, list),
+           &control<QAbstractItemView>(m_window, "siteListTable")}) {
+    if (QAction* action = ui::addressAction(each, actionName)) return action->trigger();
+  }
+}
+
+}  // namespace app
