@@ -1,9 +1,7 @@
 #include "fault_test.h"
 
 #include <algorithm>
-#include <chrono>
 #include <string_view>
-#include <thread>
 #include <utility>
 
 #include <unistd.h>
@@ -11,6 +9,7 @@
 #include "platform/files.h"
 #include "sitemaps/html_format.h"
 #include "sitemaps/xml_format.h"
+#include "support/waiting.h"
 
 namespace faults {
 
@@ -88,11 +87,7 @@ MountedFolder::MountedFolder(const std::string& options, const fs::path& content
                                      content.string(), readOnly});
   m_holder.emplace("/usr/bin/env", arguments);
   // The script says its process number once it is done, and ends with a complaint when it cannot.
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-  while (!m_holder->output().ends_with('\n') && m_holder->errors().empty()) {
-    if (std::chrono::steady_clock::now() > deadline) break;
-    std::this_thread::sleep_for(std::chrono::milliseconds(2));
-  }
+  support::comesTrue([&] { return m_holder->output().ends_with('\n') || !m_holder->errors().empty(); });
   std::string process = m_holder->output();
   if (!process.ends_with('\n')) {
     m_problem = m_holder->errors();

@@ -116,8 +116,7 @@ TEST_F(OddFolders, ASiteThatIsDeletedInMidScanStaysDeleted) {
   std::atomic<bool> deleted = false;
   const support::SiteServer server([&](const std::string& target, int) {
     if (target == "/page11.html" && !deleted.exchange(true)) fs::remove_all(site());
-    const auto found = pages.find(target);
-    return found != pages.end() ? found->second : support::ServedPage{.status = 404};
+    return support::pageOf(pages, target);
   });
   prepare({"add", "shop", server.url()});
   const auto result = run({"scan", "shop"});

@@ -17,7 +17,7 @@ struct ProgramOptions {
   std::map<std::string, std::string> environment = {};  // beside, or instead of, what this process has
   std::string input = {};                               // what the program reads
   StandardInput inputFrom = StandardInput::file;
-  std::chrono::milliseconds timeLimit{60'000};  // for wait(); the program is killed then
+  std::chrono::milliseconds timeLimit{300'000};  // for wait(); the program is killed then
 };
 
 struct ProgramResult {

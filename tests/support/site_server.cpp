@@ -7,17 +7,13 @@
 
 namespace support {
 
-namespace {
-
-ServedPage lookUp(const SiteServer::Pages& pages, const std::string& target) {
+ServedPage pageOf(const SiteServer::Pages& pages, const std::string& target) {
   const auto found = pages.find(target);
   return found != pages.end() ? found->second : ServedPage{.body = "<title>Missing</title>", .status = 404};
 }
 
-}  // namespace
-
 SiteServer::SiteServer(Pages pages, int port)
-    : SiteServer([pages = std::move(pages)](const std::string& target, int) { return lookUp(pages, target); },
+    : SiteServer([pages = std::move(pages)](const std::string& target, int) { return pageOf(pages, target); },
                  port) {}
 
 SiteServer::SiteServer(Handler handler, int port)

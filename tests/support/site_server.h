@@ -54,4 +54,7 @@ class SiteServer {
   std::thread m_thread;
 };
 
+/// What a site of these pages answers.
+ServedPage pageOf(const SiteServer::Pages& pages, const std::string& target);
+
 }  // namespace support

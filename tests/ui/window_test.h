@@ -18,11 +18,11 @@
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
 #include "support/temp_folder.h"
+#include "support/waiting.h"
 
 namespace window_tests {
 
-/// Longer than anything takes on a busy machine; only a test that fails waits so long.
-constexpr int kPatience = 20'000;
+constexpr int kPatience = static_cast<int>(support::kPatience.count());
 
 /// Whether `condition` comes true, while the window goes on working.
 bool comesTrue(const std::function<bool()>& condition);
