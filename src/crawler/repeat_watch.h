@@ -20,18 +20,19 @@ struct EndlessHint {
   std::string text() const;
 };
 
-/// Counts documents by their fingerprints in bounded memory: of many different ones the rare are forgotten,
-/// and only those that come again and again are counted.
+/// Counts documents that come again under addresses that grow: by a path that repeats itself, or by queries
+/// or fragments behind the same path. Works in bounded memory: of many different ones the rare are forgotten.
 class RepeatWatch {
  public:
   RepeatWatch();
 
-  /// Notes a visited address. Gives the hint once: when the 200th address has given the same document.
+  /// Notes a visited address. Gives the hint once: when the 200th address that grew has given the same
+  /// document.
   std::optional<EndlessHint> visited(std::string_view url, std::uint64_t fingerprint);
 
  private:
   struct Slot {
-    std::uint64_t fingerprint = 0;
+    std::uint64_t growth = 0;
     int count = 0;  // lowered by other documents that fall on the same slot
     std::string firstUrl;
   };
