@@ -1,11 +1,10 @@
 // From an href to a page of the site. Input: the start address, the address of the page in hand, the href,
 // then the known pages, one a line.
-#include "crawler/link_rules.h"
-
 #include <algorithm>
 #include <set>
 #include <string>
 
+#include "crawler/simple_link_rules.h"
 #include "fuzz_target.h"
 #include "platform/uri.h"
 

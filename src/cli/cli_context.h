@@ -20,9 +20,9 @@ enum ExitCode : int {
   exitFoundFaults = 1,  // a sitemap was checked and is not valid
   exitBadInput = 2,     // bad usage or input
   exitUnreachable = 3,  // a scan's start URL
-  exitFileFailure = 4,  // a file could not be read or written
+  exitFileFailure = 4,  // a file could not be read or written, or a scan failed
   exitSiteBusy = 5,     // another program scans the site
-  exitStopped = 130,    // by SIGINT or SIGTERM
+  exitStopped = 130,    // by SIGINT, SIGTERM or SIGHUP
 };
 
 /// Made once, before the command runs.

@@ -15,7 +15,6 @@
 #include "platform/curl_http_client.h"
 #include "sitemaps/xml_format.h"
 #include "store/filters_file.h"
-#include "store/shared_state.h"
 #include "store/site_list.h"
 
 namespace cli {
@@ -24,16 +23,10 @@ namespace {
 
 constexpr std::size_t kBrokenPagesShown = 20;
 
-/// What the scan needs of the site, read from its folder.
-struct SiteToScan {
-  store::SiteDetails details;
-  store::SharedState state;
-};
-
-/// Reads the site as selecting it in a list does. On a failure says why and returns the exit code in
-/// `failure`.
-std::optional<SiteToScan> selectForScan(const CliContext& context, const std::string& name,
-                                        ExitCode& failure) {
+/// What the scan needs of the site, read as selecting it in a list does. On a failure says why and returns
+/// the exit code in `failure`.
+std::optional<crawler::ScanSettings> selectForScan(const CliContext& context, const std::string& name,
+                                                   ExitCode& failure) {
   if (!context.hasSite(name)) {
     failure = reportUnknownSite(name);
     return {};
@@ -55,10 +48,10 @@ std::optional<SiteToScan> selectForScan(const CliContext& context, const std::st
                                 filters.result);
     return {};
   }
-  SiteToScan selected{site.details, {}};
-  selected.state.qzvskCurSite = name;
-  selected.state.qzvskFiltersArray = filters.entries;
-  return selected;
+  return crawler::ScanSettings{.siteName = name,
+                               .startUrl = site.details.url,
+                               .ignoreRobots = site.details.ignoreRobots,
+                               .filters = filters.entries};
 }
 
 void printCounts(const crawler::ScanResult& result, double seconds) {
@@ -73,15 +66,15 @@ void printCounts(const crawler::ScanResult& result, double seconds) {
             << std::setprecision(1) << seconds << '\n';
 }
 
-void printBroken(const store::SharedState& state) {
-  const std::size_t count = state.qzvskBadLinkArray.size();
-  if (count == 0) return;
+void printBroken(const std::vector<store::BrokenPage>& pages) {
+  if (pages.empty()) return;
   std::cout << "Broken pages:\n";
-  for (std::size_t i = 0; i < std::min(count, kBrokenPagesShown); ++i) {
-    std::cout << "  " << printable(state.qzvskBadLinkArray[i]) << " ("
-              << printable(state.qzvskBadLinkReasonArray[i]) << ")\n";
+  for (std::size_t i = 0; i < std::min(pages.size(), kBrokenPagesShown); ++i) {
+    std::cout << "  " << printable(pages[i].url) << " (" << printable(pages[i].reason) << ")\n";
   }
-  if (count > kBrokenPagesShown) std::cout << "  and " << count - kBrokenPagesShown << " more\n";
+  if (pages.size() > kBrokenPagesShown) {
+    std::cout << "  and " << pages.size() - kBrokenPagesShown << " more\n";
+  }
 }
 
 /// Names the files that are written in full; what is wrong with the others is said elsewhere.
@@ -98,18 +91,19 @@ void printFiles(const std::filesystem::path& folder, const std::vector<sitemaps:
   if (!names.empty()) std::cout << "Written to " << printable(folder.native()) << ":\n " << names << '\n';
 }
 
-void printSummary(const CliContext& context, const crawler::ScanResult& result,
-                  const store::SharedState& state, double seconds) {
-  const std::string& name = state.qzvskCurSite;
+void printSummary(const CliContext& context, const crawler::ScanResult& result, double seconds) {
+  const std::string name = printable(result.siteName);
   if (result.end == crawler::ScanEnd::complete) {
-    std::cout << "Scanned \"" << printable(name) << "\"\n";
+    std::cout << "Scanned \"" << name << "\"\n";
   } else {
-    std::cout << "Stopped the scan of \"" << printable(name) << "\" after " << result.progress.pagesScanned
-              << " of " << result.statistics.pagesFound << " pages found so far\n";
+    std::cout << (result.end == crawler::ScanEnd::failed ? "The scan of \"" + name + "\" failed"
+                                                         : "Stopped the scan of \"" + name + "\"")
+              << " after " << result.progress.pagesScanned << " of " << result.statistics.pagesFound
+              << " pages found so far\n";
   }
   printCounts(result, seconds);
-  printBroken(state);
-  printFiles(context.controls.siteFolder(name), result.problems);
+  printBroken(result.brokenPages);
+  if (result.documentsClosed) printFiles(context.controls.siteFolder(result.siteName), result.problems);
 }
 
 void printProblems(const crawler::ScanResult& result) {
@@ -120,11 +114,12 @@ void printProblems(const crawler::ScanResult& result) {
   }
 }
 
-ExitCode exitCodeOf(const crawler::ScanResult& result, bool signalled) {
+ExitCode exitCodeOf(const crawler::ScanResult& result, bool signalled, bool readerIsGone) {
   switch (result.end) {
     case crawler::ScanEnd::busy:
       return exitSiteBusy;
     case crawler::ScanEnd::unwritable:
+    case crawler::ScanEnd::failed:
       return exitFileFailure;
     case crawler::ScanEnd::unreachable:
       return exitUnreachable;
@@ -134,12 +129,12 @@ ExitCode exitCodeOf(const crawler::ScanResult& result, bool signalled) {
     case crawler::ScanEnd::complete:
       break;
   }
-  if (!result.problems.empty()) return exitFileFailure;
+  if (!result.problems.empty() || readerIsGone) return exitFileFailure;
   return result.progress.brokenLinks > 0 ? exitFoundBroken : exitDone;
 }
 
 void report(const CliContext& context, const ScanOptions& options, const crawler::ScanResult& result,
-            const store::SharedState& state, double seconds) {
+            double seconds) {
   if (result.end == crawler::ScanEnd::busy) {
     reportBusySite(options.siteName);
     return;
@@ -147,9 +142,11 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
   if (result.end == crawler::ScanEnd::unreachable) {
     printError(crawler::kUnreachableTitle);
     printError(std::string(crawler::kUnreachablePrefix) + printable(result.unreachableReason));
-  } else if (result.end != crawler::ScanEnd::unwritable && options.progress != ProgressStyle::json) {
-    printSummary(context, result, state, seconds);
+  } else if (result.hasCounts() && options.progress != ProgressStyle::json) {
+    printSummary(context, result, seconds);
   }
+  if (!result.failure.empty()) printError("The scan failed: " + printable(result.failure));
+  for (const std::string& sentence : result.leftOut.sentences()) printWarning(sentence);
   printProblems(result);
   if (!result.reasons.ok()) {
     printWarning("The reasons of the broken pages could not be kept: " + printable(result.reasons.error));
@@ -160,27 +157,26 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
 
 int runScan(const CliContext& context, const ScanOptions& options) {
   ExitCode failure = exitDone;
-  std::optional<SiteToScan> site = selectForScan(context, options.siteName, failure);
-  if (!site) return failure;
+  std::optional<crawler::ScanSettings> settings = selectForScan(context, options.siteName, failure);
+  if (!settings) return failure;
+  settings->maxPages = options.maxPages;
+  settings->dateStyle = platform::environmentDateStyle();
 
   const auto started = std::chrono::steady_clock::now();
   const SignalWatch signals;
   platform::CurlHttpClient client("Veskel/" VESKEL_VERSION);
   crawler::ReadAheadPages pages(
       client, {.connections = options.connections, .maxPages = static_cast<std::size_t>(options.maxPages)});
-  const std::unique_ptr<QuietView> view = makeView(options, site->details.url);
-  crawler::SiteScanner scanner({context.controls, site->state, client, pages, *view, &context.reasons},
-                               {.startUrl = site->details.url,
-                                .ignoreRobots = site->details.ignoreRobots,
-                                .maxPages = options.maxPages,
-                                .dateStyle = platform::environmentDateStyle()});
+  const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
+  crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons},
+                               *std::move(settings));
   view->setScanner(scanner);
   const std::stop_callback cancel(signals.token(), [&scanner] { scanner.cancelScan(); });
 
   scanner.scanSiteAction();
   scanner.wait();
-  report(context, options, view->result(), site->state, secondsSince(started));
-  return exitCodeOf(view->result(), signals.token().stop_requested());
+  report(context, options, scanner.result(), secondsSince(started));
+  return exitCodeOf(scanner.result(), signals.token().stop_requested(), view->readerIsGone());
 }
 
 }  // namespace cli

@@ -1,6 +1,7 @@
 #include "cli/scan_progress.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <iostream>
 
@@ -44,17 +45,43 @@ std::string_view firstCharacters(std::string_view text, std::size_t width) {
   return text;
 }
 
-void printEvent(const Json& event) {
-  // Flushed a line at a time: whoever reads along wants to know now.
-  std::cout << event.dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
+std::string lineOf(const Json& event) {
+  return event.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+/// As the JSON names it.
+std::string_view endName(crawler::ScanEnd end) {
+  switch (end) {
+    case crawler::ScanEnd::complete:
+      return "complete";
+    case crawler::ScanEnd::cancelled:
+      return "cancelled";
+    case crawler::ScanEnd::failed:
+      return "failed";
+    case crawler::ScanEnd::unreachable:
+      return "unreachable";
+    case crawler::ScanEnd::busy:
+      return "busy";
+    case crawler::ScanEnd::unwritable:
+      return "unwritable";
+  }
+  return "";
 }
 
 }  // namespace
 
-void QuietView::askAboutLooping() {
+void QuietView::write(std::ostream& stream, std::string_view text) {
+  errno = 0;
+  if (stream << text << std::flush || errno != EPIPE || m_readerIsGone) return;
+  m_readerIsGone = true;
+  m_scanner->cancelScan();
+}
+
+bool QuietView::askAboutLooping() {
   m_scanner->sheetDidEndShouldStopScan(m_loops == LoopAnswer::cancelScan
                                            ? crawler::LoopingAnswer::cancelScan
                                            : crawler::LoopingAnswer::continueScan);
+  return true;
 }
 
 void QuietView::scanMayNotEnd(const crawler::EndlessHint& hint) {
@@ -62,10 +89,6 @@ void QuietView::scanMayNotEnd(const crawler::EndlessHint& hint) {
   if (hint.filter.empty()) return;
   printWarning("A filter would keep such addresses out: veskel-cli filters NAME --add '" +
                std::string(hint.filter) + "'");
-}
-
-void QuietView::scanFinished(const crawler::ScanResult& result, const crawler::PageQueue&) {
-  m_result = result;
 }
 
 void BarView::scanStarted() {
@@ -81,10 +104,10 @@ void BarView::updateScanSheet(const crawler::ScanProgress& progress) {
        std::to_string(progress.linksFound) + " links  " + printable(m_url));
 }
 
-void BarView::askAboutLooping() {
+bool BarView::askAboutLooping() {
   erase();
   printWarning(std::string(crawler::kLoopingTitle) + " " + std::string(crawler::kLoopingMessage));
-  QuietView::askAboutLooping();
+  return QuietView::askAboutLooping();
 }
 
 void BarView::scanMayNotEnd(const crawler::EndlessHint& hint) {
@@ -92,42 +115,35 @@ void BarView::scanMayNotEnd(const crawler::EndlessHint& hint) {
   QuietView::scanMayNotEnd(hint);
 }
 
-void BarView::scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) {
-  erase();
-  QuietView::scanFinished(result, pages);
-}
-
 void BarView::draw(const std::string& line) {
   // Back to the start of the line, and what is left of the old one goes.
-  std::cerr << '\r' << firstCharacters(line, terminalWidth() - 1) << "\x1b[K" << std::flush;
+  write(std::cerr, "\r" + std::string(firstCharacters(line, terminalWidth() - 1)) + "\x1b[K");
 }
 
 void BarView::erase() {
-  std::cerr << "\r\x1b[K" << std::flush;
+  write(std::cerr, "\r\x1b[K");
 }
 
 void JsonView::scanStarted() {
-  printEvent({{"event", "start"}, {"site", m_siteName}, {"url", m_startUrl}});
+  write(std::cout, lineOf({{"event", "start"}, {"site", m_siteName}, {"url", m_startUrl}}));
 }
 
 void JsonView::pageVisited(const crawler::VisitedPage& page) {
-  printEvent({{"event", "page"}, {"url", page.url}, {"status", page.status}});
-  if (!page.brokenReason.empty()) {
-    printEvent({{"event", "broken"}, {"url", page.url}, {"reason", page.brokenReason}});
-  }
+  write(std::cout, lineOf({{"event", "page"}, {"url", page.url}, {"status", page.status}}));
+  if (page.brokenReason.empty()) return;
+  write(std::cout, lineOf({{"event", "broken"}, {"url", page.url}, {"reason", page.brokenReason}}));
 }
 
-void JsonView::askAboutLooping() {
-  printEvent({{"event", "looping"}, {"message", crawler::kLoopingMessage}});
-  QuietView::askAboutLooping();
+bool JsonView::askAboutLooping() {
+  write(std::cout, lineOf({{"event", "looping"}, {"message", crawler::kLoopingMessage}}));
+  return QuietView::askAboutLooping();
 }
 
 void JsonView::scanMayNotEnd(const crawler::EndlessHint& hint) {
-  printEvent({{"event", "mayNotEnd"}, {"message", hint.text()}, {"filter", hint.filter}});
+  write(std::cout, lineOf({{"event", "mayNotEnd"}, {"message", hint.text()}, {"filter", hint.filter}}));
 }
 
-void JsonView::scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) {
-  QuietView::scanFinished(result, pages);
+void JsonView::scanFinished(const crawler::ScanResult& result) {
   Json event = {{"event", "finished"},
                 {"end", endName(result.end)},
                 {"pagesFound", result.statistics.pagesFound},
@@ -137,10 +153,15 @@ void JsonView::scanFinished(const crawler::ScanResult& result, const crawler::Pa
                 {"totalLinks", result.statistics.totalLinks},
                 {"seconds", std::round(secondsSince(m_started) * 1000) / 1000}};
   if (!result.unreachableReason.empty()) event["errorCode"] = result.unreachableReason;
+  if (!result.failure.empty()) event["error"] = result.failure;
+  const crawler::LeftOut& leftOut = result.leftOut;
+  if (leftOut.longLinks > 0) event["leftOut"]["longLinks"] = leftOut.longLinks;
+  if (leftOut.surplusLinks > 0) event["leftOut"]["surplusLinks"] = leftOut.surplusLinks;
+  if (leftOut.surplusPages > 0) event["leftOut"]["surplusPages"] = leftOut.surplusPages;
   for (const sitemaps::FileProblem& problem : result.problems) {
     event["problems"].push_back({{"file", problem.path.native()}, {"error", problem.result.error}});
   }
-  printEvent(event);
+  write(std::cout, lineOf(event));
 }
 
 std::unique_ptr<QuietView> makeView(const ScanOptions& options, const std::string& startUrl) {
@@ -155,22 +176,6 @@ std::unique_ptr<QuietView> makeView(const ScanOptions& options, const std::strin
       if (isatty(STDERR_FILENO) == 1) return std::make_unique<BarView>(options.loops);
   }
   return std::make_unique<QuietView>(options.loops);
-}
-
-std::string_view endName(crawler::ScanEnd end) {
-  switch (end) {
-    case crawler::ScanEnd::complete:
-      return "complete";
-    case crawler::ScanEnd::cancelled:
-      return "cancelled";
-    case crawler::ScanEnd::unreachable:
-      return "unreachable";
-    case crawler::ScanEnd::busy:
-      return "busy";
-    case crawler::ScanEnd::unwritable:
-      return "unwritable";
-  }
-  return "";
 }
 
 double secondsSince(std::chrono::steady_clock::time_point start) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <iosfwd>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -12,7 +13,8 @@
 
 namespace cli {
 
-/// A view that shows nothing, answers the looping warning as it was told, and keeps the result.
+/// A view that shows nothing but warnings, and answers the looping warning as it was told. When nobody reads
+/// any more what it writes, it cancels the scan.
 class QuietView : public crawler::ScanView {
  public:
   explicit QuietView(LoopAnswer loops) : m_loops(loops) {}
@@ -20,31 +22,20 @@ class QuietView : public crawler::ScanView {
   /// The scanner to answer to; set before the scan starts.
   void setScanner(crawler::SiteScanner& scanner) { m_scanner = &scanner; }
 
-  /// How the scan ended. To be read once the scan is over.
-  const crawler::ScanResult& result() const { return m_result; }
+  /// Whether the reader of stdout or stderr went away during the scan.
+  bool readerIsGone() const { return m_readerIsGone; }
 
-  void scanStarted() override {}
-  void connectionEstablished() override {}
-  void siteUnreachable(std::string_view) override {}
-  void updateTotLink(int) override {}
-  void updateScanSheet(const crawler::ScanProgress&) override {}
-  void updateScanLinksList(std::string_view) override {}
-  void pageVisited(const crawler::VisitedPage&) override {}
-  void loopingError(crawler::LoopingSheet) override {}
-  void askAboutLooping() override;
+  bool askAboutLooping() override;
   void scanMayNotEnd(const crawler::EndlessHint& hint) override;
-  void endStartAlert() override {}
-  void updateAllScanDetails(const store::ScanStatistics&, int) override {}
-  void endStopAlert() override {}
-  void scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) override;
 
  protected:
-  LoopAnswer loops() const { return m_loops; }
+  /// Writes the text at once.
+  void write(std::ostream& stream, std::string_view text);
 
  private:
   LoopAnswer m_loops;
   crawler::SiteScanner* m_scanner = nullptr;
-  crawler::ScanResult m_result;
+  bool m_readerIsGone = false;
 };
 
 /// One line on stderr, drawn anew at most ten times a second.
@@ -53,13 +44,11 @@ class BarView : public QuietView {
   using QuietView::QuietView;
 
   void scanStarted() override;
-  void siteUnreachable(std::string_view) override { erase(); }
   void updateScanSheet(const crawler::ScanProgress& progress) override;
   void pageVisited(const crawler::VisitedPage& page) override { m_url = page.url; }
-  void askAboutLooping() override;
+  bool askAboutLooping() override;
   void scanMayNotEnd(const crawler::EndlessHint& hint) override;
-  void endStartAlert() override { erase(); }
-  void scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) override;
+  void scanFinished(const crawler::ScanResult&) override { erase(); }
 
  private:
   void draw(const std::string& line);
@@ -77,9 +66,9 @@ class JsonView : public QuietView {
 
   void scanStarted() override;
   void pageVisited(const crawler::VisitedPage& page) override;
-  void askAboutLooping() override;
+  bool askAboutLooping() override;
   void scanMayNotEnd(const crawler::EndlessHint& hint) override;
-  void scanFinished(const crawler::ScanResult& result, const crawler::PageQueue& pages) override;
+  void scanFinished(const crawler::ScanResult& result) override;
 
  private:
   std::string m_siteName;
@@ -89,9 +78,6 @@ class JsonView : public QuietView {
 
 /// The view for a style; `automatic` draws the bar where stderr is a terminal.
 std::unique_ptr<QuietView> makeView(const ScanOptions& options, const std::string& startUrl);
-
-/// "complete", "cancelled" and so on, as the JSON names it.
-std::string_view endName(crawler::ScanEnd end);
 
 /// Seconds since `start`.
 double secondsSince(std::chrono::steady_clock::time_point start);

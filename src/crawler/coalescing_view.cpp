@@ -19,27 +19,18 @@ CoalescingView::CoalescingView() : m_pending(kMaxLinksPerFlush) {
   connect(&m_flush, &QTimer::timeout, this, &CoalescingView::flush);
 }
 
-void CoalescingView::siteUnreachable(std::string_view errorText) {
-  add({.kind = ScanEvent::Kind::unreachable, .text = std::string(errorText)});
-}
-
-void CoalescingView::loopingError(LoopingSheet sheet) {
-  add({sheet == LoopingSheet::stop ? ScanEvent::Kind::progressDown : ScanEvent::Kind::progressUp});
+bool CoalescingView::askAboutLooping() {
+  add(&ScanView::askAboutLooping);
+  return true;
 }
 
 void CoalescingView::scanMayNotEnd(const EndlessHint& hint) {
-  add({.kind = ScanEvent::Kind::mayNotEnd, .text = hint.text(), .filter = std::string(hint.filter)});
+  add([hint](ScanView& view) { view.scanMayNotEnd(hint); });
 }
 
-void CoalescingView::updateAllScanDetails(const store::ScanStatistics& statistics, int brokenLinks) {
-  add({.kind = ScanEvent::Kind::details, .statistics = statistics, .brokenLinks = brokenLinks});
-}
-
-void CoalescingView::scanFinished(const ScanResult& result, const PageQueue& pages) {
-  auto list = std::make_shared<std::vector<std::string>>();
-  list->reserve(pages.size());
-  for (std::size_t i = 0; i < pages.size(); ++i) list->emplace_back(pages[i]);
-  add({.kind = ScanEvent::Kind::finished, .result = result, .pages = std::move(list)});
+/// The result stays where it is until the scanner goes, which is behind this news.
+void CoalescingView::scanFinished(const ScanResult& result) {
+  add([&result](ScanView& view) { view.scanFinished(result); });
 }
 
 void CoalescingView::add(ScanEvent event) {

@@ -34,7 +34,7 @@ void LinkListModel::append(std::deque<std::string> links) {
   endInsertRows();
 }
 
-void LinkListModel::setPages(std::shared_ptr<const std::vector<std::string>> pages) {
+void LinkListModel::setPages(std::shared_ptr<const PageQueue> pages) {
   beginResetModel();
   m_links.clear();
   m_pages = std::move(pages);
@@ -49,7 +49,7 @@ int LinkListModel::rowCount(const QModelIndex& parent) const {
 QVariant LinkListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
   const auto row = static_cast<std::size_t>(index.row());
-  return platform::toQString(m_pages ? (*m_pages)[row] : m_links[row]);
+  return platform::toQString(m_pages ? (*m_pages)[row] : std::string_view(m_links[row]));
 }
 
 }  // namespace crawler

@@ -5,7 +5,8 @@
 #include <deque>
 #include <memory>
 #include <string>
-#include <vector>
+
+#include "crawler/page_queue.h"
 
 namespace crawler {
 
@@ -20,14 +21,14 @@ class LinkListModel : public QAbstractListModel {
   /// Adds links at the end. Beyond 100,000 the oldest go.
   void append(std::deque<std::string> links);
   /// Shows these instead, however many.
-  void setPages(std::shared_ptr<const std::vector<std::string>> pages);
+  void setPages(std::shared_ptr<const PageQueue> pages);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
  private:
   std::deque<std::string> m_links;
-  std::shared_ptr<const std::vector<std::string>> m_pages;  // null while links are shown
+  std::shared_ptr<const PageQueue> m_pages;  // null while links are shown
 };
 
 }  // namespace crawler

@@ -1,8 +1,8 @@
-// The rules for links, as plain operations on text: where a link leads, whether it is a page of the site, and
-// which spellings mean the same page. Case, percent-encoding and dot segments stay as written.
+// What a scan asks about links. A set of rules answers, chosen once at the start of a scan.
 #pragma once
 
-#include <span>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,46 +10,45 @@
 
 namespace crawler {
 
-/// File extensions of pages, with their dots; comparisons are exact. Where several could match, the first
-/// counts.
-using AllowedMedia = std::span<const std::string_view>;
-
-/// The extensions that every scan uses.
-AllowedMedia pageExtensions();
-
-/// What links are made absolute against.
-struct LinkBase {
-  std::string siteBaseURL;  // start address cut back to its folder
-  std::string pageBaseURL;  // address of the page in hand, cut back to its folder when it names a file
-  std::string pageBaseURLUnchanged;  // address of the page in hand, as queued
+/// Why a link is not followed. One reason a link: the first that applies.
+enum class LinkReason {
+  none,                // it is a page of the site: listed and followed
+  outside,             // of the site: listed only
+  empty,               // leads nowhere; this and all below are neither listed nor followed
+  foreignExtension,    // no page's
+  folderOfKnownIndex,  // its index page is known already
+  filter,              // a filter stands in it
+  robots,              // a rule of robots.txt stands in it
 };
 
-/// The folder that a site's links are compared with: `startUrl` up to its last "/".
-std::string siteBaseOf(std::string_view startUrl);
+struct JudgedLink {
+  std::string address;  // as it is listed, and visited if it is a page of the site
+  LinkReason reason = LinkReason::none;
+  std::size_t which = 0;  // index of the filter or robots rule, the first in the list that applies
 
-/// The folder that links on a page start from. A page whose path has no "." is its own folder, so a link on
-/// "http://h/list" leads to "http://h/listother.html".
-std::string pageBaseOf(std::string_view pageUrl);
+  bool isListed() const { return reason == LinkReason::none || reason == LinkReason::outside; }
+};
 
-/// The absolute address that an href leads to. Empty for a mailto link without an address. Never fails.
-std::string rebuildHREF(std::string_view href, const LinkBase& base);
+/// A set of rules for the links of one site. Called on the scan's thread only.
+class LinkRules {
+ public:
+  virtual ~LinkRules() = default;
 
-/// Whether a link without a query ends in an extension that is no page's. The extension starts at the first
-/// dot of the path, so a dot in a folder's name counts.
-bool hasForeignExtension(std::string_view link, AllowedMedia media);
+  /// The links that follow are found on this page, whose address is as queued.
+  virtual void enterPage(std::string_view url) = 0;
 
-/// Whether a link to a folder leads to an index page that is known already.
-bool isFolderOfKnownIndex(std::string_view link, const PageQueue& known, AllowedMedia media);
+  /// Where an href of the page in hand leads. Nothing for an address that would be longer than the rules
+  /// allow; that costs no more than to read the href.
+  virtual std::optional<std::string> makeAbsolute(std::string_view href) const = 0;
 
-/// `link` with "/" at its end when it has no path.
-std::string withPath(std::string link);
+  /// What becomes of a link that was made absolute. `known` are the pages of the site known so far.
+  virtual JudgedLink judge(std::string link, const PageQueue& known) const = 0;
 
-/// Whether the link lies inside the site: it begins with the site's base, schemes and a leading "www." aside.
-bool isInternal(std::string_view link, std::string_view siteBaseURL);
-
-/// Whether the link, its folder form ("/index.html" without the file) or its www form (with or without
-/// "www.") is known.
-bool isKnownPage(std::string_view link, const PageQueue& known, AllowedMedia media);
+  /// The address under which the page that a judged link leads to has to be queued; nothing when the page is
+  /// known already, in this spelling or another.
+  virtual std::optional<std::string_view> keyOfNewPage(std::string_view link,
+                                                       const PageQueue& known) const = 0;
+};
 
 /// Whether the address hints at links that build upon each other without end: four or more question marks.
 bool looksLikeLoop(std::string_view url);

@@ -37,10 +37,12 @@ std::uint64_t randomSeed() {
 
 }  // namespace
 
-PageQueue::PageQueue() : m_slots(kFirstSlots), m_seed(randomSeed()) {}
+PageQueue::PageQueue(std::size_t maxBytes)
+    : m_bytesLeft(maxBytes), m_slots(kFirstSlots), m_seed(randomSeed()) {}
 
-bool PageQueue::append(std::string_view url) {
-  if (contains(url)) return false;
+Queued PageQueue::append(std::string_view url) {
+  if (contains(url)) return Queued::before;
+  if (url.size() > m_bytesLeft) return Queued::noRoom;
   if ((m_entries.size() + 1) * 2 > m_slots.size()) grow();
   m_entries.push_back(store(url));
   const std::uint64_t hash = hashOf(url, {}, {});
@@ -48,7 +50,8 @@ bool PageQueue::append(std::string_view url) {
   std::size_t at = hash & mask;
   while (m_slots[at].entry != 0) at = (at + 1) & mask;
   m_slots[at] = {static_cast<std::uint32_t>(hash >> 32), static_cast<std::uint32_t>(m_entries.size())};
-  return true;
+  m_bytesLeft -= url.size();
+  return Queued::now;
 }
 
 bool PageQueue::contains(std::string_view first, std::string_view second, std::string_view third) const {

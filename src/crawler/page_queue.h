@@ -10,19 +10,24 @@
 
 namespace crawler {
 
+enum class Queued { now, before, noRoom };
+
 /// Grows only. Each address is stored once, and a look-up costs the same at a hundred entries and at a
 /// million.
 class PageQueue {
  public:
-  PageQueue();
+  static constexpr std::size_t kMaxBytes = 1'000'000'000;
+
+  /// Takes addresses of at most so many bytes together.
+  explicit PageQueue(std::size_t maxBytes = kMaxBytes);
 
   std::size_t size() const { return m_entries.size(); }
 
   /// The entry at `index` in the order found. The view stays good as long as the queue.
   std::string_view operator[](std::size_t index) const { return m_entries[index]; }
 
-  /// Adds an address that is not known yet; false, and no change, when it is.
-  bool append(std::string_view url);
+  /// Adds an address that is not known yet, if there is room for it.
+  Queued append(std::string_view url);
 
   /// Whether the address made of the three pieces one after the other is known. Comparison is by bytes.
   bool contains(std::string_view first, std::string_view second = {}, std::string_view third = {}) const;
@@ -43,6 +48,7 @@ class PageQueue {
   std::string_view store(std::string_view url);
   void grow();
 
+  std::size_t m_bytesLeft;
   std::vector<std::string_view> m_entries;
   std::vector<std::unique_ptr<char[]>> m_blocks;  // the entries' text; blocks never move
   std::size_t m_blockLeft = 0;

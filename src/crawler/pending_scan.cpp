@@ -4,6 +4,13 @@
 
 namespace crawler {
 
+void PendingScan::restart(std::string_view startUrl) {
+  const std::lock_guard lock(m_mutex);
+  m_news = {};
+  m_news.url = startUrl;
+  m_told = false;
+}
+
 bool PendingScan::add(ScanEvent event) {
   const std::lock_guard lock(m_mutex);
   m_news.events.push_back(std::move(event));

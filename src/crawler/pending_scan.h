@@ -3,7 +3,7 @@
 
 #include <cstddef>
 #include <deque>
-#include <memory>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -12,37 +12,15 @@
 
 namespace crawler {
 
-/// A turn of the scan that the window has to react to, in order.
-struct ScanEvent {
-  enum class Kind {
-    started,
-    connected,
-    unreachable,  // text
-    progressDown,
-    looping,
-    progressUp,
-    mayNotEnd,  // text and filter
-    closing,
-    details,  // statistics and brokenLinks
-    closed,
-    finished,  // result and pages
-  };
-
-  Kind kind;
-  std::string text = {};
-  std::string filter = {};
-  store::ScanStatistics statistics = {};
-  int brokenLinks = 0;
-  ScanResult result = {};
-  std::shared_ptr<const std::vector<std::string>> pages = nullptr;
-};
+/// A turn of the scan, told to a view once more.
+using ScanEvent = std::function<void(ScanView&)>;
 
 /// All the news since the last look.
 struct ScanNews {
-  std::vector<ScanEvent> events;
+  std::vector<ScanEvent> events;  // in order
   std::deque<std::string> links;  // the newest, in order; older ones were left out when there were too many
   ScanProgress progress;          // where the scan stands
-  std::string url;                // the page handled last
+  std::string url;                // the page handled last; before the first the start address
 };
 
 /// Collects on the scan's thread what the window takes on its own, some twenty times a second: counters as a
@@ -51,6 +29,9 @@ struct ScanNews {
 class PendingScan {
  public:
   explicit PendingScan(std::size_t maxLinks) : m_maxLinks(maxLinks) {}
+
+  /// Forgets everything: another scan begins, and stands at zero.
+  void restart(std::string_view startUrl);
 
   // Each says whether this is the first news since the last look, so that somebody has to come and look.
   [[nodiscard]] bool add(ScanEvent event);

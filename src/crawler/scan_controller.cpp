@@ -25,8 +25,7 @@ struct ScanController::Scan {
   Scan(ScanController& owner, ScanSettings settings)
       : client("Veskel/" VESKEL_VERSION),
         pages(client),
-        scanner({owner.m_controls, owner.m_state, client, pages, owner.m_view, &owner.m_reasons},
-                std::move(settings)) {}
+        scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons}, std::move(settings)) {}
 
   platform::CurlHttpClient client;
   ReadAheadPages pages;
@@ -67,12 +66,16 @@ void ScanController::scanSiteAction() {
   auto& drawer = control<QDockWidget>(m_mainWindow, "filterDrawer");
   m_reopenFilterDrawer = drawer.isVisible();
   drawer.hide();
-  lockControls(true);
+  lockControls();
   forgetLastScan();
-  ScanSettings settings{.startUrl = toUtf8(control<QLabel>(m_mainWindow, "siteURL").text()),
+  ScanSettings settings{.siteName = m_state.qzvskCurSite,
+                        .startUrl = toUtf8(control<QLabel>(m_mainWindow, "siteURL").text()),
                         .ignoreRobots = m_ignoreRobots,
+                        .filters = m_state.qzvskFiltersArray,
                         .dateStyle = platform::environmentDateStyle()};
+  m_view.restart(settings.startUrl);
   m_establishConnectionSheet.setText(tr("Connecting to %1").arg(toQString(settings.startUrl)));
+  m_scanCustomAlertPanel.showProgress({}, toQString(settings.startUrl));
   m_scan = std::make_unique<Scan>(*this, std::move(settings));
   m_scan->scanner.scanSiteAction();
 }
@@ -83,7 +86,9 @@ void ScanController::cancelScan() {
 
 void ScanController::forgetLastScan() {
   m_links.clear();
-  showNotice({});
+  auto& notice = control<QLabel>(m_mainWindow, "scanNotice");
+  notice.clear();
+  notice.hide();
 }
 
 void ScanController::askToStop(std::function<void()> quit) {
@@ -103,104 +108,126 @@ void ScanController::askToStop(std::function<void()> quit) {
 void ScanController::onNews(const ScanNews& news) {
   m_links.append(news.links);
   m_scanCustomAlertPanel.showProgress(news.progress, toQString(news.url));
-  for (const ScanEvent& event : news.events) onEvent(event);
+  for (const ScanEvent& event : news.events) event(*this);
 }
 
-void ScanController::onEvent(const ScanEvent& event) {
-  switch (event.kind) {
-    case ScanEvent::Kind::started:
-      m_sheets.show(m_establishConnectionSheet);
-      break;
-    case ScanEvent::Kind::connected:
-      m_sheets.close(m_establishConnectionSheet);
-      m_sheets.show(m_scanCustomAlertPanel);
-      break;
-    case ScanEvent::Kind::unreachable:
-      m_sheets.close(m_establishConnectionSheet);
-      m_sheets.alert(toQString(kUnreachableTitle), toQString(event.text));
-      break;
-    case ScanEvent::Kind::progressDown:
-      m_sheets.close(m_scanCustomAlertPanel);
-      break;
-    case ScanEvent::Kind::looping:
-      onLooping();
-      break;
-    case ScanEvent::Kind::progressUp:
-      m_sheets.show(m_scanCustomAlertPanel);
-      break;
-    case ScanEvent::Kind::mayNotEnd:
-      showNotice(toQString(event.text) +
-                 (event.filter.empty()
-                      ? QString()
-                      : tr("\nThe filter \"%1\" keeps such addresses out.").arg(toQString(event.filter))));
-      break;
-    case ScanEvent::Kind::closing:
-      m_sheets.close(m_scanCustomAlertPanel);
-      m_scanCustomAlertPanel.reset();
-      m_sheets.show(m_endAlertPanel);
-      break;
-    case ScanEvent::Kind::details:
-      onDetails(event);
-      break;
-    case ScanEvent::Kind::closed:
-      m_sheets.close(m_endAlertPanel);
-      break;
-    case ScanEvent::Kind::finished:
-      onFinished(event);
-      break;
+void ScanController::scanStarted() {
+  m_state.qzvskBadLinkArray.clear();
+  m_state.qzvskBadLinkReasonArray.clear();
+  m_sheets.show(m_establishConnectionSheet);
+}
+
+void ScanController::connectionEstablished() {
+  m_sheets.close(m_establishConnectionSheet);
+  m_sheets.show(m_scanCustomAlertPanel);
+}
+
+/// The progress sheet goes down before the looping warning, and up again behind it.
+void ScanController::loopingError(bool isUp) {
+  if (isUp) {
+    m_sheets.close(m_scanCustomAlertPanel);
+  } else {
+    m_sheets.show(m_scanCustomAlertPanel);
   }
 }
 
-void ScanController::onLooping() {
+bool ScanController::askAboutLooping() {
+  loopingError(true);
   m_sheets.ask(toQString(kLoopingTitle), toQString(kLoopingMessage), tr("Continue"), tr("Cancel Scan"),
                [this](bool goOn) {
                  if (!m_scan) return;
+                 loopingError(false);
                  m_scan->scanner.sheetDidEndShouldStopScan(goOn ? LoopingAnswer::continueScan
                                                                 : LoopingAnswer::cancelScan);
                });
   m_mainWindow.activateWindow();
+  return true;
 }
 
-void ScanController::onDetails(const ScanEvent& event) {
+void ScanController::scanMayNotEnd(const EndlessHint& hint) {
+  QString text = toQString(hint.text());
+  if (!hint.filter.empty()) {
+    text += tr("\nThe filter \"%1\" keeps such addresses out.").arg(toQString(hint.filter));
+  }
+  addNotice(text);
+}
+
+void ScanController::endStartAlert() {
+  m_sheets.close(m_scanCustomAlertPanel);
+  m_scanCustomAlertPanel.reset();
+  m_sheets.show(m_endAlertPanel);
+}
+
+void ScanController::updateAllScanDetails(const ScanResult& result) {
   const QLocale locale;
-  control<QLabel>(m_mainWindow, "totalLinksFound").setText(locale.toString(event.statistics.totalLinks));
-  control<QLabel>(m_mainWindow, "pagesFound").setText(locale.toString(event.statistics.pagesFound));
-  control<QLabel>(m_mainWindow, "brokenLinks").setText(locale.toString(event.brokenLinks));
-  control<QLabel>(m_mainWindow, "linksScanned").setText(locale.toString(event.statistics.pagesUsed));
+  const int broken = result.progress.brokenLinks;
+  control<QLabel>(m_mainWindow, "totalLinksFound").setText(locale.toString(result.statistics.totalLinks));
+  control<QLabel>(m_mainWindow, "pagesFound").setText(locale.toString(result.statistics.pagesFound));
+  control<QLabel>(m_mainWindow, "brokenLinks").setText(locale.toString(broken));
+  control<QLabel>(m_mainWindow, "linksScanned").setText(locale.toString(result.statistics.pagesUsed));
   auto& button = control<QPushButton>(m_mainWindow, "brokenLinksButton");
-  button.setEnabled(event.brokenLinks > 0);
-  button.setVisible(event.brokenLinks > 0);
+  button.setEnabled(broken > 0);
+  button.setVisible(broken > 0);
+  for (const store::BrokenPage& page : result.brokenPages) {
+    m_state.qzvskBadLinkArray.push_back(page.url);
+    m_state.qzvskBadLinkReasonArray.push_back(page.reason);
+  }
 }
 
-void ScanController::onFinished(const ScanEvent& event) {
+void ScanController::scanFinished(const ScanResult& result) {
+  const std::unique_ptr<Scan> scan = std::move(m_scan);  // the result is its own
+  scan->scanner.wait();
+  endStopAlert();
   for (QDialog* sheet : scanSheets()) m_sheets.close(*sheet);
-  m_scan.reset();  // its thread has nothing more to say
-  lockControls(false);
+  unlockControls();
+  if (result.hasCounts()) updateAllScanDetails(result);
   // Where nothing was found there is nothing to filter.
-  if (m_reopenFilterDrawer && event.result.end != ScanEnd::unreachable) reopenFilterDrawer();
-  if (event.pages->size() > 0) m_links.setPages(event.pages);
-  tellProblems(event.result);
-  emit scanned(toQString(m_state.qzvskCurSite));
+  if (m_reopenFilterDrawer && result.end != ScanEnd::unreachable) reopenFilterDrawer();
+  if (result.pages->size() > 0) m_links.setPages(result.pages);
+  tellEnd(result);
+  emit scanned(toQString(result.siteName));
   if (m_whenEnded) return std::exchange(m_whenEnded, nullptr)();
   m_mainWindow.raise();
   m_mainWindow.activateWindow();
 }
 
-void ScanController::tellProblems(const ScanResult& result) {
-  const QString site = toQString(m_state.qzvskCurSite);
-  if (result.end == ScanEnd::busy) {
-    m_sheets.alert(tr("The site \"%1\" is being scanned already.").arg(site));
-  } else if (!result.problems.empty()) {
-    QStringList files;
-    for (const sitemaps::FileProblem& problem : result.problems) {
-      files.append(QStringLiteral("%1: %2").arg(toQString(problem.path.filename().native()),
-                                                toQString(problem.result.error)));
-    }
-    m_sheets.alert(tr("Not everything could be written."), files.join(QLatin1Char('\n')));
+void ScanController::tellEnd(const ScanResult& result) {
+  const QString site = toQString(result.siteName);
+  QStringList unwritten;
+  for (const sitemaps::FileProblem& problem : result.problems) {
+    unwritten.append(QStringLiteral("%1: %2").arg(toQString(problem.path.filename().native()),
+                                                  toQString(problem.result.error)));
   }
   QString sentence;
-  if (result.end == ScanEnd::complete) sentence = tr("Scanned \"%1\"").arg(site);
-  if (result.end == ScanEnd::cancelled) sentence = tr("Stopped the scan of \"%1\"").arg(site);
+  switch (result.end) {
+    case ScanEnd::complete:
+      sentence = tr("Scanned \"%1\"").arg(site);
+      break;
+    case ScanEnd::cancelled:
+      sentence = tr("Stopped the scan of \"%1\"").arg(site);
+      break;
+    case ScanEnd::failed:
+      sentence = tr("The scan of \"%1\" failed").arg(site);
+      m_sheets.alert(tr("The scan of \"%1\" failed after %2 of %3 pages found.")
+                         .arg(site)
+                         .arg(result.progress.pagesScanned)
+                         .arg(result.progress.pagesFound),
+                     toQString(result.failure));
+      break;
+    case ScanEnd::unreachable:
+      m_sheets.alert(toQString(kUnreachableTitle),
+                     toQString(kUnreachablePrefix) + toQString(result.unreachableReason));
+      break;
+    case ScanEnd::busy:
+      m_sheets.alert(tr("The site \"%1\" is being scanned already.").arg(site));
+      return;
+    case ScanEnd::unwritable:
+      break;
+  }
+  if (!unwritten.isEmpty()) {
+    m_sheets.alert(tr("Not everything could be written."), unwritten.join(QLatin1Char('\n')));
+  }
+  for (const std::string& leftOut : result.leftOut.sentences()) addNotice(toQString(leftOut));
   if (!result.reasons.ok()) {
     sentence +=
         tr(". The reasons of the broken pages could not be kept: %1").arg(toQString(result.reasons.error));
@@ -208,17 +235,37 @@ void ScanController::tellProblems(const ScanResult& result) {
   if (!sentence.isEmpty()) emit report(sentence);
 }
 
-void ScanController::showNotice(const QString& text) {
+void ScanController::addNotice(const QString& text) {
   auto& notice = control<QLabel>(m_mainWindow, "scanNotice");
-  notice.setText(text);
-  notice.setVisible(!text.isEmpty());
+  notice.setText(notice.text().isEmpty() ? text : notice.text() + QLatin1Char('\n') + text);
+  notice.show();
 }
 
-void ScanController::lockControls(bool locked) {
-  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI"}) {
-    control<QAction>(m_mainWindow, action).setDisabled(locked);
+/// Whatever would bring another site into hand, or change the one that is scanned.
+void ScanController::lockControls() {
+  m_focus = m_mainWindow.focusWidget();
+  m_locked.clear();
+  const auto lock = [this](auto& control) {
+    if (!control.isEnabled()) return;
+    control.setEnabled(false);
+    m_locked.push_back(&control);
+  };
+  for (const char* action :
+       {"addMI", "editMI", "deleteMI", "scanMI", "filtersMI", "addFilterMI", "ignoreRobotsMI"}) {
+    lock(control<QAction>(m_mainWindow, action));
   }
-  control<QPushButton>(m_mainWindow, "scanSiteButton").setDisabled(locked);
+  for (const char* widget :
+       {"siteListTable", "siteSearch", "addSiteButton", "editSiteButton", "deleteSiteButton",
+        "scanSiteButton", "filterDrawerButton", "ignoreRobotsButton"}) {
+    lock(control<QWidget>(m_mainWindow, widget));
+  }
+}
+
+void ScanController::unlockControls() {
+  for (const QPointer<QObject>& control : std::exchange(m_locked, {})) {
+    if (control) control->setProperty("enabled", true);
+  }
+  if (m_focus && m_focus->isVisible()) m_focus->setFocus();
 }
 
 void ScanController::reopenFilterDrawer() {

@@ -3,10 +3,12 @@
 
 #include <QMainWindow>
 #include <QObject>
+#include <QPointer>
 #include <array>
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "crawler/coalescing_view.h"
 #include "crawler/link_list_model.h"
@@ -20,8 +22,10 @@ namespace crawler {
 
 class SiteScanner;
 
-/// Runs one scan at a time, of the site that the main window shows. UI thread; the scan has its own.
-class ScanController : public QObject {
+/// Runs one scan at a time, of the site in hand. While it runs that site stays in hand: the list of sites and
+/// all that would change the site are off, whatever sheets are up. UI thread; the scan has its own, and its
+/// news come by way of a CoalescingView.
+class ScanController : public QObject, private ScanView {
   Q_OBJECT
 
  public:
@@ -45,22 +49,31 @@ class ScanController : public QObject {
   void askToStop(std::function<void()> quit);
 
  signals:
-  /// A scan of this site has ended.
+  /// A scan of this site has ended: what its folder holds is to be read anew.
   void scanned(const QString& siteName);
   void report(const QString& sentence);
 
  private:
   struct Scan;
 
+  // Of the scan that runs:
+  void scanStarted() override;
+  void connectionEstablished() override;
+  bool askAboutLooping() override;
+  void scanMayNotEnd(const EndlessHint& hint) override;
+  void closingDocuments() override { endStartAlert(); }
+  void scanFinished(const ScanResult& result) override;
+
   std::array<QDialog*, 3> scanSheets();
   void onNews(const ScanNews& news);
-  void onEvent(const ScanEvent& event);
-  void onLooping();
-  void onDetails(const ScanEvent& event);
-  void onFinished(const ScanEvent& event);
-  void tellProblems(const ScanResult& result);
-  void showNotice(const QString& text);
-  void lockControls(bool locked);
+  void loopingError(bool isUp);
+  void endStartAlert();
+  void endStopAlert() { m_sheets.close(m_endAlertPanel); }
+  void updateAllScanDetails(const ScanResult& result);
+  void tellEnd(const ScanResult& result);
+  void addNotice(const QString& text);
+  void lockControls();
+  void unlockControls();
   void reopenFilterDrawer();
 
   QMainWindow& m_mainWindow;
@@ -78,6 +91,8 @@ class ScanController : public QObject {
   bool m_ignoreRobots = false;
   bool m_reopenFilterDrawer = false;
   bool m_asksToStop = false;
+  std::vector<QPointer<QObject>> m_locked;  // controls and actions that were on before the scan
+  QPointer<QWidget> m_focus;                // which had it then
   std::function<void()> m_whenEnded;
 
   std::unique_ptr<Scan> m_scan;  // last: its thread uses the view

@@ -1,6 +1,8 @@
 // How a scan shows itself to the user.
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +10,7 @@
 #include "crawler/page_queue.h"
 #include "crawler/repeat_watch.h"
 #include "sitemaps/site_documents.h"
+#include "store/broken_reasons.h"
 #include "store/site_record.h"
 
 namespace crawler {
@@ -35,71 +38,78 @@ struct VisitedPage {
 enum class ScanEnd {
   complete,     // every page was visited
   cancelled,    // the user stopped it, or the limit on pages was reached
+  failed,       // there was no memory to go on; what could be closed was
   unreachable,  // the start address did not answer with a page
   busy,         // another scan of the same site is running; nothing was touched
   unwritable,   // the documents could not be started, or the folder not be locked
 };
 
+/// What was too much for the scan's bounds.
+struct LeftOut {
+  std::int64_t longLinks = 0;     // longer than an address may be
+  std::int64_t surplusLinks = 0;  // of pages whose entries were too many
+  std::int64_t surplusPages = 0;  // links to pages for which the queue had no room: listed, but not followed
+
+  /// A sentence for each of the three that is not zero, ended by a full stop.
+  std::vector<std::string> sentences() const;
+};
+
+/// All that a scan leaves behind, handed over when it ends.
 struct ScanResult {
+  std::string siteName = {};
   ScanEnd end = ScanEnd::complete;
   ScanProgress progress = {};
   store::ScanStatistics statistics = {};
-  std::string unreachableReason = {};                // "404 - Not Found", for ScanEnd::unreachable
+  std::string unreachableReason = {};  // "404 - Not Found", for ScanEnd::unreachable
+  std::string failure = {};            // what happened, for ScanEnd::failed
+  bool documentsClosed = false;        // except those among the problems
+  LeftOut leftOut = {};
+  std::vector<store::BrokenPage> brokenPages = {};   // in the order found
+  std::shared_ptr<const PageQueue> pages = {};       // all pages known, in the order found; never null
   std::vector<sitemaps::FileProblem> problems = {};  // files that could not be read or written
   platform::FileResult reasons = {};                 // of keeping why pages are broken, beside the documents
+
+  /// Whether pages were visited, so that the counts and lists say something.
+  bool hasCounts() const {
+    return end == ScanEnd::complete || end == ScanEnd::cancelled || end == ScanEnd::failed;
+  }
 };
 
-enum class LoopingSheet { stop, restart };
-
-/// Told how a scan goes, on the scan's thread, in this order. Implementations return at once, whatever they
-/// do with the news, and do not throw. Views into texts are valid during the call.
+/// Told how a scan goes, in this order. A listener overrides what it wants to hear. Called on the scan's
+/// thread, unless it listens by way of another view; returns at once, whatever it does with the news. Views
+/// into texts are valid during the call.
 class ScanView {
  public:
   virtual ~ScanView() = default;
 
-  /// Controls are locked, the filter drawer closes, the list of links is emptied, the connection sheet comes
-  /// up.
-  virtual void scanStarted() = 0;
+  /// The site's folder is locked and its documents are about to be started.
+  virtual void scanStarted() {}
 
-  /// The connection sheet makes way for the progress sheet.
-  virtual void connectionEstablished() = 0;
-
-  /// "The Site URL Could Not Be Reached": `errorText` is the message below it. scanFinished() follows.
-  virtual void siteUnreachable(std::string_view errorText) = 0;
-
-  /// Another link was counted.
-  virtual void updateTotLink(int linksFound) = 0;
+  /// The start address has answered, and the crawl begins.
+  virtual void connectionEstablished() {}
 
   /// The counters moved: for every anchor examined and after every page.
-  virtual void updateScanSheet(const ScanProgress& progress) = 0;
+  virtual void updateScanSheet(const ScanProgress&) {}
 
   /// A link was found, absolute, with whatever spelling the page gave it.
-  virtual void updateScanLinksList(std::string_view link) = 0;
+  virtual void updateScanLinksList(std::string_view /*link*/) {}
 
   /// A page was handled.
-  virtual void pageVisited(const VisitedPage& page) = 0;
+  virtual void pageVisited(const VisitedPage&) {}
 
-  /// The progress sheet goes down before the looping warning, and up again behind it.
-  virtual void loopingError(LoopingSheet sheet) = 0;
-
-  /// Asks the user whether to go on with a site whose addresses hold many "?". The answer goes to
-  /// SiteScanner::sheetDidEndShouldStopScan(), from any thread, also from within this call.
-  virtual void askAboutLooping() = 0;
+  /// Asks the user whether to go on with a site whose addresses hold many "?". Whoever says true sees to it
+  /// that the answer goes to SiteScanner::sheetDidEndShouldStopScan(), from any thread, also from within this
+  /// call; the scan waits for it. Else it goes on.
+  virtual bool askAboutLooping() { return false; }
 
   /// The site seems to have no end. Told once, as a notice that interrupts nothing.
-  virtual void scanMayNotEnd(const EndlessHint& hint) = 0;
+  virtual void scanMayNotEnd(const EndlessHint&) {}
 
-  /// The progress sheet makes way for the closing panel, and the counters go back to zero.
-  virtual void endStartAlert() = 0;
+  /// The crawl is over, and the documents are about to be closed.
+  virtual void closingDocuments() {}
 
-  /// The final counts, once they are in the record.
-  virtual void updateAllScanDetails(const store::ScanStatistics& statistics, int brokenLinks) = 0;
-
-  /// The closing panel goes down.
-  virtual void endStopAlert() = 0;
-
-  /// Once and last, however the scan ended. `pages` are all pages known, in the order found.
-  virtual void scanFinished(const ScanResult& result, const PageQueue& pages) = 0;
+  /// Once and last, however the scan ended.
+  virtual void scanFinished(const ScanResult&) {}
 };
 
 /// The texts of the two alerts, the same in every view.

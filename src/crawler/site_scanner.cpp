@@ -1,8 +1,10 @@
 #include "crawler/site_scanner.h"
 
 #include <exception>
+#include <new>
 
 #include "crawler/robots.h"
+#include "crawler/simple_link_rules.h"
 #include "crawler/titles.h"
 #include "platform/text.h"
 #include "sitemaps/completion.h"
@@ -14,6 +16,13 @@ namespace {
 
 constexpr std::size_t kRobotsBytes = 1u << 20;
 
+/// Given back when memory runs out, so that the documents can be closed.
+constexpr std::size_t kReserve = 1u << 20;
+
+std::string reasonOf(const platform::HttpAnswer& answer) {
+  return std::to_string(answer.status) + " - " + std::string(platform::reasonPhrase(answer.status));
+}
+
 std::string_view orNotFound(std::string_view text) {
   return text.empty() ? "Not Found" : text;
 }
@@ -23,10 +32,13 @@ std::string_view orNotFound(std::string_view text) {
 SiteScanner::SiteScanner(const ScanServices& services, ScanSettings settings)
     : m_services(services),
       m_settings(std::move(settings)),
-      m_site(services.state.qzvskCurSite),
-      m_documents(services.controls.siteFolder(m_site)),
+      m_documents(services.controls.siteFolder(m_settings.siteName)),
       m_dates(m_settings.dateStyle),
-      m_filters(services.state.qzvskFiltersArray) {}
+      m_uniquePages(std::make_shared<PageQueue>(m_settings.bounds.queue)),
+      m_reserve(std::make_unique<char[]>(kReserve)) {
+  m_result.siteName = m_settings.siteName;
+  m_result.pages = m_uniquePages;
+}
 
 SiteScanner::~SiteScanner() {
   cancelScan();
@@ -55,101 +67,97 @@ void SiteScanner::wait() {
 }
 
 void SiteScanner::run() {
-  try {
-    scan();
-  } catch (const std::exception& failure) {  // out of memory, or a library in trouble
-    m_result.end = ScanEnd::cancelled;
-    note(m_services.controls.siteFolder(m_site), {platform::FileStatus::failed, failure.what()});
-  }
-  m_services.view.scanFinished(m_result, m_uniquePages);
+  attempt([this] { scan(); });
+  attempt([this] { m_services.view.scanFinished(m_result); });
 }
 
 void SiteScanner::scan() {
-  const platform::FolderLock lock(m_services.controls.siteFolder(m_site));
+  const std::filesystem::path folder = m_services.controls.siteFolder(m_settings.siteName);
+  const platform::FolderLock lock(folder);
   if (!lock.result().ok()) {
     m_result.end = lock.result().status == platform::FileStatus::busy ? ScanEnd::busy : ScanEnd::unwritable;
-    note(m_services.controls.siteFolder(m_site), lock.result());
+    note(folder, lock.result());
     return;
   }
-  m_services.state.qzvskBadLinkArray.clear();
-  m_services.state.qzvskBadLinkReasonArray.clear();
-  setAllowedMedia();
   m_services.view.scanStarted();
-  if (!startDocuments()) {
+  if (!m_documents.start()) {
     m_result.end = ScanEnd::unwritable;
-  } else if (connect()) {
-    extractLinksFromPage();
+    m_result.problems = m_documents.problems();
+    return;
   }
+  attempt([this] {
+    if (connect()) extractLinksFromPage();
+  });
+  if (m_result.end != ScanEnd::unreachable) scanFinished();
 }
 
-bool SiteScanner::startDocuments() {
-  if (m_documents.start()) return true;
-  m_result.problems = m_documents.problems();
-  return false;
+/// Does `work`; where there is no memory for it, or a library is in trouble, the scan counts as failed.
+template <typename Work>
+void SiteScanner::attempt(Work work) {
+  const auto fail = [this](const char* why) {
+    m_result.end = ScanEnd::failed;
+    m_reserve.reset();
+    if (m_result.failure.empty()) m_result.failure = why;
+  };
+  try {
+    work();
+  } catch (const std::bad_alloc&) {
+    fail("out of memory");
+  } catch (const std::exception& failure) {
+    fail(failure.what());
+  }
 }
 
 bool SiteScanner::connect() {
   const bool ok = httpIsValid(m_settings.startUrl);
-  m_base.siteBaseURL = siteBaseOf(m_settings.startUrl);
+  const std::string siteBaseURL = siteBaseOf(m_settings.startUrl);
   // A scan that is cancelled while it connects ends like any cancelled one, with its documents closed.
   if (ok || m_terminateScan) {
-    readRobots();
-    m_uniquePages.append(m_settings.startUrl);
-    m_services.pages.expect(m_uniquePages[0]);
+    m_links = std::make_unique<SimpleLinkRules>(m_settings.startUrl, m_settings.filters,
+                                                readRobots(siteBaseURL), m_settings.bounds.link);
+    m_uniquePages->append(m_settings.startUrl);
+    m_services.pages.expect((*m_uniquePages)[0]);
     m_services.view.connectionEstablished();
     return true;
   }
   m_result.end = ScanEnd::unreachable;
-  m_result.unreachableReason = unreachableReason();
-  m_services.view.siteUnreachable(std::string(kUnreachablePrefix) + m_result.unreachableReason);
+  m_result.unreachableReason = unreachableReason(siteBaseURL);
   return false;
-}
-
-void SiteScanner::setAllowedMedia() {
-  m_allowedMedia = pageExtensions();
 }
 
 bool SiteScanner::httpIsValid(const std::string& url) {
   const platform::HttpAnswer answer = m_services.client.fetch({.url = url}, m_stop.get_token());
   if (answer.status == 200) return true;
-  if (answer.failure == platform::FetchFailure::none) {
-    m_services.state.qzvskBadLinkReasonArray.push_back(std::to_string(answer.status) + " - " +
-                                                       std::string(platform::reasonPhrase(answer.status)));
-  }
+  if (answer.failure == platform::FetchFailure::none) m_startReason = reasonOf(answer);
   return false;
 }
 
-void SiteScanner::readRobots() {
-  platform::HttpAnswer answer = m_services.client.fetch({.url = robotsAddress(m_base.siteBaseURL),
-                                                         .maxBytes = kRobotsBytes,
-                                                         .overflow = platform::Overflow::truncate},
-                                                        m_stop.get_token());
+/// The rules that count for this scan.
+std::vector<std::string> SiteScanner::readRobots(const std::string& siteBaseURL) {
+  platform::HttpAnswer answer = m_services.client.fetch(
+      {.url = robotsAddress(siteBaseURL), .maxBytes = kRobotsBytes, .overflow = platform::Overflow::truncate},
+      m_stop.get_token());
   // The text of an error page is no rules file.
-  if (answer.status <= 399) m_robots = Exclusions(robotsRules(platform::decodeUtf8(std::move(answer.body))));
+  if (m_settings.ignoreRobots || answer.status > 399) return {};
+  return robotsRules(platform::decodeUtf8(std::move(answer.body)));
 }
 
 /// The site's folder is asked, not the page: its answer tells whether the server is there at all.
-std::string SiteScanner::unreachableReason() {
-  const platform::HttpAnswer answer =
-      m_services.client.fetch({.url = m_base.siteBaseURL}, m_stop.get_token());
+std::string SiteScanner::unreachableReason(const std::string& siteBaseURL) {
+  const platform::HttpAnswer answer = m_services.client.fetch({.url = siteBaseURL}, m_stop.get_token());
   if (answer.failure != platform::FetchFailure::none) {
     return "0 - " + std::string(platform::failureText(answer.failure));
   }
-  if (answer.status != 200) {
-    return std::to_string(answer.status) + " - " + std::string(platform::reasonPhrase(answer.status));
-  }
-  // The folder is fine, so the page alone is at fault, and its own answer says why.
-  const std::vector<std::string>& reasons = m_services.state.qzvskBadLinkReasonArray;
-  return reasons.empty() ? std::string() : reasons.back();
+  // Where the folder is fine, the page alone is at fault, and its own answer says why.
+  return answer.status != 200 ? reasonOf(answer) : m_startReason;
 }
 
 void SiteScanner::extractLinksFromPage() {
-  for (std::size_t i = 0; i < m_uniquePages.size(); ++i) {
+  for (std::size_t i = 0; i < m_uniquePages->size(); ++i) {
     if (m_settings.maxPages > 0 && m_ssf >= m_settings.maxPages) m_terminateScan = true;
-    if (m_terminateScan || visit(m_uniquePages[i]) == PageStep::leaveLoop) break;
+    if (m_terminateScan || visit((*m_uniquePages)[i]) == PageStep::leaveLoop) break;
   }
   m_result.end = m_terminateScan ? ScanEnd::cancelled : ScanEnd::complete;
-  scanFinished();
 }
 
 SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
@@ -161,16 +169,13 @@ SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
   askWhetherLooping(url);
   if (m_terminateScan) return PageStep::leaveLoop;
 
-  m_base.pageBaseURLUnchanged = url;
-  m_base.pageBaseURL = pageBaseOf(url);
+  m_links->enterPage(url);
   if (page->isGood()) {
     usePage(url, sitemaps::withAmpersandsEscaped(page->contents.title), *page);
     countPage(url, page->status, {});
   } else {
-    const std::string reason = page->reason();
-    m_services.state.qzvskBadLinkArray.emplace_back(url);
-    m_services.state.qzvskBadLinkReasonArray.push_back(reason);
-    countPage(url, page->status, reason);
+    m_result.brokenPages.push_back({std::string(url), page->reason()});
+    countPage(url, page->status, m_result.brokenPages.back().reason);
   }
   return PageStep::nextPage;
 }
@@ -178,78 +183,85 @@ SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
 void SiteScanner::askWhetherLooping(std::string_view url) {
   if (!m_loopingArmed || m_terminateScan || !looksLikeLoop(url)) return;
   m_loopingArmed = false;
-  m_services.view.loopingError(LoopingSheet::stop);
-  m_services.view.askAboutLooping();
-  m_errCont.wait(false);
-  m_services.view.loopingError(LoopingSheet::restart);
+  if (m_services.view.askAboutLooping()) m_errCont.wait(false);
 }
 
 void SiteScanner::usePage(std::string_view url, const std::string& title, const FetchedPage& page) {
   const std::string entry = sitemaps::pageEntry(url, m_totLinks, title);
+  // Entries that wait for a page with content take no more than one page's do.
+  if (m_fullPageData.size() > m_settings.bounds.pageEntries) finishPage();
   m_fullPageData += entry;
+  m_pageInHand = true;
   buildPageTitleSitemap(entry, orNotFound(url));
   if (const auto hint = m_repeats.visited(url, page.fingerprint)) m_services.view.scanMayNotEnd(*hint);
   // Without content the page's entry waits for the next page's block, and its number is used again.
   if (!page.hasContent) return;
 
-  countLink();
+  ++m_totLinks;
   for (const Anchor& anchor : page.contents.anchors) {
-    countLink();
+    ++m_totLinks;
     if (m_terminateScan) break;
     m_services.view.updateScanSheet(progress());
     examineAnchor(anchor);
   }
+  finishPage();
+}
+
+void SiteScanner::finishPage() {
   buildAllLinksSitemaps(m_fullPageData);
   m_fullPageData.clear();
   m_pageInnerLinks.clear();
+  m_pageFull = false;
 }
 
 void SiteScanner::examineAnchor(const Anchor& anchor) {
   if (!anchor.href) return;
-  std::string link = rebuildHREF(*anchor.href, m_base);
-  m_services.view.updateScanLinksList(link);
-  if (isExcluded(link)) return;
-  link = withPath(std::move(link));
-  if (isInternal(link, m_base.siteBaseURL)) queueLink(link);
-  listLink(link, anchor.title);
+  std::optional<std::string> absolute;
+  if (!m_pageFull) absolute = m_links->makeAbsolute(*anchor.href);
+  if (!absolute) {
+    ++(m_pageFull ? m_result.leftOut.surplusLinks : m_result.leftOut.longLinks);
+    return;
+  }
+  m_services.view.updateScanLinksList(*absolute);
+  const JudgedLink link = m_links->judge(*std::move(absolute), *m_uniquePages);
+  if (!link.isListed() || !listLink(link.address, anchor.title)) return;
+  if (link.reason == LinkReason::none) queueLink(link.address);
 }
 
-bool SiteScanner::isExcluded(std::string_view link) const {
-  if (link.empty() || hasForeignExtension(link, m_allowedMedia) ||
-      isFolderOfKnownIndex(link, m_uniquePages, m_allowedMedia)) {
-    return true;
+/// False when the page in hand takes no more links.
+bool SiteScanner::listLink(const std::string& link, const std::string& title) {
+  if (m_pageInnerLinks.contains(link)) return true;
+  const std::string entry = sitemaps::linkEntry(link, m_totLinks, sitemaps::withAmpersandsEscaped(title));
+  m_pageFull = m_fullPageData.size() + entry.size() > m_settings.bounds.pageEntries;
+  if (m_pageFull) {
+    ++m_result.leftOut.surplusLinks;
+    return false;
   }
-  const bool honourRobots = !m_settings.ignoreRobots && !m_robots.empty();
-  if (m_filters.empty() && !honourRobots) return false;
-  const std::string folded = platform::foldCase(link);
-  return m_filters.exclude(folded) || (honourRobots && m_robots.exclude(folded));
+  m_pageInnerLinks.insert(link);
+  m_fullPageData += entry;
+  return true;
 }
 
 void SiteScanner::queueLink(std::string_view link) {
-  if (isKnownPage(link, m_uniquePages, m_allowedMedia)) return;
-  m_uniquePages.append(link);
-  m_services.pages.expect(m_uniquePages[m_uniquePages.size() - 1]);
-}
-
-void SiteScanner::listLink(const std::string& link, const std::string& title) {
-  if (!m_pageInnerLinks.insert(link).second) return;
-  m_fullPageData += sitemaps::linkEntry(link, m_totLinks, sitemaps::withAmpersandsEscaped(title));
-}
-
-void SiteScanner::countLink() {
-  ++m_totLinks;
-  m_services.view.updateTotLink(m_totLinks);
+  const std::optional<std::string_view> page = m_links->keyOfNewPage(link, *m_uniquePages);
+  if (!page) return;
+  if (m_uniquePages->append(*page) == Queued::noRoom) {
+    ++m_result.leftOut.surplusPages;
+  } else {
+    m_services.pages.expect((*m_uniquePages)[m_uniquePages->size() - 1]);
+  }
 }
 
 void SiteScanner::countPage(std::string_view url, int status, std::string_view brokenReason) {
+  m_pageInHand = false;
   ++m_ssf;
   m_services.view.pageVisited({url, status, brokenReason});
   m_services.view.updateScanSheet(progress());
 }
 
 ScanProgress SiteScanner::progress() const {
-  return {static_cast<int>(m_uniquePages.size()), m_ssf,
-          static_cast<int>(m_services.state.qzvskBadLinkArray.size()), m_totLinks};
+  return {static_cast<int>(m_uniquePages->size()), m_ssf, static_cast<int>(m_result.brokenPages.size()),
+          m_totLinks};
 }
 
 void SiteScanner::buildPageTitleSitemap(std::string_view entry, std::string_view plainLink) {
@@ -263,36 +275,44 @@ void SiteScanner::buildAllLinksSitemaps(std::string_view block) {
 }
 
 void SiteScanner::scanFinished() {
-  m_services.view.endStartAlert();
+  // After a failure the page in hand is in the pages-only documents already.
+  if (m_pageInHand) {
+    ++m_ssf;
+    attempt([this] { finishPage(); });
+  }
+  m_fullPageData = std::string();  // its memory goes too
+  attempt([this] { m_services.view.closingDocuments(); });
   updateAllScanDetails();
-  m_documents.finish();
-  const std::vector<sitemaps::FileProblem>& problems = m_documents.problems();
-  m_result.problems.insert(m_result.problems.begin(), problems.begin(), problems.end());
-  m_services.view.endStopAlert();
+  attempt([this] {
+    m_documents.finish();
+    m_result.documentsClosed = true;
+  });
+  attempt([this] {
+    const std::vector<sitemaps::FileProblem>& problems = m_documents.problems();
+    m_result.problems.insert(m_result.problems.begin(), problems.begin(), problems.end());
+  });
 }
 
 void SiteScanner::updateAllScanDetails() {
-  const std::vector<std::string>& badLinks = m_services.state.qzvskBadLinkArray;
+  const std::string& site = m_settings.siteName;
   m_result.progress = progress();
-  m_result.statistics = {m_totLinks, static_cast<int>(m_uniquePages.size()),
-                         m_ssf - static_cast<int>(badLinks.size())};
-  note(m_services.controls.siteFolder(m_site) / store::kBadLinksFile,
-       sitemaps::writeBadLinks(m_services.controls, m_site, badLinks));
-  note(m_services.controls.returnFullFileLocation(m_site),
-       sitemaps::writeStatistics(m_services.controls, m_site, m_result.statistics));
-  rememberReasons();
-  m_services.view.updateAllScanDetails(m_result.statistics, m_result.progress.brokenLinks);
-}
-
-/// Reasons are a convenience beside the documents: that they could not be kept is told, but is no fault of
-/// the scan.
-void SiteScanner::rememberReasons() {
-  if (m_services.reasons == nullptr) return;
-  std::vector<store::BrokenPage> pages;
-  for (std::size_t i = 0; i < m_services.state.qzvskBadLinkArray.size(); ++i) {
-    pages.push_back({m_services.state.qzvskBadLinkArray[i], m_services.state.qzvskBadLinkReasonArray[i]});
-  }
-  m_result.reasons = m_services.reasons->save(m_site, pages);
+  m_result.statistics = {m_totLinks, m_result.progress.pagesFound, m_ssf - m_result.progress.brokenLinks};
+  attempt([&] {
+    std::vector<std::string> addresses;
+    for (const store::BrokenPage& page : m_result.brokenPages) addresses.push_back(page.url);
+    note(m_services.controls.siteFolder(site) / store::kBadLinksFile,
+         sitemaps::writeBadLinks(m_services.controls, site, addresses));
+  });
+  attempt([&] {
+    note(m_services.controls.returnFullFileLocation(site),
+         sitemaps::writeStatistics(m_services.controls, site, m_result.statistics));
+  });
+  // Reasons are a convenience beside the documents: that they could not be kept is told, but is no fault of
+  // the scan.
+  attempt([&] {
+    if (m_services.reasons != nullptr)
+      m_result.reasons = m_services.reasons->save(site, m_result.brokenPages);
+  });
 }
 
 void SiteScanner::note(const std::filesystem::path& path, const platform::FileResult& result) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -12,7 +13,6 @@
 #include <unordered_set>
 #include <vector>
 
-#include "crawler/exclusions.h"
 #include "crawler/link_rules.h"
 #include "crawler/page_queue.h"
 #include "crawler/page_source.h"
@@ -23,22 +23,30 @@
 #include "sitemaps/site_documents.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
-#include "store/shared_state.h"
 
 namespace crawler {
 
+/// Bounds on what a site can make a scan hold, in bytes.
+struct ScanBounds {
+  std::size_t link = 8'192;                  // of an absolute link; a longer one is left out
+  std::size_t pageEntries = 64'000'000;      // of one page's entries; further links of it are left out
+  std::size_t queue = PageQueue::kMaxBytes;  // of the addresses of all pages; further ones are left out
+};
+
+/// The site, and how it is scanned. The scan has its own copy.
 struct ScanSettings {
-  std::string startUrl;                // as the record holds it
-  bool ignoreRobots = false;           // the switch beside the site
+  std::string siteName;
+  std::string startUrl;       // as the record holds it
+  bool ignoreRobots = false;  // the switch beside the site
+  std::vector<std::string> filters = {};
   int maxPages = 0;                    // stop as if cancelled after so many; 0: no limit
   platform::DateStyle dateStyle = {};  // how last modification dates are written
+  ScanBounds bounds = {};
 };
 
 /// What a scan works with. All of it is borrowed and outlives the scanner.
 struct ScanServices {
   const store::GlobalControls& controls;
-  store::SharedState&
-      state;  // names the site and holds its filters; the scan fills the lists of broken pages
   platform::HttpClient& client;
   PageSource& pages;
   ScanView& view;
@@ -67,57 +75,58 @@ class SiteScanner {
   /// Blocks until scanFinished() of the view has returned. Any thread but the scan's own.
   void wait();
 
+  /// What the scan leaves behind. To be read behind wait().
+  const ScanResult& result() const { return m_result; }
+
  private:
   /// What the loop goes on with after a page.
   enum class PageStep { nextPage, leaveLoop };
 
   void run();
   void scan();
-  bool startDocuments();
+  template <typename Work>
+  void attempt(Work work);
   bool connect();
   void extractLinksFromPage();
   PageStep visit(std::string_view url);
   void askWhetherLooping(std::string_view url);
   void usePage(std::string_view url, const std::string& title, const FetchedPage& page);
+  void finishPage();
   void examineAnchor(const Anchor& anchor);
-  bool isExcluded(std::string_view link) const;
+  bool listLink(const std::string& link, const std::string& title);
   void queueLink(std::string_view link);
-  void listLink(const std::string& link, const std::string& title);
-  void countLink();
   void countPage(std::string_view url, int status, std::string_view brokenReason);
 
-  void setAllowedMedia();
   bool httpIsValid(const std::string& url);
-  void readRobots();
-  std::string unreachableReason();
+  std::vector<std::string> readRobots(const std::string& siteBaseURL);
+  std::string unreachableReason(const std::string& siteBaseURL);
 
   void buildPageTitleSitemap(std::string_view entry, std::string_view plainLink);
   void buildAllLinksSitemaps(std::string_view block);
 
   void scanFinished();
   void updateAllScanDetails();
-  void rememberReasons();
   void note(const std::filesystem::path& path, const platform::FileResult& result);
   ScanProgress progress() const;
 
   ScanServices m_services;
   const ScanSettings m_settings;
-  const std::string m_site;
   sitemaps::SiteDocuments m_documents;
   platform::DateFormatter m_dates;
 
   // The crawl's own, touched by its thread alone.
-  AllowedMedia m_allowedMedia;
-  PageQueue m_uniquePages;
-  LinkBase m_base;
-  Exclusions m_robots;
-  Exclusions m_filters;
+  std::shared_ptr<PageQueue> m_uniquePages;
+  std::unique_ptr<LinkRules> m_links;
   RepeatWatch m_repeats;
   std::unordered_set<std::string> m_pageInnerLinks;  // links listed for the page in hand
   std::string m_fullPageData;  // its entry and those of its links; kept over a page without content
+  bool m_pageFull = false;     // it takes no more links
+  bool m_pageInHand = false;   // it has its place in the documents, and is not counted yet
   int m_ssf = 0;               // pages handled: good, broken or skipped
   int m_totLinks = 0;          // links counted; also the next LINKID
   bool m_loopingArmed = true;  // the warning is given once a scan
+  std::string m_startReason;   // why the start address did not do, if it has answered
+  std::unique_ptr<char[]> m_reserve;
   ScanResult m_result;
 
   // Written by any thread, read by the crawl.

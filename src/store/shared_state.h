@@ -6,9 +6,8 @@
 
 namespace store {
 
-/// Made once by the program and handed to those who use it. Belongs to the main thread, except that a running
-/// scan owns the two lists of broken pages and reads the filters; nobody else touches those until it has
-/// finished.
+/// Made once by the program and handed to those who use it. Belongs to the main thread: a scan works with its
+/// own copies, and what it leaves behind is taken over here when it has ended.
 struct SharedState {
   std::string qzvskCurSite;  // name of the selected site, empty when none
   std::string qzvskWinTit =

@@ -25,6 +25,7 @@ using support::RawRequest;
 using support::RawServer;
 using support::ScanRun;
 using testing::ElementsAre;
+using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -58,10 +59,10 @@ TEST(HostileSite, SpoilsNothingButItsBadPage) {
     if (misbehaviour.reason.empty()) {
       EXPECT_TRUE(pages.find("\"" + bad + "---LINKID:") != std::string::npos);
       EXPECT_THAT(pages, HasSubstr("---\">" + misbehaviour.title + "<!-- LINKID: "));
-      EXPECT_THAT(run.state.qzvskBadLinkReasonArray, IsEmpty());
+      EXPECT_THAT(result.brokenPages, IsEmpty());
     } else {
       EXPECT_TRUE(pages.find(bad) == std::string::npos);
-      EXPECT_THAT(run.state.qzvskBadLinkReasonArray, ElementsAre(misbehaviour.reason));
+      EXPECT_THAT(result.brokenPages, ElementsAre(Field(&store::BrokenPage::reason, misbehaviour.reason)));
       EXPECT_TRUE(run.file("badLinks.txt") == bad + "\n");
     }
   }
@@ -81,8 +82,7 @@ TEST(HostileSite, IsUnreachableWhereItsStartPageMisbehaves) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.url);
     ScanRun run(c.url);
-    EXPECT_EQ(run.scan().end, ScanEnd::unreachable);
-    EXPECT_EQ(run.view.result.unreachableReason, noAnswer(c.failure));
+    EXPECT_EQ(run.scan().unreachableReason, noAnswer(c.failure));
   }
 }
 
@@ -91,7 +91,7 @@ void expectPromptStop(const std::string& url, std::counting_semaphore<>& reached
   ScanRun run(url);
   run.httpLimits = {.connectTimeout = 600s, .silenceTimeout = 600s};
   std::chrono::steady_clock::time_point stopped;
-  run.scan([&](SiteScanner& scanner) {
+  const ScanResult result = run.scan([&](SiteScanner& scanner) {
     EXPECT_TRUE(reached.try_acquire_for(60s));
     stopped = std::chrono::steady_clock::now();
     scanner.cancelScan();
@@ -99,7 +99,7 @@ void expectPromptStop(const std::string& url, std::counting_semaphore<>& reached
   // That a scan stops within a second is a promise to the user. Twice that leaves room for a busy machine.
   EXPECT_LT(std::chrono::steady_clock::now() - stopped, 2s);
   // What is over too soon to be cancelled has ended by itself.
-  EXPECT_TRUE(run.view.result.end == ScanEnd::cancelled || run.view.result.end == ScanEnd::complete);
+  EXPECT_TRUE(result.end == ScanEnd::cancelled || result.end == ScanEnd::complete);
   expectClosedDocuments(run);
 }
 

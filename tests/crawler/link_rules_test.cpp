@@ -1,6 +1,6 @@
-#include "crawler/link_rules.h"
-
 #include <gtest/gtest.h>
+
+#include "crawler/simple_link_rules.h"
 
 namespace crawler {
 namespace {
@@ -166,12 +166,12 @@ TEST(IsKnownPage, RecognisesOtherSpellings) {
 TEST(PageQueue, KeepsOrderAndTellsKnownFromNewAtAnySize) {
   PageQueue queue;
   constexpr int kCount = 5000;
-  for (int i = 0; i < kCount; ++i) EXPECT_TRUE(queue.append("http://h/" + std::to_string(i)));
+  for (int i = 0; i < kCount; ++i) EXPECT_EQ(queue.append("http://h/" + std::to_string(i)), Queued::now);
   const std::string large(100'000, 'x');
-  EXPECT_TRUE(queue.append(large));
-  EXPECT_TRUE(queue.append(""));
-  EXPECT_FALSE(queue.append("http://h/17"));
-  EXPECT_FALSE(queue.append(""));
+  EXPECT_EQ(queue.append(large), Queued::now);
+  EXPECT_EQ(queue.append(""), Queued::now);
+  EXPECT_EQ(queue.append("http://h/17"), Queued::before);
+  EXPECT_EQ(queue.append(""), Queued::before);
   ASSERT_EQ(queue.size(), kCount + 2u);
   EXPECT_EQ(queue[4999], "http://h/4999");
   EXPECT_EQ(queue[kCount], large);

@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "crawler/exclusions.h"
-#include "crawler/robots.h"
 #include "crawler/titles.h"
-#include "platform/text.h"
 
 namespace crawler {
 namespace {
@@ -82,27 +79,6 @@ TEST(Anchors, AreAllListedInOrder) {
   std::vector<std::string> hrefs;
   for (const Anchor& anchor : contents.anchors) hrefs.push_back(anchor.href.value_or("(none)"));
   EXPECT_EQ(hrefs, (std::vector<std::string>{"1", "2&x=\xC3\xA9", "(none)", "(none)", "", "a b", "5"}));
-}
-
-TEST(Robots, OnlyExactDisallowLinesCount) {
-  EXPECT_EQ(
-      robotsRules("User-agent: other\nDisallow: /private\nDisallow:/tight\ndisallow: /small\n"
-                  "Disallow:  /two\nDisallow: \nDisallow: /cr\r\n Disallow: /indented\nDisallow: /last"),
-      (std::vector<std::string>{"/private", " /two", "", "/cr\r", "/last"}));
-  EXPECT_TRUE(robotsRules("").empty());
-  EXPECT_EQ(robotsAddress("http://h/dir/"), "http://h/dir//robots.txt");
-}
-
-TEST(Exclusions, MatchAnywhereWhateverTheCase) {
-  const Exclusions exclusions({"/Private", "", "\xC3\x84rger",
-                               "stra\xC3\x9F"
-                               "e"});
-  const auto excludes = [&](std::string_view link) { return exclusions.exclude(platform::foldCase(link)); };
-  EXPECT_TRUE(excludes("http://h/a/PRIVATE/x"));
-  EXPECT_TRUE(excludes("http://h/\xC3\xA4rger"));
-  EXPECT_TRUE(excludes("http://h/STRASSE"));
-  EXPECT_FALSE(excludes("http://h/privat"));
-  EXPECT_FALSE(Exclusions({""}).exclude("anything"));
 }
 
 }  // namespace

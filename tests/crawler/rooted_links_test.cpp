@@ -18,6 +18,8 @@
 namespace crawler {
 namespace {
 
+using support::ScanRun;
+
 constexpr int kPassed = 0;
 constexpr int kFailed = 1;
 constexpr int kNoNamespace = 77;
@@ -38,10 +40,10 @@ void scanAtStandardPort() {
                                     {"/a/b.html", {"<title>B</title><a href=\"/d.html\">D</a>"}},
                                     {"/d.html", {"<title>D</title>"}}},
                                    80);
-  support::ScanRun run("http://127.0.0.1/");
-  run.scan();
-  EXPECT_THAT(run.view.pages, testing::ElementsAre("http://127.0.0.1/", "http://127.0.0.1/a/b.html",
-                                                   "http://127.0.0.1/d.html"));
+  ScanRun run("http://127.0.0.1/");
+  EXPECT_THAT(
+      ScanRun::pagesOf(run.scan()),
+      testing::ElementsAre("http://127.0.0.1/", "http://127.0.0.1/a/b.html", "http://127.0.0.1/d.html"));
   EXPECT_EQ(run.file("badLinks.txt"), "(missing)");
 }
 

@@ -16,21 +16,27 @@ ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()) {
   // Selecting a site adds the counter that a new record lacks.
   const std::filesystem::path record = m_controls.returnFullFileLocation("Site");
   EXPECT_TRUE(platform::replaceFile(record, store::withMissingCounters(file("Site.qzVSK"))).ok());
+  settings.siteName = "Site";
   settings.startUrl = startUrl;
   settings.dateStyle = {"en_US", "UTC"};
-  state.qzvskCurSite = "Site";
 }
 
-const crawler::ScanResult& ScanRun::scan(const std::function<void(crawler::SiteScanner&)>& whenRunning) {
+crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&)>& whenRunning) {
   platform::CurlHttpClient client("Veskel/test", httpLimits);
   crawler::ReadAheadPages pages(client, limits);
-  crawler::SiteScanner scanner({m_controls, state, client, pages, view}, settings);
+  crawler::SiteScanner scanner({m_controls, client, pages, view}, settings);
   m_scanner = &scanner;
   scanner.scanSiteAction();
   if (whenRunning) whenRunning(scanner);
   scanner.wait();
   m_scanner = nullptr;
-  return view.result;
+  return scanner.result();
+}
+
+std::vector<std::string> ScanRun::pagesOf(const crawler::ScanResult& result) {
+  std::vector<std::string> pages;
+  for (std::size_t i = 0; i < result.pages->size(); ++i) pages.emplace_back((*result.pages)[i]);
+  return pages;
 }
 
 std::string ScanRun::file(const std::string& name) const {

@@ -19,19 +19,12 @@ class RecordingView : public crawler::ScanView {
  public:
   std::vector<std::string> events;  // in order; counters and links are left out
   std::vector<std::string> links;   // updateScanLinksList()
-  crawler::ScanResult result;
-  std::vector<std::string> pages;
   std::function<void(const crawler::VisitedPage&)> onPage;
   std::function<void(std::string_view link)> onLink;
   std::function<void()> onLooping;
 
   void scanStarted() override { events.push_back("started"); }
   void connectionEstablished() override { events.push_back("connected"); }
-  void siteUnreachable(std::string_view text) override {
-    events.push_back("unreachable " + std::string(text));
-  }
-  void updateTotLink(int) override {}
-  void updateScanSheet(const crawler::ScanProgress&) override {}
   void updateScanLinksList(std::string_view link) override {
     links.emplace_back(link);
     if (onLink) onLink(link);
@@ -39,24 +32,16 @@ class RecordingView : public crawler::ScanView {
   void pageVisited(const crawler::VisitedPage& page) override {
     if (onPage) onPage(page);
   }
-  void loopingError(crawler::LoopingSheet sheet) override {
-    events.push_back(sheet == crawler::LoopingSheet::stop ? "progress down" : "progress up");
-  }
-  void askAboutLooping() override {
+  bool askAboutLooping() override {
     events.push_back("looping");
     if (onLooping) onLooping();
+    return static_cast<bool>(onLooping);
   }
   void scanMayNotEnd(const crawler::EndlessHint& hint) override {
     events.push_back(hint.text() + ", filter " + std::string(hint.filter));
   }
-  void endStartAlert() override { events.push_back("closing"); }
-  void updateAllScanDetails(const store::ScanStatistics&, int) override { events.push_back("details"); }
-  void endStopAlert() override { events.push_back("closed"); }
-  void scanFinished(const crawler::ScanResult& end, const crawler::PageQueue& queue) override {
-    events.push_back("finished");
-    result = end;
-    for (std::size_t i = 0; i < queue.size(); ++i) pages.emplace_back(queue[i]);
-  }
+  void closingDocuments() override { events.push_back("closing"); }
+  void scanFinished(const crawler::ScanResult&) override { events.push_back("finished"); }
 };
 
 /// A site named "Site" with a record, ready to be scanned as often as wanted.
@@ -67,11 +52,10 @@ class ScanRun {
   crawler::ScanSettings settings;
   crawler::ReadAheadLimits limits;
   platform::HttpLimits httpLimits;
-  store::SharedState state;
   RecordingView view;  // of the next scan
 
   /// Scans from start to end. `whenRunning` is called with the scanner right after its start.
-  const crawler::ScanResult& scan(const std::function<void(crawler::SiteScanner&)>& whenRunning = {});
+  crawler::ScanResult scan(const std::function<void(crawler::SiteScanner&)>& whenRunning = {});
 
   /// The scanner in hand, for callbacks of the view.
   crawler::SiteScanner& scanner() { return *m_scanner; }
@@ -86,6 +70,9 @@ class ScanRun {
   /// part of the documents that is the same in all is left out, and `base`, the server's address, becomes
   /// "http://site.test/".
   std::string documents(const std::string& base) const;
+
+  /// All pages that the scan knew, in the order found.
+  static std::vector<std::string> pagesOf(const crawler::ScanResult& result);
 
  private:
   TempFolder m_home;

@@ -124,16 +124,21 @@ void ScanWindowTest::showsHowFarItIs() {
   QCOMPARE(shownLinks(desk), addresses(site.url(), {QStringLiteral("a.html"), QStringLiteral("b.html"),
                                                     QStringLiteral("private/c.html"),
                                                     QStringLiteral("gone.html"), QStringLiteral("a.html")}));
-  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI"}) {
+  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI", "ignoreRobotsMI"}) {
     QVERIFY2(!desk.control<QAction>(action).isEnabled(), action);
   }
-  QVERIFY(!desk.enabled("scanSiteButton"));
+  // No other site can come into hand, not even between two sheets.
+  for (const char* widget : {"siteListTable", "siteSearch", "scanSiteButton", "addSiteButton",
+                             "editSiteButton", "deleteSiteButton", "ignoreRobotsButton"}) {
+    QVERIFY2(!desk.enabled(widget), widget);
+  }
 
   site.release();
   QVERIFY(scanHasEnded(desk));
   QVERIFY(noSheetLeft());
   QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
   QVERIFY(desk.control<QDockWidget>("filterDrawer").isVisible());
+  QVERIFY(desk.enabled("siteListTable"));
   QVERIFY(desk.window().state().qzvskPLastState);
 }
 

@@ -1,0 +1,214 @@
+#include "crawler/simple_link_rules.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/regex.h"
+#include "platform/text.h"
+#include "platform/uri.h"
+
+namespace crawler {
+
+namespace {
+
+constexpr std::array<std::string_view, 14> kPageExtensions = {".php5", ".php4", ".php3", ".shtml", ".shtm",
+                                                              ".cfml", ".phps", ".php",  ".jsp",   ".htm",
+                                                              ".html", ".cfm",  ".asp",  ".aspx"};
+
+constexpr std::string_view kMailto = "mailto:";
+constexpr std::string_view kWww = "www.";
+
+/// `text` cut back from its end until it ends with "/" or is empty.
+std::string_view cutBackToSlash(std::string_view text) {
+  const std::size_t slash = text.rfind('/');
+  return slash == std::string_view::npos ? std::string_view{} : text.substr(0, slash + 1);
+}
+
+bool namesFile(std::string_view url) {
+  return platform::splitUri(url).path.find('.') != std::string_view::npos;
+}
+
+/// Up one folder: at least one character goes, then all up to the "/" before it.
+std::string_view parentOf(std::string_view folder) {
+  return folder.empty() ? folder : cutBackToSlash(folder.substr(0, folder.size() - 1));
+}
+
+/// A link as the texts it is made of, so that its length is known before it is put together.
+struct LinkPieces {
+  std::array<std::string_view, 4> pieces;
+
+  std::size_t size() const {
+    std::size_t bytes = 0;
+    for (const std::string_view piece : pieces) bytes += piece.size();
+    return bytes;
+  }
+
+  std::string joined() const {
+    std::string link;
+    link.reserve(size());
+    for (const std::string_view piece : pieces) link.append(piece);
+    return link;
+  }
+};
+
+LinkPieces climb(std::string_view href, std::string_view folder) {
+  constexpr std::string_view kUp = "../";
+  while (href.starts_with(kUp)) {
+    href.remove_prefix(kUp.size());
+    folder = parentOf(folder);
+  }
+  return {folder, href};
+}
+
+/// The port is not carried over: a link from the root means the site at its standard address.
+LinkPieces fromRoot(std::string_view href, const LinkBase& base) {
+  const platform::UriParts page = platform::splitUri(base.pageBaseURL);
+  if (!page.scheme || page.host().empty()) return {base.siteBaseURL};
+  return {*page.scheme, "://", page.host(), href};
+}
+
+LinkPieces piecesOf(std::string_view href, const LinkBase& base) {
+  if (href == base.siteBaseURL || href.starts_with("http") || href.starts_with("ftp")) return {href};
+  if (href.starts_with(kMailto)) return href == kMailto ? LinkPieces{} : LinkPieces{href};
+  if (href.starts_with('#')) return {base.pageBaseURLUnchanged};
+  if (href.starts_with("../")) {
+    const LinkPieces link = climb(href, base.pageBaseURL);
+    return link.size() == 0 ? LinkPieces{base.siteBaseURL} : link;
+  }
+  // "./" is taken for a link to the folder itself, whatever follows.
+  if (href.starts_with("./")) return {base.pageBaseURL};
+  if (href.starts_with('/')) return fromRoot(href, base);
+  return {base.pageBaseURL, href};
+}
+
+/// What the site test compares: no scheme with its "://", no leading "www.", no trailing "/".
+std::string_view comparablePart(std::string_view url) {
+  const std::size_t scheme = platform::splitUri(url).scheme.value_or("").size();
+  url.remove_prefix(std::min(scheme + 3, url.size()));
+  if (url.starts_with(kWww)) url.remove_prefix(kWww.size());
+  if (url.ends_with('/')) url.remove_suffix(1);
+  return url;
+}
+
+/// Whether "://www." stands in the link in any case.
+bool namesWww(std::string_view link) {
+  constexpr std::string_view kMark = "://www.";
+  const auto sameLetter = [](char a, char b) {
+    return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
+  };
+  return std::search(link.begin(), link.end(), kMark.begin(), kMark.end(), sameLetter) != link.end();
+}
+
+bool isWwwFormKnown(std::string_view link, const PageQueue& known) {
+  if (namesWww(link)) return known.contains(platform::replaceText(link, "://www.", "://"));
+  const std::size_t mark = link.find("://");
+  if (mark == std::string_view::npos) return known.contains(link);
+  if (link.find("://", mark + 3) == std::string_view::npos) {
+    return known.contains(link.substr(0, mark + 3), kWww, link.substr(mark + 3));
+  }
+  return known.contains(platform::replaceText(link, "://", "://www."));
+}
+
+bool isFolderFormKnown(std::string_view link, const PageQueue& known, AllowedMedia media) {
+  constexpr std::string_view kIndex = "index";
+  for (const std::string_view extension : media) {
+    if (!link.ends_with(extension)) continue;
+    const std::string_view stem = link.substr(0, link.size() - extension.size());
+    if (stem.ends_with(kIndex)) return known.contains(stem.substr(0, stem.size() - kIndex.size()));
+  }
+  return false;
+}
+
+std::vector<std::string> joined(std::vector<std::string> first, const std::vector<std::string>& second) {
+  first.insert(first.end(), second.begin(), second.end());
+  return first;
+}
+
+}  // namespace
+
+AllowedMedia pageExtensions() {
+  return kPageExtensions;
+}
+
+std::string siteBaseOf(std::string_view startUrl) {
+  return std::string(cutBackToSlash(startUrl));
+}
+
+std::string pageBaseOf(std::string_view pageUrl) {
+  return std::string(namesFile(pageUrl) ? cutBackToSlash(pageUrl) : pageUrl);
+}
+
+std::string rebuildHREF(std::string_view href, const LinkBase& base) {
+  return piecesOf(href, base).joined();
+}
+
+bool hasForeignExtension(std::string_view link, AllowedMedia media) {
+  if (link.starts_with(kMailto)) return false;
+  const platform::UriParts parts = platform::splitUri(link);
+  const std::size_t dot = parts.path.find('.');
+  if (parts.query || dot == std::string_view::npos) return false;
+  return std::find(media.begin(), media.end(), parts.path.substr(dot)) == media.end();
+}
+
+bool isFolderOfKnownIndex(std::string_view link, const PageQueue& known, AllowedMedia media) {
+  if (link.starts_with(kMailto)) return false;
+  const platform::UriParts parts = platform::splitUri(link);
+  if (parts.query || parts.path.find('.') != std::string_view::npos) return false;
+  const std::string_view index = link.ends_with('/') ? "index" : "/index";
+  return known.containsAny(link, index, media);
+}
+
+std::string withPath(std::string link) {
+  if (platform::splitUri(link).path.empty()) link += '/';
+  return link;
+}
+
+bool isInternal(std::string_view link, std::string_view siteBaseURL) {
+  if (link.starts_with(kMailto)) return false;
+  return comparablePart(link).starts_with(comparablePart(siteBaseURL));
+}
+
+bool isKnownPage(std::string_view link, const PageQueue& known, AllowedMedia media) {
+  return known.contains(link) || isFolderFormKnown(link, known, media) || isWwwFormKnown(link, known);
+}
+
+SimpleLinkRules::SimpleLinkRules(std::string_view startUrl, const std::vector<std::string>& filters,
+                                 const std::vector<std::string>& robotsRules, std::size_t maxBytes)
+    : m_base{.siteBaseURL = siteBaseOf(startUrl), .pageBaseURL = {}, .pageBaseURLUnchanged = {}},
+      m_filterCount(filters.size()),
+      m_exclusions(joined(filters, robotsRules)),
+      m_maxBytes(maxBytes) {}
+
+void SimpleLinkRules::enterPage(std::string_view url) {
+  m_base.pageBaseURLUnchanged = url;
+  m_base.pageBaseURL = pageBaseOf(url);
+}
+
+std::optional<std::string> SimpleLinkRules::makeAbsolute(std::string_view href) const {
+  const LinkPieces link = piecesOf(href, m_base);
+  if (link.size() > m_maxBytes) return {};
+  return link.joined();
+}
+
+JudgedLink SimpleLinkRules::judge(std::string link, const PageQueue& known) const {
+  const auto judged = [&](LinkReason reason, std::size_t which = 0) {
+    return JudgedLink{std::move(link), reason, which};
+  };
+  if (link.empty()) return judged(LinkReason::empty);
+  if (hasForeignExtension(link, m_allowedMedia)) return judged(LinkReason::foreignExtension);
+  if (isFolderOfKnownIndex(link, known, m_allowedMedia)) return judged(LinkReason::folderOfKnownIndex);
+  if (const auto which = m_exclusions.find(link)) {
+    return *which < m_filterCount ? judged(LinkReason::filter, *which)
+                                  : judged(LinkReason::robots, *which - m_filterCount);
+  }
+  link = withPath(std::move(link));
+  return judged(isInternal(link, m_base.siteBaseURL) ? LinkReason::none : LinkReason::outside);
+}
+
+std::optional<std::string_view> SimpleLinkRules::keyOfNewPage(std::string_view link,
+                                                              const PageQueue& known) const {
+  if (isKnownPage(link, known, m_allowedMedia)) return {};
+  return link;
+}
+
+}  // namespace crawler

@@ -1,0 +1,76 @@
+// The simple rules for links, plain operations on text: where a link leads, whether it is a page of the site,
+// and which spellings mean the same page. Case, percent-encoding and dot segments stay as written.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "crawler/exclusions.h"
+#include "crawler/link_rules.h"
+
+namespace crawler {
+
+/// File extensions of pages, with their dots; comparisons are exact. Where several could match, the first
+/// counts.
+using AllowedMedia = std::span<const std::string_view>;
+
+/// The extensions that every scan uses.
+AllowedMedia pageExtensions();
+
+/// What links are made absolute against.
+struct LinkBase {
+  std::string siteBaseURL;  // start address cut back to its folder
+  std::string pageBaseURL;  // address of the page in hand, cut back to its folder when it names a file
+  std::string pageBaseURLUnchanged;  // address of the page in hand, as queued
+};
+
+/// The folder that a site's links are compared with: `startUrl` up to its last "/".
+std::string siteBaseOf(std::string_view startUrl);
+
+/// The folder that links on a page start from. A page whose path has no "." is its own folder, so a link on
+/// "http://h/list" leads to "http://h/listother.html".
+std::string pageBaseOf(std::string_view pageUrl);
+
+/// The absolute address that an href leads to. Empty for a mailto link without an address. Never fails.
+std::string rebuildHREF(std::string_view href, const LinkBase& base);
+
+/// Whether a link without a query ends in an extension that is no page's. The extension starts at the first
+/// dot of the path, so a dot in a folder's name counts.
+bool hasForeignExtension(std::string_view link, AllowedMedia media);
+
+/// Whether a link to a folder leads to an index page that is known already.
+bool isFolderOfKnownIndex(std::string_view link, const PageQueue& known, AllowedMedia media);
+
+/// `link` with "/" at its end when it has no path.
+std::string withPath(std::string link);
+
+/// Whether the link lies inside the site: it begins with the site's base, schemes and a leading "www." aside.
+bool isInternal(std::string_view link, std::string_view siteBaseURL);
+
+/// Whether the link, its folder form ("/index.html" without the file) or its www form (with or without
+/// "www.") is known.
+bool isKnownPage(std::string_view link, const PageQueue& known, AllowedMedia media);
+
+/// These rules for one site.
+class SimpleLinkRules : public LinkRules {
+ public:
+  /// `filters` and `robotsRules` keep out links in which they stand. A link longer than `maxBytes` is none.
+  SimpleLinkRules(std::string_view startUrl, const std::vector<std::string>& filters,
+                  const std::vector<std::string>& robotsRules, std::size_t maxBytes);
+
+  void enterPage(std::string_view url) override;
+  std::optional<std::string> makeAbsolute(std::string_view href) const override;
+  JudgedLink judge(std::string link, const PageQueue& known) const override;
+  std::optional<std::string_view> keyOfNewPage(std::string_view link, const PageQueue& known) const override;
+
+ private:
+  AllowedMedia m_allowedMedia = pageExtensions();
+  LinkBase m_base;
+  std::size_t m_filterCount;
+  Exclusions m_exclusions;  // filters first, then robots rules
+  std::size_t m_maxBytes;
+};
+
+}  // namespace crawler

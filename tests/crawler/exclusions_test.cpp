@@ -1,0 +1,75 @@
+#include "crawler/exclusions.h"
+
+#include <optional>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "crawler/robots.h"
+
+namespace crawler {
+namespace {
+
+TEST(Robots, OnlyExactDisallowLinesCount) {
+  EXPECT_EQ(
+      robotsRules("User-agent: other\nDisallow: /private\nDisallow:/tight\ndisallow: /small\n"
+                  "Disallow:  /two\nDisallow: \nDisallow: /cr\r\n Disallow: /indented\nDisallow: /last"),
+      (std::vector<std::string>{"/private", " /two", "", "/cr\r", "/last"}));
+  EXPECT_TRUE(robotsRules("").empty());
+  EXPECT_EQ(robotsAddress("http://h/dir/"), "http://h/dir//robots.txt");
+}
+
+TEST(Exclusions, TellTheFirstTextThatStandsInALink) {
+  const Exclusions exclusions({"/Private", "", "\xC3\x84rger",
+                               "stra\xC3\x9F"
+                               "e",
+                               "vat", "/private", "a/pri"});
+  struct Case {
+    const char* link;
+    std::optional<std::size_t> which;
+  };
+  const Case cases[] = {
+      {"http://h/a/PRIVATE/x", 0},  // the longest and the earliest in the link come behind in the list
+      {"http://h/a/pri/vat", 4},   {"http://h/\xC3\xA4rger", 2},     {"http://h/STRASSE", 3},
+      {"http://h/privat", 4},      {"http://h/priva", std::nullopt}, {"", std::nullopt},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.link);
+    EXPECT_EQ(exclusions.find(c.link), c.which);
+  }
+  EXPECT_TRUE(Exclusions({""}).empty());
+}
+
+TEST(Exclusions, FindWhatOneLookForEachTextFinds) {
+  std::minstd_rand random(1);
+  const auto word = [&](std::size_t most) {
+    std::string text;
+    while (text.size() < most && random() % 8 != 0) text += "aab/"[random() % 4];
+    return text;
+  };
+  for (int round = 0; round < 2'000; ++round) {
+    std::vector<std::string> texts(random() % 12);
+    for (std::string& text : texts) text = word(8);
+    const std::string link = word(40);
+    std::optional<std::size_t> expected;
+    for (std::size_t i = texts.size(); i-- > 0;) {
+      if (!texts[i].empty() && link.find(texts[i]) != std::string::npos) expected = i;
+    }
+    ASSERT_EQ(Exclusions(texts).find(link), expected) << link << " in round " << round;
+  }
+}
+
+/// Some 60,000 rules in 1 MiB, each of which nearly stands at every place of the link.
+TEST(Exclusions, TakeNoLongerForManyTexts) {
+  std::vector<std::string> texts;
+  for (int i = 0; i < 60'000; ++i) texts.push_back("/a/a/a/a/" + std::to_string(i));
+  const Exclusions exclusions(texts);
+  std::string link = "http://h";
+  while (link.size() < 8'000) link += "/a";
+  // One look for each text alone would take half an hour.
+  for (int i = 0; i < 300; ++i) ASSERT_EQ(exclusions.find(link), std::nullopt);
+  EXPECT_EQ(exclusions.find(link + "/59999/"), 5u);
+}
+
+}  // namespace
+}  // namespace crawler
