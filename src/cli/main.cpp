@@ -33,9 +33,9 @@ Exit codes:
   1    the scan finished and found broken pages, or a sitemap is not valid
   2    bad usage or input
   3    the start URL could not be reached
-  4    a file could not be read or written
+  4    a file could not be read or written, or a scan ran out of memory
   5    the site is being scanned already
-  130  stopped by SIGINT or SIGTERM
+  130  stopped by SIGINT, SIGTERM or SIGHUP
 
 The sites lie in "Library/Application Support/Quillfern/Veskel" in your home
 directory; "veskel-cli where" prints the path.)";

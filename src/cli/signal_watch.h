@@ -1,4 +1,4 @@
-// Turns SIGINT and SIGTERM into a stop request, so that a scan can end in good order.
+// Turns SIGINT, SIGTERM and SIGHUP into a stop request, so that a scan can end in good order.
 #pragma once
 
 #include <atomic>
@@ -8,8 +8,9 @@
 
 namespace cli {
 
-/// While it lives, the two signals do not end the program but request a stop. Made before other threads are
-/// started, since those inherit which signals are held back.
+/// While it lives, the signals do not end the program but request a stop, and a write to a reader that is
+/// gone fails like any other. Made before other threads are started, since those inherit which signals are
+/// held back.
 class SignalWatch {
  public:
   SignalWatch();
@@ -25,6 +26,7 @@ class SignalWatch {
 
   sigset_t m_signals;
   sigset_t m_maskBefore;
+  struct sigaction m_brokenPipeBefore = {};
   std::stop_source m_stop;
   std::atomic<bool> m_ending = false;
   std::jthread m_thread;
