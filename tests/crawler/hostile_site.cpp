@@ -179,14 +179,14 @@ void addBrokenExchanges(std::vector<Misbehaviour>& all) {
                  .then = stayOpen,
                  .reason = noAnswer(FetchFailure::tlsFailed),
                  .link = "https://HOST/bad.html"});
-  const std::string longName = std::string(64u << 10, 'a') + ".html";
+  const std::string longName = std::string(8'000, 'a') + ".html";
   all.push_back(
-      {.name = "64 KB address that is too long",
+      {.name = "8 KB address that is too long",
        .answer =
            [](const RawRequest& request) { return fullAnswer(request, "414 URI Too Long", kHtml, "no"); },
        .reason = "414 - URI Too Long",
        .link = longName});
-  all.push_back({.name = "64 KB address",
+  all.push_back({.name = "8 KB address",
                  .answer = [](const RawRequest& request) { return titledPage(request, "Far"); },
                  .title = "Far",
                  .link = longName});
