@@ -1,9 +1,12 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -22,6 +25,8 @@ constexpr mode_t kFileMode = 0644;  // the umask takes its share
 constexpr int kMaxLinks = 40;       // on the way to a file, as the kernel has it
 constexpr int kMaxAttempts = 20;    // to replace a file that others replace at the same time
 constexpr std::string_view kTemporaryPrefix = ".veskel-";
+constexpr std::string_view kTemporarySuffix = ".tmp";
+constexpr std::size_t kTemporaryDigits = 16;
 
 FileResult failure(int error) {
   FileResult result{FileStatus::failed, std::generic_category().message(error)};
@@ -34,6 +39,19 @@ FileResult failure(int error) {
 /// How a system call went that reports 0 for done.
 FileResult outcome(int returned) {
   return returned == 0 ? FileResult{} : failure(errno);
+}
+
+FileResult tooLarge(std::size_t maxBytes) {
+  constexpr std::size_t kMegabyte = 1u << 20;
+  const std::size_t megabytes = (maxBytes + kMegabyte - 1) / kMegabyte;
+  return {FileStatus::failed, "The file is larger than " + std::to_string(megabytes) + " MB"};
+}
+
+/// Opening anything else may wait for ever, as with a pipe, or set off something, as with a device.
+FileResult whetherRegular(const struct stat& status) {
+  if (S_ISREG(status.st_mode)) return {};
+  if (S_ISDIR(status.st_mode)) return failure(EISDIR);
+  return {FileStatus::failed, "Not a regular file"};
 }
 
 /// Calls again as long as a signal comes between.
@@ -60,6 +78,23 @@ class Descriptor {
 
  private:
   int m_number;
+};
+
+/// A regular file, open; symbolic links are followed.
+struct RegularFile {
+  RegularFile(const fs::path& path, int flags) {
+    result = outcome(stat(path.c_str(), &status));
+    if (result.ok()) result = whetherRegular(status);
+    if (!result.ok()) return;
+    // It may have become something else by now.
+    descriptor.emplace(path, flags | O_NONBLOCK | O_NOCTTY);
+    result = outcome(descriptor->isOpen() ? fstat(descriptor->number(), &status) : -1);
+    if (result.ok()) result = whetherRegular(status);
+  }
+
+  FileResult result;
+  struct stat status {};
+  std::optional<Descriptor> descriptor;  // open if `result` is ok
 };
 
 FileResult writeAll(int descriptor, std::string_view text) {
@@ -91,20 +126,26 @@ fs::path folderOf(const fs::path& file) {
   return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
-/// A name in `folder` that no other file of this program has at the time.
-fs::path temporaryName(const fs::path& folder) {
-  static std::atomic<unsigned> counter{0};
-  return folder /
-         (std::string(kTemporaryPrefix) + std::to_string(getpid()) + "-" + std::to_string(counter++));
+/// Takes a lock on an open file without waiting; it goes with the file.
+FileResult lock(int descriptor, int kind) {
+  return outcome(withoutInterruption([&] { return flock(descriptor, kind | LOCK_NB); }));
 }
 
-/// Removes what processes that were killed left in `folder`. One that is alive and loses its file to this
-/// begins again, see replaceOnce().
+/// Whether nobody has the lock of the temporary file `path`.
+bool isLeftover(const fs::path& path) {
+  const Descriptor file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+  return file.isOpen() && lock(file.number(), LOCK_SH).ok();
+}
+
+/// Removes what processes that were killed left in `folder`.
 void removeLeftovers(const fs::path& folder) {
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code ignored;
     const fs::path& path = entry->path();
-    if (path.filename().native().starts_with(kTemporaryPrefix)) unlink(path.c_str());
+    const bool isOurs =
+        isTemporaryName(path.filename().native()) && fs::is_regular_file(entry->symlink_status(ignored));
+    if (isOurs && isLeftover(path)) unlink(path.c_str());
   }
 }
 
@@ -113,11 +154,16 @@ void removeLeftovers(const fs::path& folder) {
 /// file system has such files; there it is a plain one from the start.
 class TemporaryFile {
  public:
-  TemporaryFile(const fs::path& folder, mode_t mode) : m_name(temporaryName(folder)) {
+  TemporaryFile(const fs::path& folder, mode_t mode) : m_name(folder / temporaryName()) {
     m_file.emplace(folder, O_WRONLY | O_TMPFILE, mode);
-    if (m_file->isOpen() || (errno != EOPNOTSUPP && errno != EISDIR)) return;
-    m_file.emplace(m_name, O_WRONLY | O_CREAT | O_EXCL, mode);
-    m_named = m_file->isOpen();
+    if (!m_file->isOpen() && (errno == EOPNOTSUPP || errno == EISDIR)) {
+      m_file.emplace(m_name, O_WRONLY | O_CREAT | O_EXCL, mode);
+      m_named = m_file->isOpen();
+    }
+    m_result = outcome(m_file->isOpen() ? 0 : -1);
+    // Before the lock is there, somebody may take the file for one that was left behind. Where there are no
+    // locks, nobody removes anything.
+    if (m_result.ok() && lock(number(), LOCK_EX).status == FileStatus::busy) m_result = failure(EWOULDBLOCK);
   }
   ~TemporaryFile() {
     if (m_named) unlink(m_name.c_str());
@@ -125,7 +171,8 @@ class TemporaryFile {
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-  bool isOpen() const { return m_file->isOpen(); }
+  /// How making it went.
+  const FileResult& result() const { return m_result; }
   int number() const { return m_file->number(); }
 
   FileResult moveOver(const fs::path& file) {
@@ -148,6 +195,7 @@ class TemporaryFile {
  private:
   fs::path m_name;
   std::optional<Descriptor> m_file;
+  FileResult m_result;
   bool m_named = false;
 };
 
@@ -162,33 +210,36 @@ FileResult replaceOnce(const fs::path& file, std::string_view text, const struct
   removeLeftovers(folderOf(file));
   // Nobody may read the new text meanwhile who could not read the old one.
   TemporaryFile temporary(folderOf(file), replaced != nullptr ? 0600 : kFileMode);
-  if (!temporary.isOpen()) return failure(errno);
+  if (!temporary.result().ok()) return temporary.result();
   const FileResult written = writeWhole(temporary.number(), text, replaced);
   return written.ok() ? temporary.moveOver(file) : written;
 }
 
 }  // namespace
 
-FileContent readFile(const fs::path& file) {
-  const Descriptor descriptor(file, O_RDONLY);
-  struct stat status {};
-  if (!descriptor.isOpen() || fstat(descriptor.number(), &status) != 0) return {failure(errno)};
+FileContent readFile(const fs::path& path, std::size_t maxBytes) try {
+  const RegularFile file(path, O_RDONLY);
+  if (!file.result.ok()) return {file.result};
+  // One byte more than the file seems to have: its end is then found without another round.
+  const std::size_t expected = static_cast<std::size_t>(std::max<off_t>(file.status.st_size, 0)) + 1;
+  if (expected > maxBytes + 1) return {tooLarge(maxBytes)};
   FileContent content;
   std::size_t length = 0;
   for (;;) {
-    // One byte more than the file seems to have: its end is then found without another round.
-    const std::size_t expected = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0)) + 1;
     if (length == content.text.size())
-      content.text.resize(std::max({expected, 2 * length, std::size_t{4096}}));
+      content.text.resize(std::min(std::max({expected, 2 * length, std::size_t{4096}}), maxBytes + 1));
     const ssize_t count = withoutInterruption([&] {
-      return read(descriptor.number(), content.text.data() + length, content.text.size() - length);
+      return read(file.descriptor->number(), content.text.data() + length, content.text.size() - length);
     });
     if (count < 0) return {failure(errno)};
     if (count == 0) break;
     length += static_cast<std::size_t>(count);
+    if (length > maxBytes) return {tooLarge(maxBytes)};
   }
   content.text.resize(length);
   return content;
+} catch (const std::bad_alloc&) {
+  return {failure(ENOMEM)};
 }
 
 FileResult replaceFile(const fs::path& path, std::string_view text) {
@@ -197,8 +248,8 @@ FileResult replaceFile(const fs::path& path, std::string_view text) {
   const bool exists = lstat(file.c_str(), &status) == 0;
   if (!exists && errno != ENOENT) return failure(errno);
   // A rename would put a plain file in the place of a device or pipe.
-  if (exists && !S_ISREG(status.st_mode)) return failure(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-  FileResult result;
+  FileResult result = exists ? whetherRegular(status) : FileResult{};
+  if (!result.ok()) return result;
   for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
     result = replaceOnce(file, text, exists ? &status : nullptr);
     if (result.status != FileStatus::exists && result.status != FileStatus::busy) break;
@@ -206,9 +257,26 @@ FileResult replaceFile(const fs::path& path, std::string_view text) {
   return result.ok() ? syncFolder(folderOf(file)) : result;
 }
 
-FileResult syncFile(const fs::path& file) {
-  const Descriptor descriptor(file, O_RDONLY);
-  return descriptor.isOpen() ? sync(descriptor.number()) : failure(errno);
+std::string temporaryName() {
+  // Where two processes come to the same number the second finds it taken, and takes the next.
+  static std::atomic<std::uint64_t> counter{0};
+  const auto now = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+  const std::uint64_t number = (now << 20) ^ (static_cast<std::uint64_t>(getpid()) << 8) ^ counter++;
+  std::array<char, kTemporaryDigits + 1> digits{};
+  std::snprintf(digits.data(), digits.size(), "%016jx", std::uintmax_t{number});
+  return std::string(kTemporaryPrefix) + digits.data() + std::string(kTemporarySuffix);
+}
+
+bool isTemporaryName(std::string_view name) {
+  if (!name.starts_with(kTemporaryPrefix) || !name.ends_with(kTemporarySuffix)) return false;
+  name.remove_prefix(kTemporaryPrefix.size());
+  return name.size() == kTemporaryDigits + kTemporarySuffix.size() &&
+         name.find_first_not_of("0123456789abcdef") == kTemporaryDigits;
+}
+
+FileResult syncFile(const fs::path& path) {
+  const RegularFile file(path, O_RDONLY);
+  return file.result.ok() ? sync(file.descriptor->number()) : file.result;
 }
 
 FileResult syncFolder(const fs::path& folder) {
@@ -291,9 +359,11 @@ FileAppender::FileAppender(FileAppender&& other) noexcept
 FileResult FileAppender::append(std::string_view text) {
   struct stat status {};
   if (stat(m_file.c_str(), &status) != 0) return failure(errno);
+  if (const FileResult regular = whetherRegular(status); !regular.ok()) return regular;
   if (m_descriptor < 0 || status.st_dev != m_device || status.st_ino != m_inode) {
     close();
-    m_descriptor = withoutInterruption([&] { return open(m_file.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC); });
+    m_descriptor = withoutInterruption(
+        [&] { return open(m_file.c_str(), O_WRONLY | O_APPEND | O_NONBLOCK | O_CLOEXEC); });
     if (m_descriptor < 0 || fstat(m_descriptor, &status) != 0) return failure(errno);
     m_device = status.st_dev;
     m_inode = status.st_ino;
@@ -318,7 +388,7 @@ FolderLock::FolderLock(const fs::path& folder)
     m_result = failure(errno);
     return;
   }
-  m_result = outcome(withoutInterruption([&] { return flock(m_descriptor, LOCK_EX | LOCK_NB); }));
+  m_result = lock(m_descriptor, LOCK_EX);
 }
 
 FolderLock::~FolderLock() {

@@ -1,6 +1,7 @@
 // Reading and writing whole files so that nothing is lost: atomic replacement, append with cut-back, locks.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -34,18 +35,30 @@ struct [[nodiscard]] FileContent {
   std::string text = {};
 };
 
-FileContent readFile(const std::filesystem::path& file);
+/// The bounds on what is read whole, so that no file can take all memory: of a record or a list, and of a
+/// document. The length of either fits into an int, which libraries ask for.
+inline constexpr std::size_t kMaxListBytes = std::size_t{64} << 20;
+inline constexpr std::size_t kMaxDocumentBytes = (std::size_t{2} << 30) - 1;
+
+/// Reads a regular file, also one behind symbolic links. Never waits and never throws: a pipe or device is
+/// refused unopened, and so is a file of more than `maxBytes`.
+FileContent readFile(const std::filesystem::path& file, std::size_t maxBytes = kMaxDocumentBytes);
 
 /// Makes `text` the whole content of `file`, which may exist or not: a temporary file in the same folder is
 /// written, synced and renamed over it, then the folder is synced where that can be done. After a failure the
 /// old file is whole, unless it was the folder that could not be synced: then the new one is in place, and a
 /// power cut may undo that. No temporary file is left behind; only a process that is killed in the moment of
-/// the renaming leaves one (".veskel-..."), which the next replacement in that folder removes. The
+/// the renaming leaves one, see temporaryName(), which the next replacement in that folder removes. The
 /// permissions of an existing file are kept. A symbolic link stays: what it leads to is replaced, or made.
 /// Devices and pipes are refused.
 FileResult replaceFile(const std::filesystem::path& file, std::string_view text);
 
-/// Puts the content of an existing file on disk for good.
+/// A name for a file or folder that is there for a moment: ".veskel-", 16 hexadecimal digits, ".tmp". Whoever
+/// makes one holds its lock as long as it is needed. Without a lock it was left by a process that was killed.
+std::string temporaryName();
+bool isTemporaryName(std::string_view name);
+
+/// Puts the content of an existing regular file on disk for good.
 FileResult syncFile(const std::filesystem::path& file);
 
 /// Puts a folder's entries on disk for good: what was made, renamed or removed in it. Where the file system
@@ -76,8 +89,9 @@ bool somethingAt(const std::filesystem::path& path);
 /// followed. Empty when there is no such folder.
 std::vector<std::string> filesBelow(const std::filesystem::path& folder);
 
-/// Adds to the end of one existing file, piece by piece. The file stays open between the pieces, and each one
-/// goes to what stands at the path then: a file that was replaced is found anew. One thread at a time.
+/// Adds to the end of one existing regular file, piece by piece. The file stays open between the pieces, and
+/// each one goes to what stands at the path then: a file that was replaced is found anew. One thread at a
+/// time.
 class FileAppender {
  public:
   /// Touches nothing yet.
