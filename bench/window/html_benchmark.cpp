@@ -148,9 +148,11 @@ int main(int argc, char** argv) {
   ui::loadIcons();
   const QTemporaryDir home;
   const store::GlobalControls controls(home.path().toStdString());
-  const store::BrokenReasons reasons(home.filePath(QStringLiteral("state")).toStdString());
+  const store::BrokenReasons reasons(
+      store::StateFolder(home.filePath(QStringLiteral("state")).toStdString()));
   if (!store::checkNeededFoldersExist(controls).ok()) return 1;
-  static_cast<void>(store::AddEditDeleteSites(controls).createNewSite(kSite, "http://www.example.test/"));
+  static_cast<void>(
+      store::AddEditDeleteSites(controls, reasons.state()).createNewSite(kSite, "http://www.example.test/"));
   app::MainWindow window(controls, reasons, home.filePath(QStringLiteral("window.ini")));
   window.show();
   control<QTableView>(window, "siteListTable").selectRow(0);

@@ -47,11 +47,12 @@ int main(int argc, char** argv) {
   ui::loadIcons();
   const QTemporaryDir home;
   const store::GlobalControls controls(home.path().toStdString());
-  const store::BrokenReasons reasons(home.filePath(QStringLiteral("state")).toStdString());
+  const store::BrokenReasons reasons(
+      store::StateFolder(home.filePath(QStringLiteral("state")).toStdString()));
   if (!store::checkNeededFoldersExist(controls).ok()) return 1;
   const support::SiteServer server([](const std::string& target, int) { return pageAt(target); });
   const std::string url = argc > 1 ? argv[1] : server.url("page0.html");
-  const store::AddEditDeleteSites sites(controls);
+  const store::AddEditDeleteSites sites(controls, reasons.state());
   for (int i = 0; i < kSites; ++i) {
     static_cast<void>(sites.createNewSite("Site " + std::to_string(10'000 + i), url));
   }

@@ -29,8 +29,8 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);  // a window that closes during a scan may have to wait
 
   const auto controls = store::GlobalControls::fromEnvironment();
-  const auto reasons = store::BrokenReasons::fromEnvironment();
-  if (!controls || !reasons) {
+  const auto state = store::StateFolder::fromEnvironment();
+  if (!controls || !state) {
     return refuse(QObject::tr("Your home directory is not known: set the environment variable HOME."));
   }
   if (const auto result = store::checkNeededFoldersExist(*controls); !result.ok()) {
@@ -38,8 +38,9 @@ int main(int argc, char** argv) {
                       .arg(platform::toQString(controls->homeFolderLocation().native()),
                            platform::toQString(result.error)));
   }
-  app::MainWindow window(*controls, *reasons,
-                         platform::toQString((reasons->stateFolder() / "window.ini").native()));
+  const store::BrokenReasons reasons(*state);
+  app::MainWindow window(*controls, reasons,
+                         platform::toQString((state->location() / "window.ini").native()));
   window.show();
   return QApplication::exec();
 }

@@ -90,8 +90,8 @@ void MainWindow::showSiteInHand() {
 
 void MainWindow::makeControllers() {
   m_sheets = std::make_unique<platform::SheetQueue>(*this);
-  m_siteEditor =
-      std::make_unique<store::AddEditDeleteSitesController>(*this, *m_sheets, m_controls, m_reasons);
+  m_siteEditor = std::make_unique<store::AddEditDeleteSitesController>(*this, *m_sheets, m_controls,
+                                                                       m_reasons.state(), m_state);
   m_filters = std::make_unique<crawler::FilterController>(*this, *m_sheets, m_controls, m_state);
   m_scan = std::make_unique<crawler::ScanController>(*this, *m_sheets, m_controls, m_state, m_reasons);
   m_scanView = std::make_unique<ui::ScanViewController>(
@@ -125,7 +125,7 @@ void MainWindow::makeControllers() {
 void MainWindow::makeHtmlView() {
   m_htmlView = std::make_unique<html_editor::HTMLViewController>(
       html_editor::HTMLViewServices{*this, *m_sheets, m_controls, m_state,
-                                    html_editor::RecoveryCopies(m_reasons.stateFolder() / "unsaved")});
+                                    html_editor::RecoveryCopies(m_reasons.state().location() / "unsaved")});
   m_views->setCheckSave([this] { m_htmlView->checkSave(); });
   m_scanView->setBeforeChange(
       [this](std::function<void()> command) { m_htmlView->checkSave(std::move(command)); });

@@ -47,8 +47,8 @@ bool CliContext::hasSite(std::string_view name) const {
 
 std::optional<CliContext> openContext() {
   auto controls = store::GlobalControls::fromEnvironment();
-  auto reasons = store::BrokenReasons::fromEnvironment();
-  if (!controls || !reasons) {
+  auto state = store::StateFolder::fromEnvironment();
+  if (!controls || !state) {
     printError("Your home directory is not known: set the environment variable HOME.");
     return {};
   }
@@ -56,9 +56,9 @@ std::optional<CliContext> openContext() {
     reportFileFailure("Could not use the data folder", controls->homeFolderLocation(), result);
     return {};
   }
-  auto list = store::siteTableRows(*controls);
+  auto list = store::siteTableRows(*controls, *state);
   for (const std::string& problem : list.problems) printWarning(printable(problem));
-  return CliContext{*std::move(controls), *std::move(reasons), std::move(list.names)};
+  return CliContext{*std::move(controls), store::BrokenReasons(*std::move(state)), std::move(list.names)};
 }
 
 std::string printable(std::string_view text) {

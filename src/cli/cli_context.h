@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "store/add_edit_delete_sites.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
 
@@ -30,6 +31,9 @@ struct CliContext {
   store::GlobalControls controls;
   store::BrokenReasons reasons;
   std::vector<std::string> siteNames;  // as listed, sorted
+
+  /// What changes sites.
+  store::AddEditDeleteSites sites() const { return {controls, reasons.state()}; }
 
   /// Sites are looked up in the listing alone, so that a name like "../x" leads nowhere.
   bool hasSite(std::string_view name) const;

@@ -31,11 +31,13 @@ std::optional<crawler::ScanSettings> selectForScan(const CliContext& context, co
     failure = reportUnknownSite(name);
     return {};
   }
-  // The record of a site that is being scanned belongs to that scan.
-  const platform::FolderLock lock(context.controls.siteFolder(name));
-  if (const auto refused = reportLockFailure(lock, context, name)) {
-    failure = *refused;
-    return {};
+  {
+    // Told before anything is read; the scan takes the lock for itself.
+    const platform::FolderLock lock(context.controls.siteFolder(name));
+    if (const auto refused = reportLockFailure(lock, context, name)) {
+      failure = *refused;
+      return {};
+    }
   }
   const store::SelectedSite site = store::selectSite(context.controls, name);
   if (!site.result.ok()) {

@@ -9,7 +9,6 @@
 
 #include "cli/site_output.h"
 #include "platform/text.h"
-#include "store/add_edit_delete_sites.h"
 #include "store/filters_file.h"
 #include "store/site_input.h"
 #include "store/site_list.h"
@@ -37,66 +36,50 @@ ExitCode reportOddCharacters() {
   return exitBadInput;
 }
 
-ExitCode reportFailedSave(const store::SaveResult& result) {
-  return reportFileFailure("Could not save", result.path, result.file);
+/// Says why a site could not be changed; nothing when it was.
+std::optional<ExitCode> reportUnsaved(const store::SaveResult& result, std::string_view what,
+                                      const std::string& siteName) {
+  switch (result.outcome) {
+    case store::SaveOutcome::busy:
+      return reportBusySite(siteName);
+    case store::SaveOutcome::failed:
+      return reportFileFailure(what, result.path, result.file);
+    default:
+      break;
+  }
+  if (!result.state.ok()) {
+    printWarning("What is remembered of the site could not follow: " + printable(result.state.error));
+  }
+  return {};
 }
 
-/// Name and URL of an edited site, after all checks.
-struct EditedSite {
-  std::string name;
-  std::string url;
-};
-
-/// Checks what was given; nothing after a report of what is wrong with it.
-std::optional<EditedSite> checkEdit(const EditOptions& options, const std::string& currentUrl) {
-  EditedSite edited{options.siteName, currentUrl};
+/// What was given, checked and completed; nothing after a report of what is wrong with it.
+std::optional<store::SiteEdit> checkEdit(const EditOptions& options) {
   if (!fitsOneLine(options.newName.value_or("")) || !fitsOneLine(options.newUrl.value_or(""))) {
     reportOddCharacters();
     return {};
   }
+  store::SiteEdit edit{.ignoreRobots = options.ignoreRobots};
   std::string errors;
   if (options.newName) {
     store::CheckedText name = store::checkSiteName(*options.newName);
-    edited.name = std::move(name.text);
+    edit.name = std::move(name.text);
     errors += name.error;
   }
   if (options.newUrl) {
     store::CheckedText url = store::checkSiteUrl(*options.newUrl);
-    edited.url = std::move(url.text);
+    edit.url = std::move(url.text);
     errors += url.error;
   }
-  if (errors.empty()) return edited;
+  if (errors.empty()) return edit;
   reportInputErrors(errors);
   return {};
 }
 
-/// Saves name and URL where they changed.
-ExitCode saveEdit(const CliContext& context, const EditOptions& options, const EditedSite& edited) {
-  if (!options.newName && !options.newUrl) return exitDone;
-  const store::AddEditDeleteSites sites(context.controls);
-  // Saving under a taken name would give the other site this URL. Here nobody sees that site, so nothing is
-  // done.
-  if (sites.isNameTaken(options.siteName, edited.name)) {
-    printError(store::renameNameTaken(printable(edited.name)));
-    return exitBadInput;
-  }
-  const auto saved = sites.saveEditedSite(options.siteName, edited.name, edited.url);
-  if (saved.outcome == store::SaveOutcome::failed) return reportFailedSave(saved);
-  if (edited.name == options.siteName) return exitDone;
-  if (const auto moved = context.reasons.rename(options.siteName, edited.name); !moved.ok()) {
-    printWarning("The reasons of the broken pages could not be kept: " + printable(moved.error));
-  }
-  return exitDone;
-}
-
-/// Shows what is stored now, and tells when the record had no place for the new URL.
-ExitCode printStoredSite(const CliContext& context, const std::string& name, const std::string& expectedUrl) {
+/// Shows what is stored now.
+ExitCode printStoredSite(const CliContext& context, const std::string& name) {
   const auto site = store::readSite(context.controls, name);
   if (!site.result.ok()) return reportFileFailure("Could not read", site.path, site.result);
-  if (site.details.url != expectedUrl) {
-    return reportFileFailure("Could not change the URL in", context.controls.returnFullFileLocation(name),
-                             {platform::FileStatus::failed, "The record has no URL."});
-  }
   std::cout << printable(name) << ": " << printable(site.details.url)
             << (site.details.ignoreRobots ? " (robots.txt ignored)" : "") << '\n';
   return exitDone;
@@ -115,14 +98,13 @@ bool userWantsDeletion(const std::string& name) {
   return isYes(answer);
 }
 
-/// The filters after the change; nothing after a report of what is wrong with it.
-std::optional<std::vector<std::string>> changedFilters(std::vector<std::string> filters,
-                                                       const FilterOptions& options) {
+/// Changes the filters; false after a report of what is wrong with the change.
+bool changeAsTold(std::vector<std::string>& filters, const FilterOptions& options) {
   for (const std::string& text : options.deletions) {
     const auto found = std::find(filters.begin(), filters.end(), text);
     if (found == filters.end()) {
       printError("There is no filter \"" + printable(text) + "\". Nothing was changed.");
-      return {};
+      return false;
     }
     filters.erase(found);
   }
@@ -130,15 +112,15 @@ std::optional<std::vector<std::string>> changedFilters(std::vector<std::string> 
     const std::string_view filter = store::filterText(text);
     if (filter.empty()) {
       printError("Cannot Add Filter: There is nothing to add!");
-      return {};
+      return false;
     }
     if (!fitsOneLine(filter)) {
       printError("A filter cannot contain line breaks, other control characters or invalid UTF-8.");
-      return {};
+      return false;
     }
     filters.emplace_back(filter);
   }
-  return filters;
+  return true;
 }
 
 }  // namespace
@@ -169,17 +151,13 @@ ExitCode addSite(const CliContext& context, const std::string& typedName, const 
   const store::SiteInput input = store::checkSiteInput(typedName, typedUrl);
   if (!input.error.empty()) return reportInputErrors(input.error);
 
-  const auto saved = store::AddEditDeleteSites(context.controls).createNewSite(input.name, input.url);
-  switch (saved.outcome) {
-    case store::SaveOutcome::nameTaken:
-      printError(store::kCreateNameTaken);
-      return exitBadInput;
-    case store::SaveOutcome::failed:
-      return reportFailedSave(saved);
-    case store::SaveOutcome::saved:
-      break;
+  const auto saved = context.sites().createNewSite(input.name, input.url);
+  if (saved.outcome == store::SaveOutcome::nameTaken) {
+    printError(store::kCreateNameTaken);
+    return exitBadInput;
   }
-  return printStoredSite(context, input.name, input.url);
+  if (const auto code = reportUnsaved(saved, "Could not save", input.name)) return *code;
+  return printStoredSite(context, input.name);
 }
 
 ExitCode editSite(const CliContext& context, const EditOptions& options) {
@@ -188,21 +166,17 @@ ExitCode editSite(const CliContext& context, const EditOptions& options) {
     return exitBadInput;
   }
   if (!context.hasSite(options.siteName)) return reportUnknownSite(options.siteName);
-  // The lock stays with the folder when that is renamed.
-  const platform::FolderLock lock(context.controls.siteFolder(options.siteName));
-  if (const auto code = reportLockFailure(lock, context, options.siteName)) return *code;
-
-  const auto site = store::readSite(context.controls, options.siteName);
-  if (!site.result.ok()) return reportFileFailure("Could not read", site.path, site.result);
-  const auto edited = checkEdit(options, site.details.url);
-  if (!edited) return exitBadInput;
-  if (const auto code = saveEdit(context, options, *edited); code != exitDone) return code;
-  if (options.ignoreRobots) {
-    const auto turned = store::setIgnoreRobots(context.controls, edited->name, *options.ignoreRobots);
-    const auto record = context.controls.returnFullFileLocation(edited->name);
-    if (!turned.ok()) return reportFileFailure("Could not turn the robots switch in", record, turned);
+  const auto edit = checkEdit(options);
+  if (!edit) return exitBadInput;
+  // Saving under a taken name could give the other site this URL. Here nobody sees that site, so nothing is
+  // done.
+  const auto saved = context.sites().saveEditedSite(options.siteName, *edit, store::NameClash::refuse);
+  if (saved.outcome == store::SaveOutcome::nameTaken) {
+    printError(store::renameNameTaken(printable(*edit->name)));
+    return exitBadInput;
   }
-  return printStoredSite(context, edited->name, edited->url);
+  if (const auto code = reportUnsaved(saved, "Could not save", options.siteName)) return *code;
+  return printStoredSite(context, edit->name.value_or(options.siteName));
 }
 
 ExitCode deleteSite(const CliContext& context, const std::string& name, Confirmation confirmation) {
@@ -217,14 +191,8 @@ ExitCode deleteSite(const CliContext& context, const std::string& name, Confirma
       return exitDone;
     }
   }
-  const auto folder = context.controls.siteFolder(name);
-  const platform::FolderLock lock(folder);
-  if (const auto code = reportLockFailure(lock, context, name)) return *code;
-  const auto removed = store::AddEditDeleteSites(context.controls).deleteSite(name);
-  if (!removed.ok()) return reportFileFailure("Could not delete", folder, removed);
-  if (const auto forgotten = context.reasons.remove(name); !forgotten.ok()) {
-    printWarning("The reasons of the broken pages could not be deleted: " + printable(forgotten.error));
-  }
+  const auto removed = context.sites().deleteSite(name);
+  if (const auto code = reportUnsaved(removed, "Could not delete", name)) return *code;
   std::cout << "Deleted " << printable(name) << ".\n";
   return exitDone;
 }
@@ -232,21 +200,17 @@ ExitCode deleteSite(const CliContext& context, const std::string& name, Confirma
 ExitCode changeFilters(const CliContext& context, const FilterOptions& options) {
   if (!context.hasSite(options.siteName)) return reportUnknownSite(options.siteName);
   const auto file = context.controls.siteFolder(options.siteName) / store::kFiltersFile;
-  std::optional<platform::FolderLock> lock;
   const bool changes = !options.deletions.empty() || !options.additions.empty();
-  if (changes) {  // a scan reads them from first to last page; looking at them is always possible
-    lock.emplace(context.controls.siteFolder(options.siteName));
-    if (const auto code = reportLockFailure(*lock, context, options.siteName)) return *code;
-  }
-  store::Filters filters = store::loadFilterFile(context.controls, options.siteName);
-  if (!filters.result.ok()) return reportFileFailure("Could not read", file, filters.result);
-  if (changes) {
-    auto changed = changedFilters(std::move(filters.entries), options);
-    if (!changed) return exitBadInput;
-    filters.entries = *std::move(changed);
-    const auto saved = store::saveFilters(context.controls, options.siteName, filters.entries);
-    if (!saved.ok()) return reportFileFailure("Could not write", file, saved);
-  }
+  bool isGood = true;
+  // A scan reads them from first to last page; looking at them is always possible.
+  const store::Filters filters =
+      changes ? store::changeFilters(context.controls, options.siteName,
+                                     [&](auto& present) { return isGood = changeAsTold(present, options); })
+              : store::loadFilterFile(context.controls, options.siteName);
+  if (!isGood) return exitBadInput;
+  if (filters.result.status == platform::FileStatus::busy) return reportBusySite(options.siteName);
+  if (!filters.result.ok())
+    return reportFileFailure(changes ? "Could not change" : "Could not read", file, filters.result);
   if (filters.entries.empty()) std::cerr << "The site has no filters.\n";
   for (const std::string& filter : filters.entries) std::cout << printable(filter) << '\n';
   return exitDone;

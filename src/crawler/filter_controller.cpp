@@ -17,8 +17,7 @@ using platform::toQString;
 
 FilterController::FilterController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
                                    const store::GlobalControls& controls, store::SharedState& state)
-    : m_mainWindow(mainWindow),
-      m_sheets(sheets),
+    : m_sheets(sheets),
       m_controls(controls),
       m_state(state),
       m_filterTable(control<QTableView>(mainWindow, "filterTable")),
@@ -74,15 +73,15 @@ void FilterController::addFilterCommand() {
 }
 
 void FilterController::deleteFilter() {
-  std::vector<std::string> remaining;
-  const QItemSelectionModel* selection = m_filterTable.selectionModel();
-  for (int row = 0; row < m_model.rowCount(); ++row) {
-    if (!selection->isRowSelected(row, {})) {
-      remaining.push_back(m_state.qzvskFiltersArray[static_cast<std::size_t>(row)]);
-    }
-  }
-  const platform::FileResult saved = store::saveFilters(m_controls, m_state.qzvskCurSite, remaining);
-  if (!saved.ok()) tellFailure(tr("The filters could not be saved."), saved);
+  std::vector<std::size_t> rows;
+  for (const QModelIndex& index : m_filterTable.selectionModel()->selectedRows())
+    rows.push_back(static_cast<std::size_t>(index.row()));
+  // Another program may have changed them since they were shown.
+  const store::Filters changed = store::changeFilters(m_controls, m_state.qzvskCurSite, [&](auto& filters) {
+    filters = store::withoutFilters(filters, m_state.qzvskFiltersArray, rows);
+    return true;
+  });
+  if (!changed.result.ok()) tellFailure(tr("The filters could not be saved."), changed.result);
   loadFilterFile();
 }
 

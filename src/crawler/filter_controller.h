@@ -36,7 +36,6 @@ class FilterController : public QObject {
   void deleteFilter();
   void tellFailure(const QString& what, const platform::FileResult& result);
 
-  QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
   const store::GlobalControls& m_controls;
   store::SharedState& m_state;

@@ -294,6 +294,12 @@ FileResult makeFolder(const fs::path& folder) {
   return outcome(mkdir(folder.c_str(), 0777));
 }
 
+FileResult makeFolders(const fs::path& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  return error ? failure(error.value()) : FileResult{};
+}
+
 FileResult makeEmptyFile(const fs::path& file) {
   const Descriptor descriptor(file, O_WRONLY | O_CREAT | O_EXCL, kFileMode);
   return descriptor.isOpen() ? FileResult{} : failure(errno);

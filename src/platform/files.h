@@ -68,6 +68,9 @@ FileResult syncFolder(const std::filesystem::path& folder);
 /// Makes one folder; its parent has to exist. `exists` when anything stands at the path.
 FileResult makeFolder(const std::filesystem::path& folder);
 
+/// Makes a folder and those above it where they are missing.
+FileResult makeFolders(const std::filesystem::path& folder);
+
 /// Makes an empty file; `exists` when anything stands at the path.
 FileResult makeEmptyFile(const std::filesystem::path& file);
 

@@ -27,24 +27,18 @@ QString busySentence(std::string_view name) {
   return QObject::tr("The site \"%1\" is being scanned.").arg(toQString(name));
 }
 
-/// The sentence, and what became of the reasons of broken pages that go with a site.
-QString withReasons(const QString& sentence, const platform::FileResult& result) {
-  if (result.ok()) return sentence;
-  return QObject::tr("%1. The reasons of its broken pages could not be changed: %2")
-      .arg(sentence, toQString(result.error));
-}
-
 }  // namespace
 
 AddEditDeleteSitesController::AddEditDeleteSitesController(QMainWindow& mainWindow,
                                                            platform::SheetQueue& sheets,
                                                            const GlobalControls& controls,
-                                                           const BrokenReasons& reasons)
+                                                           const StateFolder& stateFolder,
+                                                           const SharedState& state)
     : m_mainWindow(mainWindow),
       m_sheets(sheets),
       m_controls(controls),
-      m_reasons(reasons),
-      m_sites(controls),
+      m_state(state),
+      m_sites(controls, stateFolder),
       m_aedWindow(&mainWindow),
       m_sheetsOfSheet(m_aedWindow) {
   buildSheet();
@@ -99,16 +93,15 @@ void AddEditDeleteSitesController::editSite() {
 }
 
 void AddEditDeleteSitesController::editSiteStart() {
-  const std::filesystem::path file = m_controls.returnFullFileLocation(selectedSite());
-  const platform::FileContent record = platform::readFile(file);
+  m_originalName = m_state.qzvskCurSite;
+  const std::filesystem::path file = m_controls.returnFullFileLocation(m_originalName);
+  const platform::FileContent record = platform::readFile(file, platform::kMaxListBytes);
   if (!record.result.ok()) {
     m_calledBy.clear();
     return tellFailure(m_sheets, tr("Could not read"), file, record.result);
   }
-  m_originalName = recordValue(record.text, kSiteName).value_or("");
-  m_originalURL = recordValue(record.text, kSiteUrl).value_or("");
   m_siteName->setText(toQString(m_originalName));
-  m_siteURL->setText(toQString(m_originalURL));
+  m_siteURL->setText(toQString(recordValue(record.text, kSiteUrl).value_or("")));
   m_siteURL->setCursorPosition(0);  // of a long one the host tells more than the end
   showSheet(tr("Edit Site"), tr("Save Changes"));
 }
@@ -145,62 +138,44 @@ void AddEditDeleteSitesController::createNewSite(const std::string& passedSiteNa
                                                  const std::string& passedSiteURL) {
   const SaveResult result = m_sites.createNewSite(passedSiteName, passedSiteURL);
   if (result.outcome == SaveOutcome::nameTaken) return m_sheetsOfSheet.alert(toQString(kCreateNameTaken));
-  if (result.outcome == SaveOutcome::failed) {
-    return tellFailure(m_sheetsOfSheet, tr("Could not write"), result.path, result.file);
-  }
-  emit report(tr("Added \"%1\"").arg(toQString(passedSiteName)));
+  if (!tellUnlessSaved(m_sheetsOfSheet, tr("Could not write"), passedSiteName, result)) return;
+  reportDone(tr("Added \"%1\"").arg(toQString(passedSiteName)), result);
   resetAndClose();
   emit siteNamed(toQString(passedSiteName));
 }
 
 void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
                                                   const std::string& passedURL) {
-  SaveResult result;
-  {
-    const platform::FolderLock lock(m_controls.siteFolder(m_originalName));
-    if (lock.result().status == platform::FileStatus::busy) {
-      return m_sheetsOfSheet.alert(busySentence(m_originalName));
-    }
-    result = m_sites.saveEditedSite(m_originalName, passedName, passedURL);
-  }
-  if (result.outcome == SaveOutcome::failed) {
-    return tellFailure(m_sheetsOfSheet, tr("Could not save"), result.path, result.file);
-  }
+  const SaveResult result =
+      m_sites.saveEditedSite(m_originalName, {.name = passedName, .url = passedURL}, NameClash::overwriteUrl);
   if (result.outcome == SaveOutcome::nameTaken) {
     QString why;  // that the other site's address is what it was
     if (!result.file.ok()) {
       why = tr("Could not save %1: %2").arg(toQString(result.path.native()), toQString(result.file.error));
     }
     m_sheets.alert(toQString(renameNameTaken(passedName)), why);
+  } else if (tellUnlessSaved(m_sheetsOfSheet, tr("Could not save"), m_originalName, result)) {
+    reportDone(tr("Saved \"%1\"").arg(toQString(passedName)), result);
   } else {
-    // The reasons follow as far as they can: without them the list of broken pages still stands.
-    platform::FileResult kept;
-    if (passedName != m_originalName) kept = m_reasons.rename(m_originalName, passedName);
-    emit report(withReasons(tr("Saved \"%1\"").arg(toQString(passedName)), kept));
+    return;
   }
   resetAndClose();
   if (result.outcome == SaveOutcome::saved) emit siteNamed(toQString(passedName));
 }
 
 void AddEditDeleteSitesController::deleteSite() {
-  const std::string name = selectedSite();
+  const std::string name = m_state.qzvskCurSite;
   m_sheets.ask(tr("Do you really want to delete the site:\n%1").arg(toQString(name)), {}, tr("Delete"),
                tr("Cancel"), [this, name](bool deleteIt) { sheetDidEndShouldDelete(deleteIt, name); });
 }
 
 void AddEditDeleteSitesController::sheetDidEndShouldDelete(bool deleteIt, const std::string& name) {
   if (!deleteIt) return;
-  platform::FileResult removed;
-  {
-    const platform::FolderLock lock(m_controls.siteFolder(name));
-    if (lock.result().status == platform::FileStatus::busy) return m_sheets.alert(busySentence(name));
-    removed = m_sites.deleteSite(name);
-  }
-  if (removed.ok()) {
-    const platform::FileResult forgotten = m_reasons.remove(name);
-    emit report(withReasons(tr("Deleted \"%1\"").arg(toQString(name)), forgotten));
-  } else {
-    tellFailure(m_sheets, tr("Could not delete"), m_controls.siteFolder(name), removed);
+  const SaveResult result = m_sites.deleteSite(name);
+  if (tellUnlessSaved(m_sheets, tr("Could not delete"), name, result)) {
+    reportDone(tr("Deleted \"%1\"").arg(toQString(name)), result);
+  } else if (result.outcome == SaveOutcome::busy) {
+    return;
   }
   control<QTableView>(m_mainWindow, "siteListTable").clearSelection();
   emit sitesChanged();
@@ -219,14 +194,29 @@ void AddEditDeleteSitesController::resetAndClose() {
   emit sitesChanged();
 }
 
+/// Whether the change was made. If not, says why.
+bool AddEditDeleteSitesController::tellUnlessSaved(platform::SheetQueue& sheets, const QString& what,
+                                                   const std::string& name, const SaveResult& result) {
+  if (result.outcome == SaveOutcome::saved) return true;
+  if (result.outcome == SaveOutcome::busy) {
+    sheets.alert(tr("The site \"%1\" is being scanned.").arg(toQString(name)));
+  } else {
+    tellFailure(sheets, what, result.path, result.file);
+  }
+  return false;
+}
+
+/// Says what was done, and whether what is remembered of the site has followed.
+void AddEditDeleteSitesController::reportDone(const QString& sentence, const SaveResult& result) {
+  emit report(result.state.ok() ? sentence
+                                : tr("%1. What is remembered of it could not follow: %2")
+                                      .arg(sentence, toQString(result.state.error)));
+}
+
 void AddEditDeleteSitesController::tellFailure(platform::SheetQueue& sheets, const QString& what,
                                                const std::filesystem::path& path,
                                                const platform::FileResult& result) {
   sheets.alert(QStringLiteral("%1 %2").arg(what, toQString(path.native())), toQString(result.error));
-}
-
-std::string AddEditDeleteSitesController::selectedSite() const {
-  return toUtf8(control<QLabel>(m_mainWindow, "siteName").text());
 }
 
 }  // namespace store

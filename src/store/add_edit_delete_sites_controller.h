@@ -9,8 +9,9 @@
 
 #include "platform/sheet_queue.h"
 #include "store/add_edit_delete_sites.h"
-#include "store/broken_reasons.h"
 #include "store/global_controls.h"
+#include "store/shared_state.h"
+#include "store/state_folder.h"
 
 class QLabel;
 class QLineEdit;
@@ -19,15 +20,16 @@ class QTableView;
 
 namespace store {
 
-/// One sheet serves both commands. The site to edit or delete is the one whose name the main window shows. UI
-/// thread.
+/// One sheet serves both commands. The site to edit or delete is the one in hand when the command is given.
+/// UI thread.
 class AddEditDeleteSitesController : public QObject {
   Q_OBJECT
 
  public:
   /// All are borrowed and outlive the controller.
   AddEditDeleteSitesController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
-                               const GlobalControls& controls, const BrokenReasons& reasons);
+                               const GlobalControls& controls, const StateFolder& stateFolder,
+                               const SharedState& state);
   ~AddEditDeleteSitesController() override;
 
   void addNewSite();
@@ -53,14 +55,16 @@ class AddEditDeleteSitesController : public QObject {
   void saveEditedSite(const std::string& passedName, const std::string& passedURL);
   void sheetDidEndShouldDelete(bool deleteIt, const std::string& name);
   void resetAndClose();
+  bool tellUnlessSaved(platform::SheetQueue& sheets, const QString& what, const std::string& name,
+                       const SaveResult& result);
+  void reportDone(const QString& sentence, const SaveResult& result);
   void tellFailure(platform::SheetQueue& sheets, const QString& what, const std::filesystem::path& path,
                    const platform::FileResult& result);
-  std::string selectedSite() const;
 
   QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
   const GlobalControls& m_controls;
-  const BrokenReasons& m_reasons;
+  const SharedState& m_state;
   AddEditDeleteSites m_sites;
 
   QDialog m_aedWindow;
@@ -70,9 +74,8 @@ class AddEditDeleteSitesController : public QObject {
   QPushButton* m_defaultButton = nullptr;
   QPushButton* m_alternateButton = nullptr;
 
-  std::string m_calledBy;  // "addNewSite" or "editSite"
-  std::string m_originalName;
-  std::string m_originalURL;
+  std::string m_calledBy;      // "addNewSite" or "editSite"
+  std::string m_originalName;  // of the site that is edited
 };
 
 }  // namespace store

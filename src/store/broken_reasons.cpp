@@ -1,11 +1,10 @@
 #include "store/broken_reasons.h"
 
 #include <cstddef>
-#include <cstdlib>
 #include <functional>
 #include <map>
+#include <system_error>
 
-#include "store/global_controls.h"
 #include "store/text_lines.h"
 
 namespace store {
@@ -13,7 +12,6 @@ namespace store {
 namespace {
 
 using platform::FileResult;
-using platform::FileStatus;
 
 std::string escaped(std::string_view text) {
   std::string result;
@@ -48,32 +46,7 @@ std::string unescaped(std::string_view text) {
   return result;
 }
 
-/// Makes `folder` and those above it where they are missing.
-FileResult makeFolders(const std::filesystem::path& folder) {
-  if (platform::somethingAt(folder)) return {};
-  if (folder.has_parent_path()) {
-    if (auto parent = makeFolders(folder.parent_path()); !parent.ok()) return parent;
-  }
-  auto made = platform::makeFolder(folder);
-  if (made.status == FileStatus::exists) return {};  // made by somebody else in between
-  return made;
-}
-
-FileResult fineWhenMissing(FileResult result) {
-  if (result.status == FileStatus::missing) return {};
-  return result;
-}
-
 }  // namespace
-
-std::optional<BrokenReasons> BrokenReasons::fromEnvironment() {
-  // A relative path in XDG_STATE_HOME is invalid and to be ignored, by the rules for such folders.
-  const char* stateHome = std::getenv("XDG_STATE_HOME");
-  if (stateHome != nullptr && *stateHome == '/') return BrokenReasons(stateHome);
-  const auto home = homeFolder();
-  if (!home) return {};
-  return BrokenReasons(*home / ".local" / "state");
-}
 
 FileResult BrokenReasons::save(std::string_view siteName, const std::vector<BrokenPage>& pages) const {
   std::string text;
@@ -81,7 +54,7 @@ FileResult BrokenReasons::save(std::string_view siteName, const std::vector<Brok
     text.append(escaped(page.url)).append("\t").append(escaped(page.reason)).append("\n");
   }
   const auto target = file(siteName);
-  if (auto made = makeFolders(target.parent_path()); !made.ok()) return made;
+  if (auto made = platform::makeFolders(target.parent_path()); !made.ok()) return made;
   return platform::replaceFile(target, text);
 }
 
@@ -95,7 +68,7 @@ std::optional<std::filesystem::file_time_type> BrokenReasons::savedAt(std::strin
 std::vector<BrokenPage> BrokenReasons::lookUp(std::string_view siteName,
                                               const std::vector<std::string>& urls) const {
   std::map<std::string, std::string, std::less<>> reasons;
-  const auto content = platform::readFile(file(siteName));
+  const auto content = platform::readFile(file(siteName), platform::kMaxListBytes);
   for (const std::string& line : nonEmptyLines(content.text)) {
     const auto tab = line.find('\t');
     if (tab == std::string::npos) continue;
@@ -110,22 +83,23 @@ std::vector<BrokenPage> BrokenReasons::lookUp(std::string_view siteName,
   return pages;
 }
 
-FileResult BrokenReasons::rename(std::string_view from, std::string_view to) const {
-  // A site of the new name may have gone without telling; its reasons are not those of the renamed one.
-  if (auto removed = remove(to); !removed.ok()) return removed;
-  return fineWhenMissing(platform::moveTo(file(from), file(to)));
-}
-
-FileResult BrokenReasons::remove(std::string_view siteName) const {
-  return fineWhenMissing(platform::removeFile(file(siteName)));
+void BrokenReasons::takeFormer(const std::vector<std::string>& siteNames) const {
+  const auto former = m_state.location() / "broken";
+  if (!platform::somethingAt(former)) return;
+  for (const std::string& name : siteNames) {
+    const auto source = former / (name + ".tsv");
+    const auto target = file(name);
+    if (!platform::somethingAt(source) || !platform::makeFolders(target.parent_path()).ok()) continue;
+    // What a scan has kept since is newer.
+    if (platform::moveTo(source, target).status == platform::FileStatus::exists)
+      static_cast<void>(platform::removeFile(source));
+  }
+  std::error_code error;
+  std::filesystem::remove(former, error);  // unless it holds something still
 }
 
 std::filesystem::path BrokenReasons::file(std::string_view siteName) const {
-  auto path = m_folder / "veskel" / "broken";
-  path += '/';  // as text: with operator/ a name that begins with a slash would lead out of the folder
-  path += siteName;
-  path += ".tsv";
-  return path;
+  return m_state.ofSite(siteName) / "reasons.tsv";
 }
 
 }  // namespace store

@@ -1,7 +1,6 @@
 // Why pages of a site's last scan were broken. The site's folder holds only their addresses, so the reasons
-// are kept in the user's state folder: XDG_STATE_HOME, else HOME/.local/state, then "veskel/broken/" + site
-// name + ".tsv". A line of the file is the URL, a tab and the reason; tabs, line ends and backslashes inside
-// the two are escaped, so that a hostile URL cannot pass for another line.
+// are kept in its state folder, in "reasons.tsv". A line of the file is the URL, a tab and the reason; tabs,
+// line ends and backslashes inside the two are escaped, so that a hostile URL cannot pass for another line.
 #pragma once
 
 #include <filesystem>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "store/state_folder.h"
 
 namespace store {
 
@@ -23,14 +23,9 @@ struct BrokenPage {
 /// The reasons of all sites of one user. A value; the folder is made when something is first saved.
 class BrokenReasons {
  public:
-  explicit BrokenReasons(std::filesystem::path stateFolder) : m_folder(std::move(stateFolder)) {}
+  explicit BrokenReasons(StateFolder state) : m_state(std::move(state)) {}
 
-  /// Nothing when XDG_STATE_HOME names no absolute path and no home directory is known either.
-  static std::optional<BrokenReasons> fromEnvironment();
-
-  /// Replaces what was kept of the site.
-  /// The folder for all that the program remembers and that is no data of a site: state folder / "veskel".
-  std::filesystem::path stateFolder() const { return m_folder / "veskel"; }
+  const StateFolder& state() const { return m_state; }
 
   /// Remembers the broken pages of a scan that has just ended, also when there are none.
   platform::FileResult save(std::string_view siteName, const std::vector<BrokenPage>& pages) const;
@@ -41,15 +36,13 @@ class BrokenReasons {
   /// `urls` with the reasons known for them. A file that is missing or cannot be read knows none.
   std::vector<BrokenPage> lookUp(std::string_view siteName, const std::vector<std::string>& urls) const;
 
-  /// Follows a site that is renamed or deleted. A missing file is fine; what was left under the new name is
-  /// dropped.
-  platform::FileResult rename(std::string_view from, std::string_view to) const;
-  platform::FileResult remove(std::string_view siteName) const;
+  /// Takes along what former versions kept in one folder for all sites, "broken". Done once: the folder goes.
+  void takeFormer(const std::vector<std::string>& siteNames) const;
 
  private:
   std::filesystem::path file(std::string_view siteName) const;
 
-  std::filesystem::path m_folder;
+  StateFolder m_state;
 };
 
 }  // namespace store

@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <map>
+#include <set>
+#include <utility>
 
+#include "store/site_lock.h"
 #include "store/text_lines.h"
 
 namespace store {
@@ -38,15 +42,17 @@ Filters loadFilterFile(const GlobalControls& controls, std::string_view siteName
   const auto file = filtersFile(controls, siteName);
   const auto made = platform::makeEmptyFile(file);
   if (!made.ok() && made.status != platform::FileStatus::exists) return {made};
-  const auto content = platform::readFile(file);
+  const auto content = platform::readFile(file, platform::kMaxListBytes);
   return {content.result, nonEmptyLines(content.text)};
 }
 
 platform::FileResult addFilter(const GlobalControls& controls, std::string_view siteName,
                                std::string_view text) {
   if (text.empty()) return {};
+  const SiteLock lock(controls, siteName);
+  if (!lock.result().ok()) return lock.result();
   const auto file = filtersFile(controls, siteName);
-  auto content = platform::readFile(file);
+  auto content = platform::readFile(file, platform::kMaxListBytes);
   if (!content.result.ok()) return content.result;
   // A file written by hand may lack its last line end; the new filter must not become part of its last one.
   if (!content.text.empty() && !content.text.ends_with('\n')) content.text += '\n';
@@ -54,11 +60,35 @@ platform::FileResult addFilter(const GlobalControls& controls, std::string_view 
   return platform::replaceFile(file, content.text);
 }
 
-platform::FileResult saveFilters(const GlobalControls& controls, std::string_view siteName,
-                                 const std::vector<std::string>& entries) {
+Filters changeFilters(const GlobalControls& controls, std::string_view siteName, const FilterChange& change) {
+  const SiteLock lock(controls, siteName);
+  if (!lock.result().ok()) return {lock.result()};
+  Filters filters = loadFilterFile(controls, siteName);
+  if (!filters.result.ok() || !change(filters.entries)) return filters;
   std::string text;
-  for (const std::string& entry : entries) text.append(entry).append("\n");
-  return platform::replaceFile(filtersFile(controls, siteName), text);
+  for (const std::string& entry : filters.entries) text.append(entry).append("\n");
+  filters.result = platform::replaceFile(filtersFile(controls, siteName), text);
+  return filters;
+}
+
+std::vector<std::string> withoutFilters(const std::vector<std::string>& present,
+                                        const std::vector<std::string>& shown,
+                                        const std::vector<std::size_t>& rows) {
+  using Numbered = std::pair<std::string_view, std::size_t>;  // a filter, and how many equal ones come before
+  const auto numbered = [](const std::vector<std::string>& filters) {
+    std::map<std::string_view, std::size_t> counts;
+    std::vector<Numbered> result;
+    for (const std::string& filter : filters) result.emplace_back(filter, counts[filter]++);
+    return result;
+  };
+  const std::vector<Numbered> seen = numbered(shown);
+  std::set<Numbered> gone;
+  for (const std::size_t row : rows) gone.insert(seen[row]);
+  std::vector<std::string> remaining;
+  for (const Numbered& filter : numbered(present)) {
+    if (!gone.contains(filter)) remaining.emplace_back(filter.first);
+  }
+  return remaining;
 }
 
 }  // namespace store

@@ -1,6 +1,8 @@
 // A site's URL filters: pieces of text that keep a link out of its sitemaps. One per line in "filters.vskp".
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,12 +24,20 @@ std::string_view filterText(std::string_view typed);
 Filters loadFilterFile(const GlobalControls& controls, std::string_view siteName);
 
 /// Appends filterText(text) to the existing file. A text with line feeds inside makes several filters.
-/// Nothing is written for an empty `text`, which is an input error of the caller's.
+/// Nothing is written for an empty `text`, which is an input error of the caller's. `busy` while the site is
+/// being scanned.
 platform::FileResult addFilter(const GlobalControls& controls, std::string_view siteName,
                                std::string_view text);
 
-/// Writes `entries` as the site's whole filters file.
-platform::FileResult saveFilters(const GlobalControls& controls, std::string_view siteName,
-                                 const std::vector<std::string>& entries);
+/// Has `change` change the site's filters as they are now and writes them, unless it returns false. Nobody
+/// else changes them meanwhile; `busy` while the site is being scanned. `entries` are the filters afterwards.
+using FilterChange = std::function<bool(std::vector<std::string>& filters)>;
+Filters changeFilters(const GlobalControls& controls, std::string_view siteName, const FilterChange& change);
+
+/// `present` without the filters that were seen in `rows` of the list `shown`. Of equal ones the one that has
+/// as many of its kind before it goes; one that is gone already is passed over.
+std::vector<std::string> withoutFilters(const std::vector<std::string>& present,
+                                        const std::vector<std::string>& shown,
+                                        const std::vector<std::size_t>& rows);
 
 }  // namespace store

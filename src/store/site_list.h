@@ -8,6 +8,7 @@
 
 #include "platform/files.h"
 #include "store/global_controls.h"
+#include "store/state_folder.h"
 
 namespace store {
 
@@ -21,12 +22,11 @@ struct SiteList {
   std::vector<std::string> problems = {};  // what of this failed, one sentence each
 };
 
-/// Upgrades every record in the older format ("NAME.qzvsk"), gives the record of a folder its name where a
-/// rename was cut off, removes what was left of a site whose making or deletion was, then lists the folders
-/// that hold a record. A folder that hides its record because it cannot be read is listed too: reading that
-/// site tells why. A record lying directly in the data folder is passed over. Records whose upgrade fails
-/// stay as they were.
-SiteList siteTableRows(const GlobalControls& controls);
+/// Puts right what is not as it should be, see record_upkeep.h, removes what was left of a site whose making
+/// or deletion was cut off, then lists the folders that hold a record, each once. A folder that hides its
+/// record because it cannot be read is listed too: reading that site tells why. A record lying directly in
+/// the data folder is passed over.
+SiteList siteTableRows(const GlobalControls& controls, const StateFolder& state);
 
 /// What is known of one site: its record's values, empty or 0 where the record lacks them.
 struct SiteDetails {
@@ -46,14 +46,16 @@ struct [[nodiscard]] SelectedSite {
   SiteDetails details = {};
 };
 
-/// Reads a site and gives its record the counters it lacks, as selecting it does.
+/// Reads a site and gives its record the counters it lacks, as selecting it does. While it is being scanned
+/// its record belongs to the scan, and is left as it is.
 SelectedSite selectSite(const GlobalControls& controls, std::string_view name);
 
 /// Reads a site without changing anything.
 SelectedSite readSite(const GlobalControls& controls, std::string_view name);
 
-/// Turns the site's robots switch in its record. A record without the switch is left as it is and counts as
-/// `failed`.
+/// Turns the site's robots switch in its record, unless it is being scanned (`busy`). A record without the
+/// switch is left as it is and counts as `failed`.
+inline constexpr std::string_view kNoRobotsSwitch = "The record has no robots switch.";
 platform::FileResult setIgnoreRobots(const GlobalControls& controls, std::string_view name, bool ignore);
 
 }  // namespace store

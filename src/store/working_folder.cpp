@@ -9,24 +9,23 @@ namespace {
 using platform::FileResult;
 using platform::FileStatus;
 
-/// No site can have such a name, since names hold no dots.
-constexpr std::string_view kPrefix = ".veskel-";
-/// So many are never worked in at a time.
-constexpr int kMaxFolders = 1000;
+/// A name is taken by chance alone.
+constexpr int kMaxAttempts = 20;
 
-std::filesystem::path numbered(const GlobalControls& controls, int number) {
-  return controls.homeFolderLocation() / (std::string(kPrefix) + std::to_string(number));
+/// A place in the data folder that no site can have, since names hold no dots.
+std::filesystem::path newPlace(const GlobalControls& controls) {
+  return controls.homeFolderLocation() / platform::temporaryName();
 }
 
 }  // namespace
 
-bool isWorkingFolder(std::string_view name) {
-  return name.starts_with(kPrefix);
-}
-
 std::vector<std::string> siteFiles(const GlobalControls& controls) {
   auto files = platform::filesBelow(controls.homeFolderLocation());
-  std::erase_if(files, [](const std::string& file) { return isWorkingFolder(file); });
+  std::erase_if(files, [](const std::string& file) {
+    const auto folderEnd = file.find('/');
+    return folderEnd != std::string::npos &&
+           platform::isTemporaryName(std::string_view(file).substr(0, folderEnd));
+  });
   return files;
 }
 
@@ -35,7 +34,7 @@ void removeLeftWorkingFolders(const GlobalControls& controls) {
   std::error_code error;
   for (std::filesystem::directory_iterator entry(controls.homeFolderLocation(), error), end;
        !error && entry != end; entry.increment(error)) {
-    if (isWorkingFolder(entry->path().filename().native())) folders.push_back(entry->path());
+    if (platform::isTemporaryName(entry->path().filename().native())) folders.push_back(entry->path());
   }
   for (const auto& folder : folders) {
     const platform::FolderLock lock(folder);
@@ -46,8 +45,8 @@ void removeLeftWorkingFolders(const GlobalControls& controls) {
 
 SetAside setAside(const GlobalControls& controls, const std::filesystem::path& folder) {
   SetAside aside;
-  for (int number = 0; number < kMaxFolders; ++number) {
-    aside.path = numbered(controls, number);
+  for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
+    aside.path = newPlace(controls);
     aside.result = platform::moveTo(folder, aside.path);
     if (aside.result.status != FileStatus::exists) break;
   }
@@ -55,8 +54,8 @@ SetAside setAside(const GlobalControls& controls, const std::filesystem::path& f
 }
 
 WorkingFolder::WorkingFolder(const GlobalControls& controls) {
-  for (int number = 0; number < kMaxFolders; ++number) {
-    const auto folder = numbered(controls, number);
+  for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
+    const auto folder = newPlace(controls);
     m_result = platform::makeFolder(folder);
     if (m_result.status == FileStatus::exists) continue;
     if (!m_result.ok()) return;
@@ -72,7 +71,7 @@ WorkingFolder::WorkingFolder(const GlobalControls& controls) {
       return;
     }
   }
-  m_result = {FileStatus::failed, "Too many folders were left unfinished."};
+  m_result = {FileStatus::failed, "No new folder could be made."};
 }
 
 WorkingFolder::~WorkingFolder() {

@@ -14,9 +14,6 @@
 
 namespace store {
 
-/// Whether a folder of this name in the data folder is such a one.
-bool isWorkingFolder(std::string_view name);
-
 /// The files below the data folder as platform::filesBelow() gives them, without those in working folders.
 std::vector<std::string> siteFiles(const GlobalControls& controls);
 

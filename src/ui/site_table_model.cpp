@@ -13,7 +13,7 @@ SiteTableModel::SiteTableModel(const store::GlobalControls& controls, const stor
     : m_controls(controls), m_reasons(reasons) {}
 
 void SiteTableModel::rebuild(std::vector<std::string>* problems) {
-  store::SiteList list = store::siteTableRows(m_controls);
+  store::SiteList list = store::siteTableRows(m_controls, m_reasons.state());
   std::vector<Row> rows;
   rows.reserve(list.names.size());
   for (const std::string& name : list.names) rows.push_back(readRow(name));

@@ -97,7 +97,9 @@ TEST_F(ExportCommand, WritesAFileAndReplacesItOnlyByForce) {
 
 TEST_F(ExportCommand, BrokenPagesInEachFormat) {
   put("badLinks.txt", "http://shop.test/a\nhttp://shop.test/b\n");
-  ASSERT_TRUE(store::BrokenReasons(state).save("shop", {{"http://shop.test/a", "404 - Not Found"}}).ok());
+  ASSERT_TRUE(store::BrokenReasons(store::StateFolder(state))
+                  .save("shop", {{"http://shop.test/a", "404 - Not Found"}})
+                  .ok());
   const auto exported = [&](const char* format) {
     return run({"export", "shop", "broken", "--format", format, "--output", "-"}).output;
   };

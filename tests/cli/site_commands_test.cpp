@@ -55,7 +55,7 @@ class SiteCommands : public testing::Test {
   support::TempFolder home;
   std::string state = home.path() / "state";
   store::GlobalControls controls{home.path()};
-  store::BrokenReasons reasons{state};
+  store::BrokenReasons reasons{store::StateFolder(state)};
 };
 
 TEST_F(SiteCommands, AddStoresTheCompletedUrl) {

@@ -1,14 +1,18 @@
 #include "store/add_edit_delete_sites.h"
 
+#include <functional>
 #include <string>
 
 #include <gmock/gmock.h>
 
+#include "store/broken_reasons.h"
+#include "store/filters_file.h"
 #include "store/site_record.h"
 #include "store_test.h"
 
 namespace {
 
+using store::NameClash;
 using store::SaveOutcome;
 using testing::ElementsAre;
 
@@ -24,17 +28,28 @@ class AddEditDeleteSitesTest : public StoreTest {
     return store::withIgnoreRobots(store::newSiteRecord(name, url), true) + "\n<pagesUsed>7</pagesUsed>";
   }
 
-  store::AddEditDeleteSites sites{controls};
+  SaveOutcome edit(const std::string& name, const store::SiteEdit& changes) const {
+    return sites.saveEditedSite(name, changes, NameClash::overwriteUrl).outcome;
+  }
+
+  void remember(const std::string& name) const {
+    ASSERT_TRUE(store::BrokenReasons(state).save(name, {{"u", "of " + name}}).ok());
+  }
+  std::string remembered(const std::string& name) const {
+    return store::BrokenReasons(state).lookUp(name, {"u"})[0].reason;
+  }
+
+  store::AddEditDeleteSites sites{controls, state};
 };
 
 TEST_F(AddEditDeleteSitesTest, CreatesUnlessAnythingHasTheName) {
   EXPECT_EQ(sites.createNewSite("a", "http://a.test/").outcome, SaveOutcome::saved);
-  EXPECT_EQ(read("a/a.qzVSK"), store::newSiteRecord("a", "http://a.test/"));
-  EXPECT_EQ(sites.createNewSite("a", "http://other.test/").outcome, SaveOutcome::nameTaken);
   write("plain file", "x");
-  EXPECT_EQ(sites.createNewSite("plain file", "http://a.test/").outcome, SaveOutcome::nameTaken);
-  EXPECT_THAT(platform::filesBelow(data()), ElementsAre("a/a.qzVSK", "plain file"));
-  EXPECT_EQ(read("a/a.qzVSK"), store::newSiteRecord("a", "http://a.test/"));
+  const auto before = snapshot();
+  EXPECT_EQ(before.at("a/a.qzVSK"), store::newSiteRecord("a", "http://a.test/"));
+  for (const char* taken : {"a", "plain file"})
+    EXPECT_EQ(sites.createNewSite(taken, "http://other.test/").outcome, SaveOutcome::nameTaken);
+  EXPECT_EQ(snapshot(), before);
 }
 
 TEST_F(AddEditDeleteSitesTest, FailedCreationLeavesNothing) {
@@ -50,95 +65,116 @@ TEST_F(AddEditDeleteSitesTest, FailedCreationLeavesNothing) {
   EXPECT_TRUE(std::filesystem::is_empty(data()));
 }
 
-TEST_F(AddEditDeleteSitesTest, SameNameChangesTheUrlLineAlone) {
+TEST_F(AddEditDeleteSitesTest, ChangesWhatIsGivenAlone) {
   add("a");
-  EXPECT_EQ(sites.saveEditedSite("a", "a", "http://new.test/").outcome, SaveOutcome::saved);
+  EXPECT_EQ(edit("a", {.url = "http://new.test/"}), SaveOutcome::saved);
   EXPECT_EQ(read("a/a.qzVSK"), record("a", "http://new.test/"));
-}
-
-TEST_F(AddEditDeleteSitesTest, RenameMovesEverything) {
-  add("a");
-  EXPECT_EQ(sites.saveEditedSite("a", "A", "http://new.test/").outcome, SaveOutcome::saved);
+  EXPECT_EQ(edit("a", {.name = "A", .ignoreRobots = false}), SaveOutcome::saved);
   EXPECT_THAT(platform::filesBelow(data()), ElementsAre("A/A.qzVSK", "A/sitemap.xml"));
-  EXPECT_EQ(read("A/A.qzVSK"), record("A", "http://new.test/"));
+  EXPECT_EQ(read("A/A.qzVSK"), store::withIgnoreRobots(record("A", "http://new.test/"), false));
   EXPECT_EQ(read("A/sitemap.xml"), "<map of a>");
 }
 
-TEST_F(AddEditDeleteSitesTest, TakenNameGivesTheOtherSiteTheUrl) {
+TEST_F(AddEditDeleteSitesTest, TakenNameIsRefusedOrGivesTheOtherSiteTheUrl) {
   add("a");
   add("b");
-  EXPECT_TRUE(sites.isNameTaken("a", "b"));
-  const auto result = sites.saveEditedSite("a", "b", "http://new.test/");
+  write("c/other.txt", "x");
+  auto expected = snapshot();
+  const store::SiteEdit takesB{.name = "b", .url = "http://new.test/", .ignoreRobots = false};
+  EXPECT_EQ(sites.saveEditedSite("a", takesB, NameClash::refuse).outcome, SaveOutcome::nameTaken);
+  const auto noRecord =
+      sites.saveEditedSite("a", {.name = "c", .url = "http://new.test/"}, NameClash::overwriteUrl);
+  EXPECT_EQ(noRecord.outcome, SaveOutcome::nameTaken);
+  EXPECT_FALSE(noRecord.file.ok());
+  EXPECT_EQ(snapshot(), expected);
+  const auto result = sites.saveEditedSite("a", takesB, NameClash::overwriteUrl);
   EXPECT_EQ(result.outcome, SaveOutcome::nameTaken);
   EXPECT_TRUE(result.file.ok());
-  EXPECT_EQ(read("a/a.qzVSK"), record("a", "http://a.test/"));
-  EXPECT_EQ(read("b/b.qzVSK"), record("b", "http://new.test/"));
-  EXPECT_EQ(read("b/sitemap.xml"), "<map of b>");
+  expected["b/b.qzVSK"] = record("b", "http://new.test/");
+  EXPECT_EQ(snapshot(), expected);
 }
 
-TEST_F(AddEditDeleteSitesTest, TakenNameWithoutARecordIsReported) {
+TEST_F(AddEditDeleteSitesTest, FailedEditsAreUndone) {
   add("a");
-  write("b/other.txt", "x");
-  const auto result = sites.saveEditedSite("a", "b", "http://new.test/");
-  EXPECT_EQ(result.outcome, SaveOutcome::nameTaken);
-  EXPECT_FALSE(result.file.ok());
-  EXPECT_THAT(platform::filesBelow(data()), ElementsAre("a/a.qzVSK", "a/sitemap.xml", "b/other.txt"));
-}
-
-TEST_F(AddEditDeleteSitesTest, FailedRenameIsUndone) {
-  add("a");
-  const std::string before = read("a/a.qzVSK");
-  const auto expectUnchanged = [&] {
-    EXPECT_THAT(platform::filesBelow(data()), ElementsAre("a/a.qzVSK", "a/sitemap.xml"));
-    EXPECT_EQ(read("a/a.qzVSK"), before);
+  write("a/taken.qzVSK", "x");
+  write("b/b.qzVSK", "<siteName>b</siteName>");
+  const auto before = snapshot();
+  struct Case {
+    const char* name;
+    const char* site;
+    store::SiteEdit edit;
   };
-  {
-    SCOPED_TRACE("the record cannot be written");
-    {
-      const FullDisk fullDisk;
-      EXPECT_EQ(sites.saveEditedSite("a", "b", "http://new.test/").outcome, SaveOutcome::failed);
-    }
-    expectUnchanged();
-  }
-  {
-    SCOPED_TRACE("the record cannot be moved");
-    const auto result = sites.saveEditedSite("a", std::string(253, 'n'), "http://new.test/");
+  const Case cases[] = {
+      {"the new record's name is too long", "a", {.name = std::string(253, 'n')}},
+      {"the new record would replace a file", "a", {.name = "taken"}},
+      {"the site is missing", "none", {.name = "c"}},
+      {"the record has no URL", "b", {.name = "c", .url = "http://new.test/"}},
+      {"the record has no switch", "b", {.ignoreRobots = true}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const auto result = sites.saveEditedSite(c.site, c.edit, NameClash::refuse);
     EXPECT_EQ(result.outcome, SaveOutcome::failed);
     EXPECT_NE(result.file.error, "");
-    expectUnchanged();
+    EXPECT_EQ(snapshot(), before);
   }
-  {
-    SCOPED_TRACE("the record is missing");
-    EXPECT_EQ(sites.saveEditedSite("none", "b", "http://new.test/").outcome, SaveOutcome::failed);
-    expectUnchanged();
-  }
+  const FullDisk fullDisk;
+  EXPECT_EQ(edit("a", {.name = "c"}), SaveOutcome::failed);
+  EXPECT_EQ(snapshot(), before);
 }
 
 TEST_F(AddEditDeleteSitesTest, DeletesOneSiteWithEverythingInIt) {
   add("a");
   add("ab");
+  write("elsewhere/kept", "x");
   write("a/deeper/still/file", "x");
-  EXPECT_TRUE(sites.deleteSite("a").ok());
-  EXPECT_FALSE(platform::somethingAt(data() / "a"));
-  EXPECT_THAT(platform::filesBelow(data()), ElementsAre("ab/ab.qzVSK", "ab/sitemap.xml"));
-  EXPECT_EQ(sites.deleteSite("a").status, platform::FileStatus::missing);
-}
-
-TEST_F(AddEditDeleteSitesTest, NothingIsDeletedUnderANameThatLeadsElsewhere) {
-  add("a");
-  for (const char* name : {"", ".", "..", "/", "/a", "a/", "a/..", "../Veskel", "a/../a"}) {
+  std::filesystem::create_directory_symlink(data() / "elsewhere", data() / "a" / "link");
+  std::filesystem::create_directory_symlink(data() / "elsewhere", data() / "link");
+  for (const char* name : {"a", "link"}) {
+    EXPECT_EQ(sites.deleteSite(name).outcome, SaveOutcome::saved);
+    EXPECT_FALSE(platform::somethingAt(data() / name));
+    EXPECT_EQ(sites.deleteSite(name).file.status, platform::FileStatus::missing);
+  }
+  const auto before = snapshot();
+  EXPECT_THAT(platform::filesBelow(data()), ElementsAre("ab/ab.qzVSK", "ab/sitemap.xml", "elsewhere/kept"));
+  for (const char* name : {"", ".", "..", "/", "/ab", "ab/", "ab/..", "../Veskel", "ab/../ab"}) {
     SCOPED_TRACE(name);
-    EXPECT_FALSE(sites.deleteSite(name).ok());
-    EXPECT_THAT(platform::filesBelow(data()), ElementsAre("a/a.qzVSK", "a/sitemap.xml"));
+    EXPECT_NE(sites.deleteSite(name).outcome, SaveOutcome::saved);
+    EXPECT_EQ(snapshot(), before);
   }
 }
 
-TEST_F(AddEditDeleteSitesTest, OnlyALinkToAFolderIsDeleted) {
-  write("elsewhere/kept", "x");
-  std::filesystem::create_directory_symlink(data() / "elsewhere", data() / "a");
-  EXPECT_TRUE(sites.deleteSite("a").ok());
-  EXPECT_FALSE(platform::somethingAt(data() / "a"));
-  EXPECT_THAT(platform::filesBelow(data()), ElementsAre("elsewhere/kept"));
+TEST_F(AddEditDeleteSitesTest, WhatIsRememberedFollowsTheSite) {
+  for (const char* name : {"a", "b"}) remember(name);
+  EXPECT_EQ(sites.createNewSite("a", "http://a.test/").outcome, SaveOutcome::saved);
+  EXPECT_EQ(remembered("a"), "");  // of a former site
+  remember("a");
+  EXPECT_EQ(edit("a", {.name = "b"}), SaveOutcome::saved);
+  EXPECT_EQ(remembered("b"), "of a");
+  EXPECT_EQ(edit("b", {.name = "a", .url = "http://b.test/"}), SaveOutcome::saved);
+  EXPECT_EQ(remembered("a"), "of a");
+  EXPECT_FALSE(platform::somethingAt(state.ofSite("b")));
+  EXPECT_EQ(sites.deleteSite("a").outcome, SaveOutcome::saved);
+  EXPECT_FALSE(platform::somethingAt(state.ofSite("a")));
+}
+
+TEST_F(AddEditDeleteSitesTest, ASiteThatIsBeingScannedIsLeftAlone) {
+  add("a");
+  add("b");
+  write("a/filters.vskp", "/a\n");
+  write("a/a.qzVSK", store::newSiteRecord("a", "http://a.test/"));
+  const auto before = snapshot();
+  const platform::FolderLock scan(data() / "a");
+  EXPECT_EQ(edit("a", {.name = "c"}), SaveOutcome::busy);
+  EXPECT_EQ(sites.deleteSite("a").outcome, SaveOutcome::busy);
+  const auto clash = sites.saveEditedSite("b", {.name = "a", .url = "x"}, NameClash::overwriteUrl);
+  EXPECT_EQ(clash.file.status, platform::FileStatus::busy);
+  EXPECT_EQ(store::setIgnoreRobots(controls, "a", true).status, platform::FileStatus::busy);
+  EXPECT_EQ(store::addFilter(controls, "a", "/b").status, platform::FileStatus::busy);
+  const auto clear = [](auto& filters) { return filters.clear(), true; };
+  EXPECT_EQ(store::changeFilters(controls, "a", clear).result.error, "The site is being scanned.");
+  EXPECT_TRUE(store::selectSite(controls, "a").result.ok());
+  EXPECT_EQ(snapshot(), before);
 }
 
 }  // namespace

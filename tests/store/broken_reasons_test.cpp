@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "support/temp_folder.h"
 
@@ -16,7 +16,7 @@ std::string reasonOf(const store::BrokenReasons& reasons, const std::string& sit
 class BrokenReasonsTest : public testing::Test {
  protected:
   support::TempFolder folder;
-  store::BrokenReasons reasons{folder.path() / "not" / "there yet"};
+  store::BrokenReasons reasons{store::StateFolder(folder.path() / "not" / "there yet")};
 };
 
 TEST_F(BrokenReasonsTest, ComeBackWhateverTheUrlsHold) {
@@ -45,22 +45,18 @@ TEST_F(BrokenReasonsTest, LookUpKeepsOrderAndRepeats) {
   EXPECT_EQ(found, "2=two 3= 1=one 2=two ");
 }
 
-TEST_F(BrokenReasonsTest, FollowTheSite) {
-  EXPECT_TRUE(reasons.rename("a", "b").ok());  // nothing there yet
-  EXPECT_TRUE(reasons.remove("a").ok());
-  ASSERT_TRUE(reasons.save("a", {{"1", "of a"}}).ok());
-  ASSERT_TRUE(reasons.save("b", {{"1", "left by a former b"}}).ok());
-  EXPECT_TRUE(reasons.rename("a", "b").ok());
-  EXPECT_EQ(reasonOf(reasons, "b", "1"), "of a");
-  EXPECT_EQ(reasonOf(reasons, "a", "1"), "");
-  ASSERT_TRUE(reasons.save("b", {}).ok());  // a scan without broken pages
-  EXPECT_EQ(reasonOf(reasons, "b", "1"), "");
-}
-
-TEST_F(BrokenReasonsTest, RenameWithoutReasonsDropsThoseOfAFormerSite) {
-  ASSERT_TRUE(reasons.save("b", {{"1", "left by a former b"}}).ok());
-  EXPECT_TRUE(reasons.rename("a", "b").ok());
-  EXPECT_EQ(reasonOf(reasons, "b", "1"), "");
+TEST_F(BrokenReasonsTest, ComeFromTheirFormerPlaceOnce) {
+  const auto former = reasons.state().location() / "broken";
+  ASSERT_TRUE(platform::makeFolders(former).ok());
+  ASSERT_TRUE(reasons.save("b", {{"1", "newer"}}).ok());
+  for (const char* name : {"a", "b", "other"})
+    ASSERT_TRUE(platform::replaceFile(former / (std::string(name) + ".tsv"), "1\tof former times\n").ok());
+  reasons.takeFormer({"a", "b", "c"});
+  EXPECT_EQ(reasonOf(reasons, "a", "1"), "of former times");
+  EXPECT_EQ(reasonOf(reasons, "b", "1"), "newer");
+  EXPECT_THAT(platform::filesBelow(former), testing::ElementsAre("other.tsv"));
+  reasons.takeFormer({"other"});
+  EXPECT_FALSE(platform::somethingAt(former));
 }
 
 }  // namespace

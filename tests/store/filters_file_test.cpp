@@ -58,17 +58,27 @@ TEST_F(FiltersFileTest, AddsToNoFileThatIsMissing) {
   EXPECT_EQ(read("a/filters.vskp"), "(missing)");
 }
 
-TEST_F(FiltersFileTest, SavesTheWholeListOrNothing) {
-  EXPECT_TRUE(store::saveFilters(controls, "a", {"/a", "/b"}).ok());
-  EXPECT_EQ(read("a/filters.vskp"), "/a\n/b\n");
+TEST_F(FiltersFileTest, ChangesWhatIsThereNowOrNothing) {
+  write("a/filters.vskp", "/a\n/b\n\n");
+  const auto add = [](auto& filters) { return filters.push_back("/c"), true; };
+  EXPECT_THAT(store::changeFilters(controls, "a", add).entries, ElementsAre("/a", "/b", "/c"));
+  EXPECT_EQ(read("a/filters.vskp"), "/a\n/b\n/c\n");
+  EXPECT_TRUE(
+      store::changeFilters(controls, "a", [](auto& filters) { return filters.clear(), false; }).result.ok());
   {
     const FullDisk fullDisk;
-    EXPECT_FALSE(store::saveFilters(controls, "a", {"/c"}).ok());
-    EXPECT_FALSE(store::addFilter(controls, "a", "/c").ok());
+    EXPECT_FALSE(store::changeFilters(controls, "a", add).result.ok());
+    EXPECT_FALSE(store::addFilter(controls, "a", "/d").ok());
   }
-  EXPECT_EQ(read("a/filters.vskp"), "/a\n/b\n");
-  EXPECT_TRUE(store::saveFilters(controls, "a", {}).ok());
-  EXPECT_EQ(read("a/filters.vskp"), "");
+  EXPECT_EQ(read("a/filters.vskp"), "/a\n/b\n/c\n");
+}
+
+TEST_F(FiltersFileTest, TakesAwayWhatWasSeenFromWhatIsThereNow) {
+  const std::vector<std::string> shown = {"/a", "/b", "/a"};
+  EXPECT_THAT(store::withoutFilters(shown, shown, {}), ElementsAre("/a", "/b", "/a"));
+  EXPECT_THAT(store::withoutFilters(shown, shown, {2}), ElementsAre("/a", "/b"));
+  EXPECT_THAT(store::withoutFilters({"/new", "/a", "/b", "/a"}, shown, {0, 1}), ElementsAre("/new", "/a"));
+  EXPECT_THAT(store::withoutFilters({"/a", "/c"}, shown, {1, 2}), ElementsAre("/a", "/c"));
 }
 
 }  // namespace

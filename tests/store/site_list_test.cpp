@@ -1,10 +1,12 @@
 #include "store/site_list.h"
 
+#include <map>
 #include <string>
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
-#include "store/add_edit_delete_sites.h"
+#include "store/broken_reasons.h"
 #include "store/site_record.h"
 #include "store_test.h"
 
@@ -19,73 +21,126 @@ constexpr const char* kOlder =
 
 using SiteListTest = StoreTest;
 
-TEST_F(SiteListTest, ListsFoldersThatHoldARecordByName) {
-  for (const char* file : {"b/b.qzVSK", "a b/a b.qzVSK", "a/a.qzVSK", "B/B.qzVSK", "c/C.QZVSK",
-                           "d/sitemap.xml", "e/.qzVSK", "stray.qzVSK", "f/f.qzVSK.bak", "g/h/h.qzVSK"}) {
-    write(file, "x");
-  }
-  const auto list = store::siteTableRows(controls);
-  EXPECT_THAT(list.names, ElementsAre("B", "a", "a b", "b", "g/h"));
-  EXPECT_FALSE(list.updatedOldFile);
-  EXPECT_THAT(list.problems, ElementsAre());
+std::string record(const std::string& name, const std::string& url = "http://a.test/") {
+  return store::newSiteRecord(name, url) + "\n<pagesUsed>7</pagesUsed>\nx";
 }
 
-TEST_F(SiteListTest, ListsFoldersThatHideTheirRecord) {
-  write("a/a.qzVSK", store::newSiteRecord("a", "http://a.test/"));
-  write("b/b.qzVSK/in the way", "x");
-  write("c/other.txt", "x");
-  EXPECT_THAT(store::siteTableRows(controls).names, ElementsAre("a", "b"));
-  const auto site = store::readSite(controls, "b");
-  EXPECT_EQ(site.result.status, platform::FileStatus::failed);
-  EXPECT_EQ(site.path, data() / "b" / "b.qzVSK");
+TEST_F(SiteListTest, ListsFoldersThatHoldARecordOnceByName) {
+  for (const char* file :
+       {"b/b.qzVSK", "b/c.qzVSK", "a b/a b.qzVSK", "a/a.qzVSK", "B/B.qzVSK", "c/C.QZVSK", "d/sitemap.xml",
+        "e/.qzVSK", "stray.qzVSK", "f/f.qzVSK.bak", "g/h/h.qzVSK", "hidden/hidden.qzVSK/in the way"}) {
+    write(file, "x");
+  }
+  ASSERT_EQ(mkfifo((data() / "d" / "d.qzVSK").c_str(), 0600), 0);
+  const auto before = snapshot();
+  EXPECT_THAT(list().names, ElementsAre("B", "a", "a b", "b", "d", "g/h", "hidden"));
+  EXPECT_FALSE(list().updatedOldFile);
+  EXPECT_THAT(list().problems, ElementsAre());
+  EXPECT_EQ(snapshot(), before);
+  EXPECT_EQ(store::readSite(controls, "d").result.error, "Not a regular file");
 }
 
 TEST_F(SiteListTest, ClearsAwayWhatWasLeftUnfinished) {
-  write(".veskel-0/a.qzVSK", store::newSiteRecord("a", "http://a.test/"));
-  write(".veskel-1/a.qzvsk", kOlder);
-  write(".veskel-7/sitemap.xml", "x");
+  const std::string atWork = platform::temporaryName();
+  const std::string left = platform::temporaryName();
+  write(atWork + "/a.qzVSK", record("a"));
+  write(left + "/a.qzvsk", kOlder);
+  write(".veskel-0/mine", "x");
   {
-    const platform::FolderLock somebodyAtWork(data() / ".veskel-0");
-    EXPECT_THAT(store::siteTableRows(controls).names, ElementsAre());
-    EXPECT_THAT(platform::filesBelow(data()), ElementsAre(".veskel-0/a.qzVSK"));
-    EXPECT_EQ(store::AddEditDeleteSites(controls).createNewSite("a", "http://a.test/").outcome,
-              store::SaveOutcome::saved);
-    EXPECT_TRUE(store::AddEditDeleteSites(controls).deleteSite("a").ok());
-    EXPECT_THAT(platform::filesBelow(data()), ElementsAre(".veskel-0/a.qzVSK"));
+    const platform::FolderLock somebodyAtWork(data() / atWork);
+    EXPECT_THAT(list().names, ElementsAre());
+    EXPECT_THAT(platform::filesBelow(data()), ElementsAre(".veskel-0/mine", atWork + "/a.qzVSK"));
   }
-  EXPECT_FALSE(store::siteTableRows(controls).updatedOldFile);
-  EXPECT_TRUE(std::filesystem::is_empty(data()));
+  EXPECT_FALSE(list().updatedOldFile);
+  EXPECT_THAT(platform::filesBelow(data()), ElementsAre(".veskel-0/mine"));
 }
 
-TEST_F(SiteListTest, UpgradesOlderRecordsAndDropsTheirDocuments) {
-  write("Old/Old.qzvsk", kOlder);
-  for (const char* file :
-       {"sitemap.html", "sitemap2.html", "sitemap6.html", "sitemap7.html", "sitemap1c.html"}) {
-    write(std::string("Old/") + file, "x");
+using Files = std::map<std::string, std::string>;
+
+TEST_F(SiteListTest, PutsRightWhatIsNotAsItShouldBe) {
+  struct Case {
+    const char* name;
+    Files before;
+    Files after;
+  };
+  const Files twoSites = {{"b/b.qzVSK", record("b")}, {"b/c.qzVSK", "y" + record("c")}};
+  const Files ownCopy = {{"b/b.qzVSK", record("b")}, {"b/copy.qzVSK", record("b")}};
+  const Files unknown = {{"b/c.qzVSK", record("c")}, {"b/d.qzVSK", record("d")}};
+  const Files foreign = {{"b/record.qzVSK", record("c")}};
+  const Files nameless = {{"b/b.qzVSK", "<siteURL>http://a.test/</siteURL>"}};
+  const Files nested = {{"b/c/d.qzVSK", record("d")}};
+  const Files noRecord = {{"b/b.qzvsk", "a file of some other program"}};
+  const Files fresh = {{"b/b.qzVSK", store::newSiteRecord("b", "http://a.test/")}};
+  const std::string older = "<siteName>b</siteName>\n<siteURL>http://a.test/</siteURL>\nmore";
+  const Case cases[] = {
+      {"folder renamed by hand", {{"b/a.qzVSK", record("a")}}, {{"b/b.qzVSK", record("b")}}},
+      {"record renamed too", {{"b/b.qzVSK", record("a")}}, {{"b/b.qzVSK", record("b")}}},
+      {"no other case is the same", {{"b/b.qzVSK", record("B")}}, {{"b/b.qzVSK", record("b")}}},
+      {"cut off before the folder's renaming",
+       {{"b/b.qzVSK", record("b")},
+        {"b/c.qzVSK", store::withIgnoreRobots(record("c", "http://c.test/"), true)}},
+       {{"b/b.qzVSK", record("b")}}},
+      {"cut off behind it",
+       {{"b/b.qzVSK", record("b", "http://c.test/")}, {"b/a.qzVSK", record("a")}},
+       {{"b/b.qzVSK", record("b", "http://c.test/")}}},
+      {"another site's record", twoSites, twoSites},
+      {"a copy under another name", ownCopy, ownCopy},
+      {"two records of neither's name", unknown, unknown},
+      {"a record that does not name itself", foreign, foreign},
+      {"a record without a name", nameless, nameless},
+      {"deeper in a folder", nested, nested},
+      {"older record",
+       {{"b/b.qzvsk", older}, {"b/sitemap.html", "x"}, {"b/sitemap6.html", "x"}, {"b/sitemap7.html", "x"}},
+       {{"b/b.qzVSK", fresh.at("b/b.qzVSK")}, {"b/sitemap7.html", "x"}}},
+      {"older record of a newer one", {{"b/b.qzvsk", older}, {"b/b.qzVSK", "x"}}, fresh},
+      {"upgrade cut off early", {{"b/b.qzvsk", older}, {"b/b.qzNEW", "x"}}, fresh},
+      {"upgrade cut off late", {{"b/b.qzNEW", fresh.at("b/b.qzVSK")}, {"b/sitemap2.html", "x"}}, fresh},
+      {"no record at all", noRecord, noRecord},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    std::filesystem::remove_all(data() / "b");
+    for (const auto& [file, text] : c.before) write(file, text);
+    {
+      const platform::FolderLock scan(data() / "b");
+      list();
+      EXPECT_EQ(snapshot(), c.before);
+    }
+    EXPECT_EQ(list().problems.empty(), c.before != noRecord);
+    EXPECT_EQ(snapshot(), c.after);
+    EXPECT_FALSE(list().updatedOldFile && c.before != noRecord);
   }
-  const auto list = store::siteTableRows(controls);
-  EXPECT_THAT(list.names, ElementsAre("Old"));
-  EXPECT_TRUE(list.updatedOldFile);
-  EXPECT_EQ(read("Old/Old.qzVSK"), store::newSiteRecord("Old", "http://old.test/"));
-  EXPECT_THAT(platform::filesBelow(data()),
-              ElementsAre("Old/Old.qzVSK", "Old/sitemap1c.html", "Old/sitemap7.html"));
-  EXPECT_FALSE(store::siteTableRows(controls).updatedOldFile);
 }
 
 TEST_F(SiteListTest, KeepsRecordsWhoseUpgradeFails) {
   write("Old/Old.qzvsk", kOlder);
   write("Old/sitemap.html", "x");
-  write("Other/Other.qzvsk", "a file of some other program");
-  store::SiteList list;
+  const auto before = snapshot();
+  store::SiteList listed;
   {
     const FullDisk fullDisk;
-    list = store::siteTableRows(controls);
+    listed = list();
   }
-  EXPECT_THAT(list.problems, ElementsAre(HasSubstr("Old.qzVSK"), HasSubstr("Other.qzvsk")));
-  EXPECT_THAT(list.names, ElementsAre());
-  EXPECT_EQ(read("Old/Old.qzvsk"), kOlder);
-  EXPECT_EQ(read("Old/sitemap.html"), "x");
-  EXPECT_EQ(read("Other/Other.qzvsk"), "a file of some other program");
+  EXPECT_THAT(listed.problems, ElementsAre(HasSubstr("Old.qzVSK: File too large")));
+  EXPECT_THAT(listed.names, ElementsAre());
+  EXPECT_EQ(snapshot(), before);
+}
+
+TEST_F(SiteListTest, WhatIsRememberedFollowsAFolderRenamedByHand) {
+  const store::BrokenReasons reasons(state);
+  ASSERT_TRUE(reasons.save("a", {{"u", "of a"}}).ok());
+  write("a/a.qzVSK", record("a"));
+  write("b/a.qzVSK", record("a"));
+  list();
+  EXPECT_EQ(reasons.lookUp("a", {"u"})[0].reason, "of a");
+  std::filesystem::rename(data() / "a", data() / "c");
+  list();
+  EXPECT_EQ(reasons.lookUp("c", {"u"})[0].reason, "of a");
+  // A renaming that was cut off before that.
+  write("c/d.qzVSK", record("d"));
+  std::filesystem::rename(data() / "c", data() / "d");
+  list();
+  EXPECT_EQ(reasons.lookUp("d", {"u"})[0].reason, "of a");
 }
 
 TEST_F(SiteListTest, SelectingCompletesTheRecordOnceAndReadingNever) {

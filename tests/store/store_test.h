@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -53,6 +54,16 @@ class StoreTest : public testing::Test {
     return content.result.ok() ? content.text : "(missing)";
   }
 
+  /// Every file below the data folder with its text.
+  std::map<std::string, std::string> snapshot() const {
+    std::map<std::string, std::string> files;
+    for (const std::string& file : platform::filesBelow(data())) files[file] = read(file);
+    return files;
+  }
+
+  store::SiteList list() const { return store::siteTableRows(controls, state); }
+
   support::TempFolder home;
   store::GlobalControls controls{home.path()};
+  store::StateFolder state{home.path() / "state"};
 };

@@ -11,7 +11,7 @@ namespace support {
 
 ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()) {
   std::filesystem::create_directories(m_controls.homeFolderLocation());
-  const store::AddEditDeleteSites sites(m_controls);
+  const store::AddEditDeleteSites sites(m_controls, store::StateFolder(m_home.path() / "state"));
   EXPECT_EQ(sites.createNewSite("Site", startUrl).outcome, store::SaveOutcome::saved);
   // Selecting a site adds the counter that a new record lacks.
   const std::filesystem::path record = m_controls.returnFullFileLocation("Site");

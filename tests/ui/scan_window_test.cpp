@@ -375,7 +375,7 @@ void ScanWindowTest::tellsOfReasonsThatCannotBeKept() {
   const SiteServer server(smallSite());
   Desk desk;
   // A file where their folder belongs.
-  const std::filesystem::path folder = desk.reasons.stateFolder();
+  const std::filesystem::path folder = desk.reasons.state().location();
   std::filesystem::create_directories(folder);
   QVERIFY(platform::replaceFile(folder / "broken", "x").ok());
   openWithShop(desk, server.url());

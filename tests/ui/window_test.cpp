@@ -133,7 +133,7 @@ void closeByTitleBar(const QWidget& window) {
   xcb_flush(x11()->connection());
 }
 
-Desk::Desk() : controls(m_home.path()), reasons(m_home.path() / "state") {
+Desk::Desk() : controls(m_home.path()), reasons(store::StateFolder(m_home.path() / "state")) {
   fs::create_directories(controls.homeFolderLocation());
 }
 
