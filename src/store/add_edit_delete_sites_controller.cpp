@@ -23,10 +23,6 @@ using platform::toUtf8;
 
 constexpr int kFieldWidth = 360;
 
-QString busySentence(std::string_view name) {
-  return QObject::tr("The site \"%1\" is being scanned.").arg(toQString(name));
-}
-
 }  // namespace
 
 AddEditDeleteSitesController::AddEditDeleteSitesController(QMainWindow& mainWindow,

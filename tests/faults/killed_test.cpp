@@ -1,4 +1,5 @@
 // Processes that are killed at any moment.
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <random>
@@ -8,6 +9,7 @@
 #include "platform/files.h"
 #include "sitemaps/html_format.h"
 #include "sitemaps/xml_format.h"
+#include "store/broken_reasons.h"
 #include "store/site_record.h"
 
 namespace faults {
@@ -15,8 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using std::chrono::microseconds;
-using testing::AnyOf;
-using testing::Eq;
 
 constexpr int kScanKills = 80;
 constexpr int kEditKills = 40;
@@ -132,81 +132,69 @@ TEST_F(Killed, EditsAreDoneOrNot) {
   EXPECT_THAT(platform::filesBelow(site()), testing::ElementsAre("filters.vskp", "shop.qzVSK"));
 }
 
-/// Killed as it enters the n-th of these calls, for every n that there is.
-TEST_F(Killed, ARenameIsUsableWhereverItEnds) {
+/// Killed as it enters the n-th of these calls, for every n that there is. Once the list of sites was read,
+/// all is as before or as after.
+TEST_F(Killed, ASiteIsChangedOrNotWhereverThatEnds) {
   SKIP_WITHOUT_STRACE();
-  const auto recordOf = [this](const std::string& name) {
-    return platform::readFile(controls().returnFullFileLocation(name)).text;
-  };
-  int killed = 0;
-  for (const char* calls : {"renameat2", "/^rename(at)?$", "linkat", "fsync", "write"}) {
-    for (int n = 1; n < 10; ++n) {
-      SCOPED_TRACE(std::string(calls) + " " + std::to_string(n));
-      fs::remove_all(data());
-      prepare({"add", "shop", "http://a.test/"});
-      prepare({"filters", "shop", "--add", "/kept/"});
-      const std::string inject = std::string(calls) + ":signal=KILL:when=" + std::to_string(n);
-      // Not with --seccomp-bpf, where strace loses the signal.
-      const auto result = runUnder({"strace", "-f", "-o", "/dev/null", "-e", "inject=" + inject},
-                                   {"edit", "shop", "--name", "store", "--url", "http://b.test/"});
-      if (result.exitCode == 0) break;
-      EXPECT_EQ(result.exitCode, 128 + SIGKILL);
-      ++killed;
-
-      const auto sites = run({"sites", "--json"});
-      EXPECT_EQ(sites.exitCode, 0) << sites.errors;
-      const std::string name = fs::exists(site()) ? "shop" : "store";
-      EXPECT_THAT(recordOf(name), AnyOf(Eq(store::newSiteRecord(name, "http://a.test/")),
-                                        Eq(store::newSiteRecord("shop", "http://a.test/")),
-                                        Eq(store::newSiteRecord(name, "http://b.test/"))));
-      // Whatever was left behind is gone after the next edit.
-      const auto edited = run({"edit", name, "--url", "http://c.test/"});
-      EXPECT_EQ(edited.exitCode, 0) << edited.errors;
-      EXPECT_THAT(platform::filesBelow(data()),
-                  testing::ElementsAre(name + "/filters.vskp", name + "/" + name + ".qzVSK"));
-    }
-  }
-  EXPECT_GE(killed, 6);  // three renames, and the calls of a replacement
-}
-
-/// A site that is added or deleted is there whole or not at all, and its name can be used again.
-TEST_F(Killed, ASiteIsAddedAndDeletedWholeWhereverThatEnds) {
-  SKIP_WITHOUT_STRACE();
-  const Arguments add = {"add", "shop", "http://a.test/"};
-  const Arguments remove = {"delete", "shop", "--yes"};
   const std::string record = store::newSiteRecord("shop", "http://a.test/");
-  for (const Arguments& command : {add, remove}) {
+  const std::string older = "<siteName>shop</siteName>\n<siteURL>http://a.test/</siteURL>\n";
+  const Snapshot bare = {{"shop", "(folder)"}, {"shop/shop.qzVSK", record}};
+  const Snapshot shop = {
+      {"shop", "(folder)"}, {"shop/filters.vskp", "/kept/\n"}, {"shop/shop.qzVSK", record}};
+  struct Case {
+    Arguments command;
+    Snapshot before;
+    Snapshot after;
+    int kills;  // at least
+  };
+  const Case cases[] = {
+      {{"add", "shop", "http://a.test/"}, {}, bare, 5},
+      {{"delete", "shop", "--yes"}, shop, {}, 5},
+      {{"edit", "shop", "--name", "store", "--url", "http://b.test/"},
+       shop,
+       {{"store", "(folder)"},
+        {"store/filters.vskp", "/kept/\n"},
+        {"store/store.qzVSK", store::newSiteRecord("store", "http://b.test/")}},
+       8},
+      {{"sites"}, {{"shop", "(folder)"}, {"shop/shop.qzvsk", older}, {"shop/sitemap.html", "x"}}, bare, 6},
+  };
+  const store::BrokenReasons reasons(store::StateFolder(ownHome.path() / "state"));
+  for (const auto& [command, before, after, kills] : cases) {
     int killed = 0;
-    for (const char* calls :
-         {"mkdir", "flock", "linkat", "/^rename(at)?$", "renameat2", "fsync", "write", "unlinkat", "rmdir"}) {
-      for (int n = 1; n < 10; ++n) {
+    for (const char* calls : {"mkdir", "flock", "linkat", "/^rename(at)?$", "renameat2", "fsync", "write",
+                              "/^unlink$", "unlinkat", "rmdir"}) {
+      for (int n = 1; n < 20; ++n) {
         SCOPED_TRACE(command[0] + ", " + calls + " " + std::to_string(n));
         fs::remove_all(data());
-        if (command == remove) {
-          prepare(add);
-          prepare({"filters", "shop", "--add", "/kept/"});
-        } else {
-          prepare({"sites"});
+        fs::create_directories(before.empty() ? data() : site());
+        for (const auto& [file, text] : before) {
+          if (text == "(folder)") continue;
+          ASSERT_TRUE(platform::replaceFile(data() / file, text).ok());
         }
-        const Snapshot before = snapshotOf(data());
+        ASSERT_TRUE(reasons.save("shop", {{"u", "of shop"}}).ok());
         const std::string inject = std::string(calls) + ":signal=KILL:when=" + std::to_string(n);
+        // Not with --seccomp-bpf, where strace loses the signal.
         const auto result = runUnder({"strace", "-f", "-o", "/dev/null", "-e", "inject=" + inject}, command);
         if (result.exitCode == 0) break;
         EXPECT_EQ(result.exitCode, 128 + SIGKILL);
         ++killed;
 
-        const auto sites = run({"sites", "--json"});
-        EXPECT_EQ(sites.exitCode, 0) << sites.errors;
-        const Snapshot now = snapshotOf(data());
-        const Snapshot added = {{"shop", "(folder)"}, {"shop/shop.qzVSK", record}};
-        EXPECT_TRUE(now.empty() || now == (command == add ? added : before));
-        if (!now.empty()) prepare(remove);
-        prepare(add);
-        EXPECT_TRUE(snapshotOf(data()) == added);
+        const std::string name = fs::exists(site()) ? "shop" : "store";
+        const std::string left = platform::readFile(controls().returnFullFileLocation(name)).text;
+        EXPECT_TRUE(command[0] != "edit" || store::recordValue(left, store::kSiteName) == name);
+        prepare({"sites"});
+        const Snapshot now = withoutLeftovers(snapshotOf(data()));
+        EXPECT_TRUE(now == after || (now == before && command[0] != "sites"));
+        EXPECT_TRUE(before.empty() || now.empty() || reasons.lookUp(name, {"u"})[0].reason == "of shop");
+        if (now == before) prepare(command);
+        EXPECT_TRUE(withoutLeftovers(snapshotOf(data())) == after);
+        if (!after.empty()) prepare({"edit", command[0] == "edit" ? "store" : "shop", "--url", "c.test"});
+        const auto files = platform::filesBelow(data());
+        EXPECT_TRUE(std::none_of(files.begin(), files.end(), isLeftover));
         if (HasFailure()) return;
       }
     }
-    EXPECT_GE(killed, command == add ? 5 : 4);
+    EXPECT_GE(killed, kills) << command[0];
   }
 }
 
