@@ -1,6 +1,9 @@
 // veskel: the desktop application.
 #include <QApplication>
 #include <QMessageBox>
+#include <cstdio>
+#include <exception>
+#include <new>
 
 #include "app/main_window.h"
 #include "html_editor/sitemap_page.h"
@@ -16,11 +19,46 @@ int refuse(const QString& why) {
   return 1;
 }
 
-}  // namespace
+/// A window goes on when one of its actions could not be done, however badly. What was not saved yet is still
+/// there then, and can be saved once there is memory again.
+class Application : public QApplication {
+ public:
+  using QApplication::QApplication;
 
-int main(int argc, char** argv) {
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::bad_alloc&) {
+      tell("There is not enough memory.");
+    } catch (const std::exception& error) {
+      tell(error.what());
+    }
+    return false;
+  }
+
+ private:
+  void tell(const char* what) {
+    std::fprintf(stderr, "veskel: %s\n", what);
+    if (m_isTelling) return;
+    m_isTelling = true;
+    const QString sentence = QString::fromUtf8(what);
+    const auto show = [this, sentence] {
+      auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Veskel"),
+                                  tr("The last action could not be done: %1").arg(sentence), QMessageBox::Ok,
+                                  activeWindow());
+      box->setAttribute(Qt::WA_DeleteOnClose);
+      connect(box, &QDialog::finished, this, [this] { m_isTelling = false; });
+      box->open();
+    };
+    QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+  }
+
+  bool m_isTelling = false;
+};
+
+int run(int argc, char** argv) {
   html_editor::prepareWebEngine();
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("veskel"));
   QApplication::setApplicationVersion(QStringLiteral(VESKEL_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("veskel"));
@@ -43,4 +81,15 @@ int main(int argc, char** argv) {
                          platform::toQString((state->location() / "window.ini").native()));
   window.show();
   return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "veskel: %s\n", error.what());
+  }
+  return 1;
 }

@@ -123,9 +123,10 @@ void MainWindow::makeControllers() {
 }
 
 void MainWindow::makeHtmlView() {
+  const html_editor::RecoveryCopies copies(m_reasons.state());
+  copies.takeFormer();
   m_htmlView = std::make_unique<html_editor::HTMLViewController>(
-      html_editor::HTMLViewServices{*this, *m_sheets, m_controls, m_state,
-                                    html_editor::RecoveryCopies(m_reasons.state().location() / "unsaved")});
+      html_editor::HTMLViewServices{*this, *m_sheets, m_controls, m_state, copies});
   m_views->setCheckSave([this] { m_htmlView->checkSave(); });
   m_scanView->setBeforeChange(
       [this](std::function<void()> command) { m_htmlView->checkSave(std::move(command)); });

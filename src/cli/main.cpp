@@ -1,8 +1,10 @@
 // veskel-cli: sites and their sitemaps from a terminal or a timer.
+#include <exception>
 #include <functional>
 #include <iostream>
 #include <limits>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 
@@ -278,9 +280,7 @@ int runCommand(const Command& command) {
   return code;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
   CLI::App app("Builds sitemaps for websites.", "veskel-cli");
   app.set_version_flag("--version", "veskel-cli " VESKEL_VERSION);
   app.require_subcommand(1);
@@ -302,4 +302,17 @@ int main(int argc, char** argv) {
     return reportUsage(app, error);
   }
   return runCommand(chosen);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    cli::printError("There is not enough memory.");
+  } catch (const std::exception& error) {
+    cli::printError("Something unexpected failed: " + cli::printable(error.what()));
+  }
+  return cli::exitFileFailure;
 }

@@ -165,7 +165,7 @@ void HTMLViewController::linkDeletion(const LinkSelection& link) {
 /// The count of LINKIDs that the site's record tells; 0 when it cannot be read.
 int HTMLViewController::totalLinks() const {
   const platform::FileContent record =
-      platform::readFile(m_services.controls.returnFullFileLocation(siteName()));
+      platform::readFile(m_services.controls.returnFullFileLocation(siteName()), platform::kMaxListBytes);
   return store::recordCount(record.text, store::kTotalLinks).value_or(0);
 }
 

@@ -1,4 +1,4 @@
-// Unsaved edits that survive a crash: for each document a copy of the edited text in a folder of the user's.
+// Unsaved edits that survive a crash: for each document a copy of the edited text in its site's state folder.
 //
 // A copy belongs to the very text that was edited: once the document on disk is another one, by a scan or a
 // program, the copy is of no use and never offered.
@@ -11,13 +11,14 @@
 #include <utility>
 
 #include "platform/files.h"
+#include "store/state_folder.h"
 
 namespace html_editor {
 
-/// A value; the folder is made when something is first saved.
+/// A value; folders are made when something is first saved. Documents lie in the folders of their sites.
 class RecoveryCopies {
  public:
-  explicit RecoveryCopies(std::filesystem::path folder) : m_folder(std::move(folder)) {}
+  explicit RecoveryCopies(store::StateFolder state) : m_state(std::move(state)) {}
 
   /// Keeps `text`, an edit of `original`, the text that the document's file holds. Replaces an older copy at
   /// once or not at all. The file is synced, so this is nothing to do at every stroke of a key.
@@ -31,10 +32,14 @@ class RecoveryCopies {
   /// After the document was saved or its edits were thrown away. No copy is fine.
   platform::FileResult drop(const std::filesystem::path& document) const;
 
+  /// Takes along what former versions kept in one folder for all sites, "unsaved". Done once: the folder
+  /// goes.
+  void takeFormer() const;
+
  private:
   std::filesystem::path file(const std::filesystem::path& document) const;
 
-  std::filesystem::path m_folder;
+  store::StateFolder m_state;
 };
 
 }  // namespace html_editor

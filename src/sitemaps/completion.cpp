@@ -21,7 +21,7 @@ platform::FileResult writeBadLinks(const store::GlobalControls& controls, std::s
 platform::FileResult writeStatistics(const store::GlobalControls& controls, std::string_view siteName,
                                      const store::ScanStatistics& statistics) {
   const std::filesystem::path file = controls.returnFullFileLocation(siteName);
-  const platform::FileContent record = platform::readFile(file);
+  const platform::FileContent record = platform::readFile(file, platform::kMaxListBytes);
   if (!record.result.ok()) return record.result;
   const std::optional<std::string> updated = store::withStatistics(record.text, statistics);
   if (!updated) return {platform::FileStatus::failed, "the record lacks a counter"};

@@ -10,7 +10,7 @@ namespace {
 class RecoveryCopiesTest : public testing::Test {
  protected:
   support::TempFolder folder;
-  RecoveryCopies copies{folder.path() / "not" / "there yet"};
+  RecoveryCopies copies{store::StateFolder(folder.path() / "not" / "there yet")};
 };
 
 TEST_F(RecoveryCopiesTest, GiveBackTheLastEditOfTheVeryText) {
@@ -23,7 +23,7 @@ TEST_F(RecoveryCopiesTest, GiveBackTheLastEditOfTheVeryText) {
   EXPECT_EQ(copies.load("/d/a.html", "scanned anew"), std::nullopt);
   EXPECT_EQ(copies.load("/d/a.html", ""), std::nullopt);
   EXPECT_EQ(copies.load("/d/c.html", original), std::nullopt);
-  EXPECT_EQ(copies.load("a.html", original), std::nullopt);
+  EXPECT_EQ(copies.load("/other/a.html", original), std::nullopt);
 }
 
 TEST_F(RecoveryCopiesTest, AreGoneWhenDroppedOrOfNoUse) {
@@ -45,6 +45,23 @@ TEST_F(RecoveryCopiesTest, CutOffOrForeignFilesAreNoCopies) {
     ASSERT_TRUE(platform::replaceFile(file, whole.substr(0, size)).ok());
     EXPECT_EQ(copies.load("/d/a.html", "text"), std::nullopt) << size;
   }
+}
+
+TEST_F(RecoveryCopiesTest, ComeFromTheirFormerPlaceOnce) {
+  ASSERT_TRUE(copies.save("/d/b.html", "text", "edit").ok());
+  const auto newOne = folder.path() / "not" / "there yet" / "veskel" / "sites" / "d" / "unsaved-b.html";
+  std::string text = platform::readFile(newOne).text;
+  text.replace(0, text.find('\n') + 1, "veskel recovery copy 1\n10 /d/a\n.html\n");
+  const auto former = folder.path() / "not" / "there yet" / "veskel" / "unsaved";
+  ASSERT_TRUE(platform::makeFolders(former).ok());
+  ASSERT_TRUE(platform::replaceFile(former / "1234.html", text).ok());
+  ASSERT_TRUE(platform::replaceFile(former / "cut.html", text.substr(0, 28)).ok());
+  copies.takeFormer();
+  EXPECT_EQ(copies.load("/d/a\n.html", "text"), "edit");
+  EXPECT_EQ(platform::filesBelow(former), std::vector<std::string>{"cut.html"});
+  ASSERT_TRUE(platform::removeFile(former / "cut.html").ok());
+  copies.takeFormer();
+  EXPECT_FALSE(platform::somethingAt(former));
 }
 
 TEST_F(RecoveryCopiesTest, TellWhenNothingCanBeKept) {

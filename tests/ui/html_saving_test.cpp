@@ -177,7 +177,7 @@ void HtmlSavingTest::tellsWhenItCannotSave() {
   QCOMPARE(desk.document(), restore ? edited(before) : before);
   QVERIFY(restore ? desk.isDirty() : desk.isClean());
   QCOMPARE(desk.control<QAbstractButton>("ptItalicButton").isChecked(), restore);
-  QCOMPARE(fs::is_empty(desk.reasons.state().location() / "unsaved"), !restore);
+  QCOMPARE(fs::is_empty(desk.reasons.state().ofSite("Shop")), !restore);
   if (!restore) return;
   QVERIFY(desk.click("saveChangesButton"));
   QVERIFY(answer(message(kSaveQuestion), kSaveChanges));
@@ -203,7 +203,7 @@ void HtmlSavingTest::keepsALinkEditThatCannotBeWritten() {
 void HtmlSavingTest::keepsChangesThatDoNotEvenFitIntoACopy() {
   HtmlDesk desk;
   fs::create_directories(desk.reasons.state().location());
-  std::ofstream(desk.reasons.state().location() / "unsaved") << "no folder";
+  std::ofstream(desk.reasons.state().location() / "sites") << "no folder";
   desk.openAt(2);
   const std::string before = desk.document();
   QVERIFY(edit(desk));

@@ -554,7 +554,7 @@ void HtmlViewTest::offersWhatACrashLeft() {
   desk.openAt(2);
   const std::string before = desk.document();
   QVERIFY(edit(desk));
-  const fs::path copies = desk.reasons.state().location() / "unsaved";
+  const fs::path copies = desk.reasons.state().ofSite("Shop");
   QVERIFY(comesTrue([&] { return fs::exists(copies) && !fs::is_empty(copies); }));
   desk.close();  // nobody is asked
   desk.openAt(2);
@@ -581,7 +581,7 @@ void HtmlViewTest::offersWhatACrashLeft() {
 void HtmlViewTest::forgetsTheCopyOnceSaved() {
   HtmlDesk desk;
   desk.openAt(2);
-  const fs::path copies = desk.reasons.state().location() / "unsaved";
+  const fs::path copies = desk.reasons.state().ofSite("Shop");
   const auto copyIsKept = [&] { return fs::exists(copies) && !fs::is_empty(copies); };
   QVERIFY(edit(desk));
   QVERIFY(comesTrue(copyIsKept));

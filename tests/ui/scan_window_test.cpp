@@ -377,7 +377,7 @@ void ScanWindowTest::tellsOfReasonsThatCannotBeKept() {
   // A file where their folder belongs.
   const std::filesystem::path folder = desk.reasons.state().location();
   std::filesystem::create_directories(folder);
-  QVERIFY(platform::replaceFile(folder / "broken", "x").ok());
+  QVERIFY(platform::replaceFile(folder / "sites", "x").ok());
   openWithShop(desk, server.url());
   QVERIFY(scan(desk));
   const QString told = desk.control<QStatusBar>("statusBar").currentMessage();
