@@ -22,6 +22,7 @@
 namespace {
 
 using fuzz::require;
+using html_editor::anchorMarkup;
 using html_editor::EntryClass;
 using platform::Regex;
 using platform::replaceText;
@@ -53,36 +54,70 @@ void checkStyle(const std::string& document, const std::string& typed) {
           "the four rules are replaced, one after the other");
 }
 
+/// The first spelling of the selected entry that stands in the document.
+std::string spelled(const std::string& document, const html_editor::LinkSelection& selection,
+                    const std::string& end) {
+  for (const std::string& text : html_editor::spellingsOf(selection.titleEditInput)) {
+    if (document.find(anchorMarkup(selection.target, text, selection.linkNumber) + end) != document.npos)
+      return text;
+  }
+  return {};
+}
+
 void checkEdit(const std::string& document, const html_editor::LinkSelection& selection,
                const std::string& typed) {
-  const auto edit = html_editor::editLinkAndTitle(document, selection.originalLinkValue, selection.linkNumber,
-                                                  typed, selection.titleEditInput);
-  std::string old = selection.originalLinkValue;
-  if (platform::foldCase(document).find(platform::foldCase(old)) == std::string::npos) {
-    old = replaceText(old, "&amp;", "&");
+  const auto edit = html_editor::editLinkAndTitle(document, selection, typed + "!", selection.titleEditInput);
+  const std::string& number = selection.linkNumber;
+  const std::string text = spelled(document, selection, {});
+  const bool passedOver =
+      text != selection.delTitle &&
+      platform::foldCase(document).find(platform::foldCase(selection.originalLinkValue)) != std::string::npos;
+  require(edit.found == (!text.empty() && !passedOver), "an entry is found as it was clicked");
+  const std::string target =
+      typed + "!" == selection.linkEditInput ? selection.target : typed + "!---LINKID:" + number + "---";
+  require(edit.document == (edit.found ? replaceText(document, anchorMarkup(selection.target, text, number),
+                                                     anchorMarkup(target, text, number))
+                                       : document),
+          "the anchor is replaced");
+}
+
+/// The entry as it was clicked, or as the pattern finds it.
+std::string entryOf(const std::string& document, const html_editor::LinkSelection& selection) {
+  const std::string kTitle = "<div class=\"vskPageTitle\">";
+  const std::string kLink = "<div class=\"vskPageLink\">";
+  for (const std::string& text : html_editor::spellingsOf(selection.titleEditInput)) {
+    const std::string anchor = anchorMarkup(selection.target, text, selection.linkNumber) + "</div>";
+    const std::size_t asTitle = document.find("\n\t\t\t" + kTitle + anchor);
+    const std::size_t asLink = document.find("\n\t\t\t" + kLink + anchor);
+    if (asTitle != asLink) return (asTitle < asLink ? kTitle : kLink) + anchor;
   }
-  require(edit.document == replaceText(document, old, edit.originalLinkValue), "the anchor is replaced");
+  const std::string entry = found(
+      replaceText("<div .*><a href=\"" + selection.delLink + "---LINKID:" + selection.linkNumber + "---\">" +
+                      selection.delTitle + "<!-- LINKID: " + selection.linkNumber + " --></a></div>",
+                  "?", "\\?"),
+      document);
+  return entry.starts_with("<div ") && entry.ends_with("</div>") ? entry : std::string();
 }
 
 /// The deletion as it is defined, without a care for time.
 std::string deleted(std::string document, const html_editor::LinkSelection& selection) {
-  const auto end = [](const std::string& number) { return "<!-- LINKID: " + number + " --></a></div>"; };
-  const std::string entry =
-      found(replaceText("<div .*><a href=\"" + selection.delLink + "---LINKID:" + selection.linkNumber +
-                            "---\">" + selection.delTitle + end(selection.linkNumber),
-                        "?", "\\?"),
-            document);
-  if (!entry.starts_with("<div ") || !entry.ends_with("</div>")) return document;
+  const std::string entry = entryOf(document, selection);
+  if (entry.empty()) return document;
   const std::string rest = replaceText(document, "\n\t\t\t" + entry, "");
-  if (rest == document || platform::foldCase(entry).find("vskpagetitle") == std::string::npos) return rest;
+  const bool heading = entry.starts_with("<div class=\"vskPageTitle\">") ||
+                       (!entry.starts_with("<div class=\"vskPageLink\">") &&
+                        platform::foldCase(entry).find("vskpagetitle") != std::string::npos);
+  if (rest == document || !heading) return rest;
   int number = std::stoi(selection.linkNumber) + 1;
-  std::string next = found("<div .*><a .*---\">.*" + end(std::to_string(number)), rest);
+  std::string next =
+      found("<div .*><a .*---\">.*<!-- LINKID: " + std::to_string(number) + " --></a></div>", rest);
   while (next.empty() && number < kTotal) {
     ++number;
-    next = found("<div .*---LINKID:" + std::to_string(number) + "---.*</div>", rest);
+    next = found("<div .*---LINKID:" + std::to_string(number) + "---\">.*</div>", rest);
   }
-  if (!next.starts_with("<div class=\"vskPageLink\"")) return rest;
-  return replaceText(rest, next, replaceText(next, "vskPageLink", "vskPageTitle"));
+  const std::string start = "<div class=\"vskPageLink\"";
+  if (!next.starts_with(start)) return rest;
+  return replaceText(rest, next, "<div class=\"vskPageTitle\"" + next.substr(start.size()));
 }
 
 void checkDeletion(const std::string& document, const html_editor::LinkSelection& selection) {

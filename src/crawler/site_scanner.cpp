@@ -171,7 +171,7 @@ SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
 
   m_links->enterPage(url);
   if (page->isGood()) {
-    usePage(url, sitemaps::withAmpersandsEscaped(page->contents.title), *page);
+    usePage(url, page->contents.title, *page);
     countPage(url, page->status, {});
   } else {
     m_result.brokenPages.push_back({std::string(url), page->reason()});
@@ -231,7 +231,7 @@ void SiteScanner::examineAnchor(const Anchor& anchor) {
 /// False when the page in hand takes no more links.
 bool SiteScanner::listLink(const std::string& link, const std::string& title) {
   if (m_pageInnerLinks.contains(link)) return true;
-  const std::string entry = sitemaps::linkEntry(link, m_totLinks, sitemaps::withAmpersandsEscaped(title));
+  const std::string entry = sitemaps::linkEntry(link, m_totLinks, title);
   m_pageFull = m_fullPageData.size() + entry.size() > m_settings.bounds.pageEntries;
   if (m_pageFull) {
     ++m_result.leftOut.surplusLinks;

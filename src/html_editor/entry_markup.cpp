@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "sitemaps/html_format.h"
+
 namespace html_editor {
 
 namespace {
@@ -49,7 +51,6 @@ bool beginsReference(std::string_view text) {
 
 void EntryMarkup::startElement(std::string_view name,
                                const std::vector<platform::MarkupAttribute>& attributes) {
-  settleLess({});
   m_text.append("<").append(name);
   for (const platform::MarkupAttribute& attribute : attributes) {
     m_text.append(" ").append(attribute.name).append("=\"");
@@ -61,58 +62,26 @@ void EntryMarkup::startElement(std::string_view name,
 }
 
 void EntryMarkup::endElement(std::string_view name) {
-  settleLess({});
   if (isRaw(name)) --m_rawDepth;
   if (isVoid(name)) return;
   m_text.append("</").append(name).append(">");
 }
 
 void EntryMarkup::text(std::string_view piece) {
-  if (piece.empty()) return;
-  settleLess(piece);
   if (m_rawDepth > 0) {
     m_text.append(piece);
   } else {
-    appendText(piece);
+    m_text.append(sitemaps::asMarkupText(piece));
   }
 }
 
 void EntryMarkup::comment(std::string_view text) {
-  settleLess({});
   m_text.append("<!--").append(text).append("-->");
-}
-
-std::string_view EntryMarkup::written() {
-  settleLess({});
-  return m_text;
 }
 
 void EntryMarkup::clear() {
   m_text.clear();
-  m_pendingLess = false;
   m_rawDepth = 0;
-}
-
-/// A "<" in front of a blank or a digit is no markup to any parser, and stays bare.
-void EntryMarkup::settleLess(std::string_view next) {
-  if (!m_pendingLess) return;
-  m_pendingLess = false;
-  const bool isMarkup = next.empty() || isLetter(next.front()) || next.front() == '/' ||
-                        next.front() == '!' || next.front() == '?';
-  m_text += isMarkup ? "&lt;" : "<";
-}
-
-void EntryMarkup::appendText(std::string_view piece) {
-  for (std::size_t i = 0; i < piece.size(); ++i) {
-    if (piece[i] == '&') {
-      m_text += "&amp;";
-    } else if (piece[i] == '<') {
-      m_pendingLess = true;
-      if (i + 1 < piece.size()) settleLess(piece.substr(i + 1));
-    } else {
-      m_text += piece[i];
-    }
-  }
 }
 
 }  // namespace html_editor

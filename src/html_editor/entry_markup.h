@@ -1,8 +1,7 @@
 // How an entry is spelled when its markup is written anew. Within this folder only.
 //
 // Entries are found by their exact text: the target and the visible text that a click reports, put together
-// again. So they are spelled as generated entries are, and escaped only where they would be read differently
-// otherwise.
+// again. So they are spelled as generated entries are.
 #pragma once
 
 #include <string>
@@ -25,16 +24,12 @@ class EntryMarkup {
   void comment(std::string_view text);
 
   /// All that was written.
-  std::string_view written();
+  std::string_view written() const { return m_text; }
   void clear();
 
  private:
-  void settleLess(std::string_view next);
-  void appendText(std::string_view piece);
-
   std::string m_text;
-  bool m_pendingLess = false;  // a "<" whose spelling depends on what follows
-  int m_rawDepth = 0;          // of open elements whose text is no markup
+  int m_rawDepth = 0;  // of open elements whose text is no markup
 };
 
 }  // namespace html_editor

@@ -1,5 +1,6 @@
 #include "html_editor/html_view_controller.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QFrame>
@@ -71,8 +72,9 @@ void HTMLViewController::connectControls() {
   connect(&m_saveChangesButton, &QPushButton::clicked, this, &HTMLViewController::saveRecentChanges);
   connect(&m_vibButton, &QPushButton::clicked, this, &HTMLViewController::viewSitemapButton);
   connect(&m_deleteButton, &QPushButton::clicked, this, &HTMLViewController::deleteLinkAction);
-  onCommit(m_titleEditInput, [this] { titleEditInputAction(); });
-  onCommit(m_linkEditInput, [this] { linkEditInputAction(); });
+  connect(&m_titleEditInput, &QLineEdit::returnPressed, this, &HTMLViewController::titleEditInputAction);
+  connect(&m_linkEditInput, &QLineEdit::returnPressed, this, &HTMLViewController::linkEditInputAction);
+  connect(qApp, &QApplication::focusChanged, this, &HTMLViewController::focusMoved);
 }
 
 /// A field is committed by Return, or by going on to another control; not by a look at another window.

@@ -88,8 +88,8 @@ class HTMLViewController : public QObject {
 
   void viewSitemapButton();
   void changeMapType();
-  void titleEditInputAction();
-  void linkEditInputAction();
+  void titleEditInputAction() { commitFields(); }
+  void linkEditInputAction() { commitFields(); }
   void deleteLinkAction();
 
   enum class SaveMarker { savebutton, closewindow, changemap, defaultAsk };
@@ -145,7 +145,8 @@ class HTMLViewController : public QObject {
   void linkClicked(const QString& href, const QString& label, QPointF scrolledTo);
   void editLinkAndTitle();
   void refuseBlank(std::string_view message);
-  void commitField(FieldCommit commit);
+  void focusMoved(const QWidget* from, const QWidget* to);
+  void commitFields();
   void beginLinkDeletion(const LinkSelection& link);
   void linkDeletion(const LinkSelection& link);
   void showSelection();

@@ -68,16 +68,21 @@ void HTMLViewController::clearLinkFields() {
   showSelection();
 }
 
-void HTMLViewController::titleEditInputAction() {
-  commitField(commitTitleField(toUtf8(m_titleEditInput.text()), toUtf8(m_linkEditInput.text())));
+/// Title and address are one edit: going from one field to the other commits nothing, and neither does going
+/// to the button that deletes the link.
+void HTMLViewController::focusMoved(const QWidget* from, const QWidget* to) {
+  const auto isOfLink = [this](const QWidget* widget) {
+    return widget == &m_titleEditInput || widget == &m_linkEditInput || widget == &m_deleteButton;
+  };
+  // A look at another window is no end.
+  if (to == nullptr || to->window() != &m_services.mainWindow) return;
+  if (isOfLink(from) && !isOfLink(to)) commitFields();
 }
 
-void HTMLViewController::linkEditInputAction() {
-  commitField(commitLinkField(toUtf8(m_titleEditInput.text()), toUtf8(m_linkEditInput.text())));
-}
-
-void HTMLViewController::commitField(FieldCommit commit) {
-  switch (commit) {
+void HTMLViewController::commitFields() {
+  if (!m_selection) return;
+  switch (html_editor::commitFields(*m_selection, toUtf8(m_linkEditInput.text()),
+                                    toUtf8(m_titleEditInput.text()))) {
     case FieldCommit::edit:
       return editLinkAndTitle();
     case FieldCommit::titleBlank:
@@ -90,21 +95,17 @@ void HTMLViewController::commitField(FieldCommit commit) {
 }
 
 void HTMLViewController::editLinkAndTitle() {
-  if (!m_selection) return;
-  const std::string before = m_selection->originalLinkValue;
   AnchorEdit edit =
-      html_editor::editLinkAndTitle(m_state.qzvskHTMLString, before, m_selection->linkNumber,
-                                    toUtf8(m_linkEditInput.text()), toUtf8(m_titleEditInput.text()));
-  const bool found = edit.document != m_state.qzvskHTMLString || edit.originalLinkValue == before;
+      html_editor::editLinkAndTitle(m_state.qzvskHTMLString, *m_selection, toUtf8(m_linkEditInput.text()),
+                                    toUtf8(m_titleEditInput.text()));
   m_state.qzvskHTMLString = std::move(edit.document);
   clearLinkFields();
   showDocument();
   saveNow(SaveMarker::closewindow);
-  if (!found) emit report(tr("Nothing was changed: the link is not in this layout as it was clicked."));
+  if (!edit.found) emit report(tr("Nothing was changed: the link is not in this layout as it was clicked."));
 }
 
 void HTMLViewController::refuseBlank(std::string_view message) {
-  if (!m_selection) return;
   constexpr int kOk = 0;
   constexpr int kDelete = 1;
   m_sheets.choose(toQString(message), {}, {tr("OK"), tr("Delete This Link")}, kOk,

@@ -21,9 +21,11 @@ using platform::replaceText;
 constexpr std::size_t kNowhere = std::string_view::npos;
 constexpr std::string_view kLineAndTabs = "\n\t\t\t";
 constexpr std::string_view kMarkerStart = "---LINKID:";
-constexpr std::string_view kMarkerEnd = "---";
+constexpr std::string_view kMarkerEnd = "---\">";
 constexpr std::string_view kDivStart = "<div ";
 constexpr std::string_view kDivEnd = "</div>";
+constexpr std::string_view kTitleStart = "<div class=\"vskPageTitle\">";
+constexpr std::string_view kLinkStart = "<div class=\"vskPageLink\">";
 
 std::string entryEnd(std::string_view number) {
   std::string text = "<!-- LINKID: ";
@@ -61,10 +63,25 @@ bool keepsPatternOnLine(std::string_view text) {
          text.find("[:") == kNowhere && text.find("(*") == kNowhere;
 }
 
-/// The entry from its opening "div" to its closing one.
-std::optional<std::string_view> findEntry(std::string_view document, const LinkSelection& selection) {
+/// The entry as it was clicked, from its opening "div" to its closing one.
+std::optional<std::string_view> findClicked(std::string_view document, const LinkSelection& selection) {
+  for (const std::string& text : spellingsOf(selection.titleEditInput)) {
+    const std::string anchor = anchorMarkup(selection.target, text, selection.linkNumber) + "</div>";
+    for (std::size_t at = 0; (at = findText(document, anchor, at)) != kNowhere; ++at) {
+      const std::string_view before = document.substr(0, at);
+      for (const std::string_view start : {kTitleStart, kLinkStart}) {
+        if (before.ends_with(start) && before.substr(0, at - start.size()).ends_with(kLineAndTabs))
+          return document.substr(at - start.size(), start.size() + anchor.size());
+      }
+    }
+  }
+  return std::nullopt;
+}
+
+/// The same for one that stands there otherwise.
+std::optional<std::string_view> findLikely(std::string_view document, const LinkSelection& selection) {
   std::string source = "<div .*><a href=\"";
-  source.append(selection.delLink).append(kMarkerStart).append(selection.linkNumber).append("---\">");
+  source.append(selection.delLink).append(kMarkerStart).append(selection.linkNumber).append(kMarkerEnd);
   source.append(selection.delTitle).append(entryEnd(selection.linkNumber));
   const auto pattern = Regex::compile(replaceText(source, "?", "\\?"));
   if (!pattern) return std::nullopt;  // such as a "(" that nothing closes
@@ -119,6 +136,7 @@ class NumberSearch {
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || text.front() == '-' || (text.front() == '0' && stop != text.data() + 1))
       return;
+    // In an address only the last one is a marker: the others a site has put there.
     if (!text.substr(static_cast<std::size_t>(stop - text.data())).starts_with(kMarkerEnd)) return;
     if (number <= m_above || number > m_upTo || (!m_line.empty() && number >= m_number)) return;
     m_number = number;
@@ -143,7 +161,7 @@ std::optional<Candidate> findAbove(std::string_view document, int above, int upT
   }
   if (search.line().empty()) return std::nullopt;
   const std::string marker = std::string(kMarkerStart) + std::to_string(search.number());
-  const auto match = Regex("<div .*" + marker + "---.*</div>").find(search.line());
+  const auto match = Regex("<div .*" + marker + "---\">.*</div>").find(search.line());
   if (!match) return std::nullopt;
   return Candidate{search.number(), match->whole};
 }
@@ -160,22 +178,26 @@ void promoteFollowing(LinkDeletion& deletion, int removedNumber, int totalLinks)
     deletion.linkNumber = std::to_string(candidate ? candidate->number : std::max(next, totalLinks));
     if (candidate) entry = candidate->entry;
   }
-  if (!entry || !entry->starts_with("<div class=\"vskPageLink\"")) return;
-  deletion.document =
-      replaceText(deletion.document, *entry, replaceText(*entry, "vskPageLink", "vskPageTitle"));
+  constexpr std::string_view kLink = "<div class=\"vskPageLink\"";
+  if (!entry || !entry->starts_with(kLink)) return;
+  const std::string promoted = std::string("<div class=\"vskPageTitle\"").append(entry->substr(kLink.size()));
+  deletion.document = replaceText(deletion.document, *entry, promoted);
 }
 
 }  // namespace
 
 LinkDeletion linkDeletion(std::string_view document, const LinkSelection& selection, int totalLinks) {
   LinkDeletion deletion{.document = {}, .linkNumber = selection.linkNumber, .removed = Removed::nothing};
-  const auto entry = findEntry(document, selection);
+  auto entry = findClicked(document, selection);
+  if (!entry) entry = findLikely(document, selection);
   const std::string line = entry ? std::string(kLineAndTabs).append(*entry) : std::string();
   deletion.document = replaceText(document, line, "");
   // An entry that was indented by hand is found and yet stays.
   if (deletion.document.size() == document.size()) return deletion;
 
-  const bool wasHeading = findText(platform::lowerAscii(*entry), "vskpagetitle") != kNowhere;
+  const bool wasHeading =
+      entry->starts_with(kTitleStart) ||
+      (!entry->starts_with(kLinkStart) && findText(platform::lowerAscii(*entry), "vskpagetitle") != kNowhere);
   deletion.removed = wasHeading ? Removed::pageEntry : Removed::linkEntry;
   int number = 0;
   const char* end = selection.linkNumber.data() + selection.linkNumber.size();

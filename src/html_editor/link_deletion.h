@@ -16,10 +16,11 @@ struct LinkDeletion {
   Removed removed = Removed::nothing;
 };
 
-/// The document without the entry of `selection` (linkNumber, delLink and delTitle of it). Target and text
-/// are taken as parts of a pattern in which only "?" is escaped: with "(" or "+" in them an entry may not be
-/// found, and stays. `totalLinks` is the site record's count of LINKIDs, up to which a new heading is looked
-/// for; 0 when it is not known. Cells that are empty now stay: see checkForEmptyColumn().
+/// The document without the entry of `selection`. When that does not stand there as it was clicked, delLink
+/// and delTitle are taken as parts of a pattern in which only "?" is escaped, and what that finds goes: an
+/// entry of a sitemap that was edited by hand. `totalLinks` is the site record's count of LINKIDs, up to
+/// which a new heading is looked for; 0 when it is not known. Cells that are empty now stay: see
+/// checkForEmptyColumn().
 LinkDeletion linkDeletion(std::string_view document, const LinkSelection& selection, int totalLinks);
 
 }  // namespace html_editor

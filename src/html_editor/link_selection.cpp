@@ -1,5 +1,7 @@
 #include "html_editor/link_selection.h"
 
+#include <utility>
+
 #include "platform/regex.h"
 #include "sitemaps/html_format.h"
 
@@ -10,9 +12,7 @@ const std::string_view kTitleBlankMessage =
 const std::string_view kLinkBlankMessage =
     "The link field cannot be left blank, please enter the link for this page.";
 
-namespace {
-
-std::string anchor(std::string_view target, std::string_view text, std::string_view number) {
+std::string anchorMarkup(std::string_view target, std::string_view text, std::string_view number) {
   std::string result = "<a href=\"";
   return result.append(target)
       .append("\">")
@@ -22,31 +22,43 @@ std::string anchor(std::string_view target, std::string_view text, std::string_v
       .append(" --></a>");
 }
 
-}  // namespace
-
 std::optional<LinkSelection> selectLink(std::string_view href, std::string_view label) {
   static const platform::Regex kMarker("---.*---");
+  static const platform::Regex kLastNumber("---LINKID:(\\d+)---$");
   static const platform::Regex kNumber("---LINKID:(.*)---");
   if (href.empty() || label.empty()) return std::nullopt;
   LinkSelection selection;
+  selection.target = href;
   if (const auto marker = kMarker.find(href)) selection.linkIdentifier = marker->whole;
-  if (const auto number = kNumber.find(href)) selection.linkNumber = number->groups[0];
+  auto number = kLastNumber.find(href);
+  if (!number) number = kNumber.find(href);
+  if (number) selection.linkNumber = number->groups[0];
   selection.delLink = platform::replaceText(href, selection.linkIdentifier, "");
-  selection.delTitle = sitemaps::withAmpersandsEscaped(label);
-  selection.originalLinkValue = anchor(href, selection.delTitle, selection.linkNumber);
+  selection.delTitle = sitemaps::asMarkupText(label);
+  selection.originalLinkValue = anchorMarkup(href, selection.delTitle, selection.linkNumber);
   selection.linkEditInput = selection.delLink;
   selection.titleEditInput = label;
   return selection;
 }
 
-FieldCommit commitTitleField(std::string_view title, std::string_view link) {
-  if (!title.empty()) return FieldCommit::edit;
-  return link.empty() ? FieldCommit::nothing : FieldCommit::titleBlank;
+std::vector<std::string> spellingsOf(std::string_view label) {
+  std::vector<std::string> spellings = {sitemaps::asMarkupText(label)};
+  for (std::string other : {sitemaps::withAmpersandsEscaped(label), std::string(label)}) {
+    if (other != spellings.back()) spellings.push_back(std::move(other));
+  }
+  if (label.find('\n') == std::string_view::npos) return spellings;
+  for (std::size_t i = 0, count = spellings.size(); i < count; ++i)
+    spellings.push_back(platform::replaceText(spellings[i], "\n", "\r\n"));
+  return spellings;
 }
 
-FieldCommit commitLinkField(std::string_view title, std::string_view link) {
-  if (!link.empty()) return FieldCommit::edit;
-  return title.empty() ? FieldCommit::nothing : FieldCommit::linkBlank;
+FieldCommit commitFields(const LinkSelection& selection, std::string_view link, std::string_view title) {
+  const bool linkChanged = link != selection.linkEditInput;
+  const bool titleChanged = title != selection.titleEditInput;
+  if ((!linkChanged && !titleChanged) || (link.empty() && title.empty())) return FieldCommit::nothing;
+  if (titleChanged && title.empty()) return FieldCommit::titleBlank;
+  if (linkChanged && link.empty()) return FieldCommit::linkBlank;
+  return FieldCommit::edit;
 }
 
 }  // namespace html_editor

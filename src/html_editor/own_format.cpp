@@ -41,20 +41,21 @@ class Pieces {
 };
 
 /// Letters that a parser copies and a serialiser writes as they are. Control characters are not among them:
-/// each program has its own way with those.
+/// each program has its own way with those. ">" is in text, not in a target.
 bool isPlain(std::string_view text) {
   const bool hasOddByte = std::any_of(text.begin(), text.end(), [](char c) {
     const auto byte = static_cast<unsigned char>(c);
-    return byte < ' ' || byte == 0x7F || c == '<' || c == '>';
+    return byte < ' ' || byte == 0x7F || c == '<';
   });
   // U+FFFE and U+FFFF are no characters to some parsers.
   return !hasOddByte && text.find("\xEF\xBF\xBE") == kNowhere && text.find("\xEF\xBF\xBF") == kNowhere;
 }
 
-/// Whether each "&" begins an "&amp;".
-bool hasOnlyEscapedAmpersands(std::string_view text) {
+/// Whether each "&" begins one of the references that are written.
+bool hasOnlyWrittenReferences(std::string_view text) {
   for (std::size_t at = 0; (at = text.find('&', at)) != kNowhere; ++at) {
-    if (!text.substr(at).starts_with("&amp;")) return false;
+    const std::string_view rest = text.substr(at);
+    if (!rest.starts_with("&amp;") && !rest.starts_with("&lt;")) return false;
   }
   return true;
 }
@@ -82,8 +83,8 @@ bool takeHeader(Pieces& pieces) {
 
 /// Whether a parser reads the three parts of an entry as they stand, and they are written back the same.
 bool isCertain(std::string_view target, std::string_view text, std::string_view number) {
-  return isPlain(target) && target.find('"') == kNowhere && hasOnlyBareAmpersands(target) && isPlain(text) &&
-         hasOnlyEscapedAmpersands(text) && !number.empty() &&
+  return isPlain(target) && target.find_first_of("\">") == kNowhere && hasOnlyBareAmpersands(target) &&
+         isPlain(text) && hasOnlyWrittenReferences(text) && !number.empty() &&
          number.find_first_not_of("0123456789") == kNowhere;
 }
 

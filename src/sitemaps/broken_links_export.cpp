@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "sitemaps/completion.h"
+#include "sitemaps/html_format.h"
 
 namespace sitemaps {
 
@@ -55,10 +56,11 @@ std::string brokenLinksText(const std::vector<std::string>& urls) {
 std::string brokenLinksHtml(const std::vector<std::string>& urls) {
   std::string page(kHeader);
   for (const std::string& url : urls) {
+    const std::string address = asMarkupAddress(url);
     page += "\n\t<p><a href=\"";
-    page += url;
+    page += address;
     page += "\">";
-    page += url;
+    page += address;
     page += "</a></p>";
   }
   page += "\n</body>\n</html>\n";

@@ -11,7 +11,7 @@ namespace sitemaps {
 /// One address a line, and an empty line at the end: without any address a line feed alone.
 std::string brokenLinksText(const std::vector<std::string>& urls);
 
-/// A page with one link a paragraph. Addresses are written as they are, as in the HTML sitemaps.
+/// A page with one link a paragraph. Addresses are written as in the HTML sitemaps.
 std::string brokenLinksHtml(const std::vector<std::string>& urls);
 
 /// A table for spreadsheets (RFC 4180): URL, status, reason. Status and reason are empty where the reason is

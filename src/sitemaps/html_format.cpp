@@ -83,8 +83,8 @@ std::string join(const Pieces&... pieces) {
 
 std::string entry(std::string_view cssClass, std::string_view url, int number, std::string_view title) {
   const std::string marker = std::to_string(number);
-  return join("\n\t\t\t<div class=\"", cssClass, "\"><a href=\"", url, "---LINKID:", marker, "---\">", title,
-              "<!-- LINKID: ", marker, " --></a></div>");
+  return join("\n\t\t\t<div class=\"", cssClass, "\"><a href=\"", asMarkupAddress(url), "---LINKID:", marker,
+              "---\">", asMarkupText(title), "<!-- LINKID: ", marker, " --></a></div>");
 }
 
 }  // namespace
@@ -103,6 +103,31 @@ std::string linkEntry(std::string_view url, int number, std::string_view title) 
 
 std::string withAmpersandsEscaped(std::string_view text) {
   return platform::replaceText(text, "&", "&amp;");
+}
+
+std::string asMarkupText(std::string_view text) {
+  return platform::replaceText(withAmpersandsEscaped(text), "<", "&lt;");
+}
+
+std::string asMarkupAddress(std::string_view url) {
+  std::string address;
+  address.reserve(url.size());
+  for (const char c : url) {
+    switch (c) {
+      case '"':
+        address += "%22";
+        break;
+      case '<':
+        address += "%3C";
+        break;
+      case '>':
+        address += "%3E";
+        break;
+      default:
+        address += c;
+    }
+  }
+  return address;
 }
 
 Cell wrapCell(std::string_view block, int columns, int cellsInRow) {

@@ -36,8 +36,7 @@ extern const std::array<Layout, 6> kLayouts;
 std::string documentOpening(int columns);
 
 /// The entry of a page. `number` is its LINKID, written behind the address and again as a comment behind the
-/// title. The title comes with "&" already written as "&amp;"; nothing else is escaped, neither in it nor in
-/// the address.
+/// title. Both come from strangers: the title is written as asMarkupText(), the address as asMarkupAddress().
 std::string pageEntry(std::string_view url, int number, std::string_view title);
 
 /// The entry of a link on a page; otherwise as pageEntry().
@@ -45,6 +44,14 @@ std::string linkEntry(std::string_view url, int number, std::string_view title);
 
 /// `text` with every "&" written as "&amp;", existing entities included.
 std::string withAmpersandsEscaped(std::string_view text);
+
+/// `text` as it is read back from markup: "&" as "&amp;" and then "<" as "&lt;". So it can neither open an
+/// element nor a comment.
+std::string asMarkupText(std::string_view text);
+
+/// An address that can leave neither the quotes around it nor its tag: the double quote, "<" and ">" are
+/// percent-encoded. Nothing else is, "&" included.
+std::string asMarkupAddress(std::string_view url);
 
 /// A cell's text as it goes into a document, and how full the document's last row is then.
 struct Cell {

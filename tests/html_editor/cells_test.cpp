@@ -46,7 +46,7 @@ TEST(ReadCells, SpellsEntriesSoThatTheyAreFoundAgain) {
       {"references in a target", "<div class=\"x\"><a href=\"?a&amp;b&amp;lt;c&#38;#x&quot;\">T</a></div>",
        "<div class=\"x\"><a href=\"?a&b&amp;lt;c&amp;#x&quot;\">T</a></div>|"},
       {"letters in a text", "<div class=\"x\">a < b > c &lt;d&gt; &amp;lt; &eacute; \"</div>",
-       "<div class=\"x\">a < b > c &lt;d> &amp;lt; \xC3\xA9 \"</div>|"},
+       "<div class=\"x\">a &lt; b > c &lt;d> &amp;lt; \xC3\xA9 \"</div>|"},
       {"elements without an end", "<div class=\"x\">a<br>b<img src=i></div>",
        "<div class=\"x\">a<br>b<img src=\"i\"></div>|"},
       {"entry in an entry", "<div class=\"x\">a<div id=\"y\">b</div></div>",
@@ -92,7 +92,8 @@ TEST(ReadOwnFormat, GivesWhatTheParserGives) {
   cases.push_back(
       {"cells emptied", with(two, "\n\t\t\t" + blocks(1)[0][0] + "\n\t\t\t" + blocks(1)[0][1], ""), true});
   for (const auto& [title, isOwn] : {std::pair{"\"'`{}%\\ \xE2\x80\x93 \xF0\x9F\x98\x80", true},
-                                     {"a > b", false},
+                                     {"a > b", true},
+                                     {"&lt;b>x&lt;/b>", true},
                                      {"a < b", false},
                                      {"<b>x</b>", false},
                                      {"</td>", false},

@@ -23,46 +23,58 @@ TEST(SelectLink, ReadsTheMarkerFromTheTarget) {
       {"script", "javascript:alert(1)---LINKID:7---", "7", "---LINKID:7---", "javascript:alert(1)"},
       {"dashes in the address go with the marker", "http://a.test/b---c---LINKID:7---", "7",
        "---c---LINKID:7---", "http://a.test/b"},
-      {"a marker of the site's own", "x---LINKID:1---y---LINKID:2---", "1---y---LINKID:2",
-       "---LINKID:1---y---LINKID:2---", "x"},
+      {"a mark of the site's own", "x---LINKID:1---y---LINKID:2---", "2", "---LINKID:1---y---LINKID:2---",
+       "x"},
+      {"a marker in front of the end", "x---LINKID:2---y", "2", "---LINKID:2---", "xy"},
       {"no marker", "http://a.test/", "", "", "http://a.test/"},
       {"dashes only", "a---b---c", "", "---b---", "ac"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
-    const auto selection = selectLink(c.href, "Tom & Jerry &amp;");
+    const auto selection = selectLink(c.href, "Tom & <Jerry> &amp;");
     ASSERT_TRUE(selection.has_value());
     EXPECT_EQ(selection->linkNumber, c.number);
     EXPECT_EQ(selection->linkIdentifier, c.marker);
     EXPECT_EQ(selection->delLink, c.link);
     EXPECT_EQ(selection->linkEditInput, c.link);
-    EXPECT_EQ(selection->titleEditInput, "Tom & Jerry &amp;");
-    EXPECT_EQ(selection->delTitle, "Tom &amp; Jerry &amp;amp;");
+    EXPECT_EQ(selection->titleEditInput, "Tom & <Jerry> &amp;");
+    EXPECT_EQ(selection->delTitle, "Tom &amp; &lt;Jerry> &amp;amp;");
     EXPECT_EQ(selection->originalLinkValue, "<a href=\"" + std::string(c.href) +
-                                                "\">Tom &amp; Jerry &amp;amp;<!-- LINKID: " + c.number +
+                                                "\">Tom &amp; &lt;Jerry> &amp;amp;<!-- LINKID: " + c.number +
                                                 " --></a>");
   }
   EXPECT_FALSE(selectLink("", "text"));
   EXPECT_FALSE(selectLink("http://a.test/---LINKID:1---", ""));
 }
 
-TEST(CommitField, AsksForWhatIsMissing) {
-  EXPECT_EQ(commitTitleField("t", "l"), FieldCommit::edit);
-  EXPECT_EQ(commitTitleField("t", ""), FieldCommit::edit);
-  EXPECT_EQ(commitTitleField("", "l"), FieldCommit::titleBlank);
-  EXPECT_EQ(commitTitleField("", ""), FieldCommit::nothing);
-  EXPECT_EQ(commitLinkField("t", "l"), FieldCommit::edit);
-  EXPECT_EQ(commitLinkField("", "l"), FieldCommit::edit);
-  EXPECT_EQ(commitLinkField("t", ""), FieldCommit::linkBlank);
-  EXPECT_EQ(commitLinkField("", ""), FieldCommit::nothing);
+TEST(CommitFields, AsksForWhatIsMissing) {
+  struct Case {
+    const char* name;
+    const char* link;
+    const char* title;
+    FieldCommit expected;
+  };
+  const Case cases[] = {
+      {"nothing was changed", "u", "T", FieldCommit::nothing},
+      {"both", "v", "S", FieldCommit::edit},
+      {"one", "v", "T", FieldCommit::edit},
+      {"no title", "u", "", FieldCommit::titleBlank},
+      {"no title, another link", "v", "", FieldCommit::titleBlank},
+      {"no link", "", "T", FieldCommit::linkBlank},
+      {"no link, another title", "", "S", FieldCommit::linkBlank},
+      {"neither", "", "", FieldCommit::nothing},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(commitFields(*selectLink("u---LINKID:1---", "T"), c.link, c.title), c.expected);
+  }
+  EXPECT_EQ(commitFields(*selectLink("---LINKID:1---", "T"), "", "S"), FieldCommit::edit);
 }
 
 /// Clicks the entry with this href and label, and commits `link` and `title`.
 std::string edited(const std::string& document, const std::string& href, const std::string& label,
                    const std::string& link, const std::string& title) {
-  const auto selection = selectLink(href, label);
-  return editLinkAndTitle(document, selection->originalLinkValue, selection->linkNumber, link, title)
-      .document;
+  return editLinkAndTitle(document, *selectLink(href, label), link, title).document;
 }
 
 TEST(EditLinkAndTitle, RewritesTheAnchorAndNothingElse) {
@@ -74,11 +86,15 @@ TEST(EditLinkAndTitle, RewritesTheAnchorAndNothingElse) {
     const char* label;
     std::string expected;
   };
-  const std::string rewritten = link(7, "http://b.test/?$1&x=\\1", "A &amp; B $0 \\0");
+  const std::string rewritten = link(7, "http://b.test/?$1&x=\\1", "A &amp; <b>B</b> $0 \\0");
   const Case cases[] = {
       {"plain", link(7, "http://a.test/", "Text"), "http://a.test/---LINKID:7---", "Text", rewritten},
       {"escaped text", link(7, "u?a&b", "Tom &amp; Jerry"), "u?a&b---LINKID:7---", "Tom & Jerry", rewritten},
       {"bare text", link(7, "u?a&b", "Tom & Jerry"), "u?a&b---LINKID:7---", "Tom & Jerry", rewritten},
+      {"element as text", link(7, "u", "&lt;style>"), "u---LINKID:7---", "<style>", rewritten},
+      {"typed", link(7, "u", "1 < 2"), "u---LINKID:7---", "1 < 2", rewritten},
+      {"forged marks", link(7, "u---LINKID:5---v", "---LINKID:5---"), "u---LINKID:5---v---LINKID:7---",
+       "---LINKID:5---", rewritten},
       {"text of two spellings", link(7, "u", "A & B &amp; C"), "u---LINKID:7---", "A & B & C",
        link(7, "u", "A & B &amp; C")},
       {"in another case", with(link(7, "u", "Tom &amp; J"), "<a ", "<A "), "u---LINKID:7---", "Tom & J",
@@ -90,7 +106,36 @@ TEST(EditLinkAndTitle, RewritesTheAnchorAndNothingElse) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
-    EXPECT_EQ(edited(c.entry, c.href, c.label, "http://b.test/?$1&x=\\1", "A & B $0 \\0"), c.expected);
+    const AnchorEdit edit = editLinkAndTitle(c.entry, *selectLink(c.href, c.label), "http://b.test/?$1&x=\\1",
+                                             "A & <b>B</b> $0 \\0");
+    EXPECT_EQ(edit.document, c.expected);
+    EXPECT_EQ(edit.found, c.expected != c.entry);
+  }
+}
+
+TEST(EditLinkAndTitle, LeavesWhatWasNotChanged) {
+  struct Case {
+    const char* name;
+    const char* url;
+    const char* title;  // as in the document
+    const char* label;
+    const char* typedLink;
+    const char* typedTitle;
+    const char* newUrl;
+    const char* newTitle;
+  };
+  const Case cases[] = {
+      {"a title", "u", "1 < 2 &amp; 3", "1 < 2 & 3", "v", "1 < 2 & 3", "v", "1 < 2 &amp; 3"},
+      {"an address of which a part is shown", "u---v", "T", "T", "u", "S", "u---v", "S"},
+      {"tags that were text", "u", "&lt;Script>x&lt;/Script>", "<Script>x</Script>", "u",
+       "<script>x</script> & <i>y</i>", "u", "&lt;script>x&lt;/script> &amp; <i>y</i>"},
+      {"tags in a title without such", "u", "script", "script", "u", "<script>x", "u", "<script>x"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(edited(samples::link(7, c.url, c.title), std::string(c.url) + "---LINKID:7---", c.label,
+                     c.typedLink, c.typedTitle),
+              samples::link(7, c.newUrl, c.newTitle));
   }
 }
 
@@ -99,18 +144,5 @@ TEST(EditLinkAndTitle, PassesABareSpellingOverWhenTheEscapedOneStandsInAnotherCa
   EXPECT_EQ(edited(document, "u---LINKID:7---", "A & B", "v", "T"), document);
 }
 
-TEST(EditLinkAndTitle, ASecondEditFindsTheEntry) {
-  const std::string document = samples::document(3, samples::blocks(2));
-  const auto selection = selectLink("http://a.test/2/link---LINKID:22---", "Link 2");
-  const AnchorEdit first =
-      editLinkAndTitle(document, selection->originalLinkValue, selection->linkNumber, "", "R&D");
-  EXPECT_EQ(first.document, with(document, samples::link(22, "http://a.test/2/link", "Link 2"),
-                                 samples::link(22, "", "R&amp;D")));
-  const AnchorEdit second = editLinkAndTitle(first.document, first.originalLinkValue, selection->linkNumber,
-                                             "http://a.test/2/link", "Link 2");
-  EXPECT_EQ(second.document, document);
-}
-
 }  // namespace
-
 }  // namespace html_editor

@@ -8,16 +8,20 @@ namespace samples {
 
 namespace {
 
-constexpr std::size_t kIndent = 4;  // the line feed and tabs
+std::string entry(const char* cssClass, int number, const std::string& url, const std::string& title) {
+  const std::string marker = std::to_string(number);
+  return "<div class=\"" + std::string(cssClass) + "\"><a href=\"" + url + "---LINKID:" + marker + "---\">" +
+         title + "<!-- LINKID: " + marker + " --></a></div>";
+}
 
 }  // namespace
 
 std::string page(int number, const std::string& url, const std::string& title) {
-  return sitemaps::pageEntry(url, number, title).substr(kIndent);
+  return entry("vskPageTitle", number, url, title);
 }
 
 std::string link(int number, const std::string& url, const std::string& title) {
-  return sitemaps::linkEntry(url, number, title).substr(kIndent);
+  return entry("vskPageLink", number, url, title);
 }
 
 std::string document(int columns, const std::vector<Block>& blocks) {

@@ -21,10 +21,11 @@ TEST(BrokenLinksExport, WritesTextAndHtmlByteForByte) {
   EXPECT_EQ(brokenLinksText({}), "\n");
   EXPECT_EQ(brokenLinksText({"http://h/b", "http://h/a"}), "http://h/b\nhttp://h/a\n\n");
   EXPECT_EQ(brokenLinksHtml({}), std::string(kHtmlHeader) + "\n</body>\n</html>\n");
-  EXPECT_EQ(brokenLinksHtml({"http://h/?a&b", "http://h/%20"}),
-            std::string(kHtmlHeader) +
-                "\n\t<p><a href=\"http://h/?a&b\">http://h/?a&b</a></p>"
-                "\n\t<p><a href=\"http://h/%20\">http://h/%20</a></p>\n</body>\n</html>\n");
+  EXPECT_EQ(
+      brokenLinksHtml({"http://h/?a&b", "http://h/%20\"<b>"}),
+      std::string(kHtmlHeader) +
+          "\n\t<p><a href=\"http://h/?a&b\">http://h/?a&b</a></p>"
+          "\n\t<p><a href=\"http://h/%20%22%3Cb%3E\">http://h/%20%22%3Cb%3E</a></p>\n</body>\n</html>\n");
 }
 
 TEST(BrokenLinksExport, WritesATableThatReadersTakeApartRightly) {

@@ -20,6 +20,23 @@ TEST(XmlEntry, EscapesTheAddressOnce) {
             "\n\t</url>");
 }
 
+TEST(XmlEntry, EncodesWhatXmlCannotHold) {
+  const auto loc = [](std::string_view url) {
+    const std::string entry = xmlEntry(url, "");
+    const std::size_t start = entry.find("<loc>") + 5;
+    return entry.substr(start, entry.find("</loc>") - start);
+  };
+  EXPECT_EQ(loc("http://h/\x01\x1F\t\r\n\x7F\xC2\x80\xEF\xBF\xBD\xEF\xBF\xBE%zz"),
+            "http://h/%01%1F\t\r\n\x7F\xC2\x80\xEF\xBF\xBD%EF%BF%BE%zz");
+  EXPECT_EQ(loc("http://h/\xFF\xC3\xA9"), "http://h/%FF%C3%A9");
+}
+
+TEST(PageEntry, LetsNeitherAddressNorTitleOutOfTheirPlaces) {
+  EXPECT_EQ(pageEntry("http://h/\"><script>'&", 7, "\"<script>&lt;<!-- LINKID: 5 -->"),
+            "\n\t\t\t<div class=\"vskPageTitle\"><a href=\"http://h/%22%3E%3Cscript%3E'&---LINKID:7---\">"
+            "\"&lt;script>&amp;lt;&lt;!-- LINKID: 5 --><!-- LINKID: 7 --></a></div>");
+}
+
 TEST(WrapCell, OpensAndClosesRows) {
   struct Case {
     int columns;

@@ -64,7 +64,7 @@ class HtmlLinksTest : public QObject {
   void edits_data();
   void edits();
   void editsTwiceInARow();
-  void editsWhenTheFieldIsLeft();
+  void editsBothFieldsAtOnce();
   void abandonsAnEditWhenTheViewIsLeft();
   void savesStylesAlongWithAnEdit();
   void saysWhenTheLinkIsNotThere();
@@ -222,21 +222,34 @@ void HtmlLinksTest::editsTwiceInARow() {
   QCOMPARE(desk.onDisk(), with(before, kLink2, link(22, "second", "First")));
 }
 
-void HtmlLinksTest::editsWhenTheFieldIsLeft() {
-  HtmlDesk desk;
+/// Title and address are one edit.
+void HtmlLinksTest::editsBothFieldsAtOnce() {
+  std::vector<samples::Block> blocks = samples::blocks(6);
+  blocks[1][1] = link(22, "u", "&lt;style>");
+  HtmlDesk desk(blocks);
   desk.openAt(2);
-  const std::string before = desk.document();
-  QVERIFY(desk.clickLink(kAskAboutLink));
-  QLineEdit& title = desk.field("titleEditInput");
-  title.setFocus();
-  QTest::keyClick(&title, Qt::Key_Tab);  // nothing was changed
+  const std::string before = desk.onDisk();
+  const std::string after = with(before, link(22, "u", "&lt;style>"), link(22, "u!", "&lt;style>?"));
+  QVERIFY(desk.clickLink(QStringLiteral("<style>")));
+  const auto typeBehind = [&](const char* name, const char* text) {
+    desk.field(name).setFocus();
+    QTest::keyClick(&desk.field(name), Qt::Key_End);
+    QTest::keyClicks(&desk.field(name), QLatin1String(text));
+  };
+  typeBehind("titleEditInput", "?");
+  typeBehind("linkEditInput", "!");
+  desk.control<QPushButton>("deleteButton").setFocus();
   QCOMPARE(desk.onDisk(), before);
-  QVERIFY(desk.enabled("deleteButton"));
-  title.setFocus();
-  QTest::keyClick(&title, Qt::Key_End);
-  QTest::keyClicks(&title, QStringLiteral("!"));
-  QTest::keyClick(&title, Qt::Key_Tab);
-  QCOMPARE(desk.onDisk(), with(before, kLink2, link(22, "http://a.test/2/link", "Link 2!")));
+  desk.control<QComboBox>("sitemapTypePopup").setFocus();
+  QCOMPARE(desk.onDisk(), after);
+  QVERIFY(desk.shown());
+  // To delete a link that was changed is to delete it.
+  QVERIFY(desk.clickLink(QStringLiteral("<style>?")));
+  typeBehind("titleEditInput", "x");
+  QVERIFY(desk.click("deleteButton"));
+  QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
+  QVERIFY(desk.shown());
+  QCOMPARE(desk.onDisk(), without(after, link(22, "u!", "&lt;style>?")));
 }
 
 void HtmlLinksTest::abandonsAnEditWhenTheViewIsLeft() {
