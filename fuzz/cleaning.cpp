@@ -9,6 +9,7 @@
 #include "sitemaps/html_cleaning.h"
 #include "sitemaps/split_sitemaps.h"
 #include "sitemaps/xml_cleaning.h"
+#include "sitemaps/xml_validation.h"
 
 namespace {
 
@@ -53,6 +54,19 @@ void checkXml(const std::string& document) {
   }
   require(sitemaps::withoutEmptyElements(document) == withoutEach(expected, "\n\t\t<priority></priority>"),
           "the empty elements are taken, and nothing else");
+}
+
+/// What is published is XML, and published once more it is the same.
+void checkPublished(const std::string& document) {
+  if (!platform::isUtf8(document)) return;  // nothing like it is exported
+  const std::string text = sitemaps::publishableXml(document);
+  require(sitemaps::publishableXml(text) == text, "nothing is mended twice");
+  for (const sitemaps::XmlFinding& finding : sitemaps::validateXmlSitemap(text, {})) {
+    require(!finding.message.starts_with("Line "), "what is published is well-formed");
+    require(finding.message.find("percent-encoded") == std::string::npos ||
+                text.find("<loc>") == std::string::npos,
+            "addresses are fit for the web");
+  }
 }
 
 void checkSplit(const std::string& document) {
@@ -111,6 +125,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   require(platform::isUtf8(document) == fuzz::isUtf8(document), "text is told from bytes");
   checkHtml(document);
   checkXml(document);
+  checkPublished(document);
   checkSplit(document);
   const std::string first(fuzz::takeLine(rest));
   checkTable(first, std::string(rest));

@@ -11,7 +11,7 @@
 #include "html_editor/link_deletion.h"
 #include "html_editor/own_format.h"
 #include "html_editor/preview.h"
-#include "html_editor/script_text.h"
+#include "sitemaps/script_text.h"
 #include "html_editor/style.h"
 #include "html_editor/table_rebuild.h"
 #include "html_editor/underline.h"
@@ -170,7 +170,7 @@ void checkPreview(const std::string& document) {
   require(isOdd || html_editor::withoutMarkers(document, kTotal) == expected,
           "markers go in the order of numbers");
   require(html_editor::previewText(document).size() <= document.size(), "a preview only lacks something");
-  require(html_editor::holdsScriptText(document) || document.find("<script") == std::string::npos,
+  require(sitemaps::holdsScriptText(document) || document.find("<script") == std::string::npos,
           "every script element is told");
 }
 

@@ -4,15 +4,15 @@
 
 #include "fuzz_target.h"
 #include "platform/text.h"
+#include "sitemaps/sitemap_reader.h"
 #include "sitemaps/xml_validation.h"
 #include "xml_editor/row_changes.h"
-#include "xml_editor/sitemap_reader.h"
 #include "xml_editor/xml_sitemap.h"
 
 namespace {
 
 using fuzz::require;
-using xml_editor::Field;
+using sitemaps::Field;
 using Rows = std::vector<std::string>;
 
 std::string joined(const Rows& rows) {
@@ -22,14 +22,14 @@ std::string joined(const Rows& rows) {
 }
 
 Rows read(std::string_view text) {
-  return xml_editor::readSitemap(text).rows;
+  return sitemaps::readSitemap(text).rows;
 }
 
 void checkRow(const std::string& row) {
   require(fuzz::isUtf8(row), "rows are UTF-8");
   require(row.starts_with("<url>") && row.ends_with("\n\t</url>"), "rows have their tags");
-  for (const Field field : xml_editor::kFields) {
-    const auto element = xml_editor::findElement(row, field);
+  for (const Field field : sitemaps::kFields) {
+    const auto element = sitemaps::findElement(row, field);
     if (!element) continue;
     require(element->value.find_first_of("<>\n\r\t") == std::string_view::npos,
             "values are escaped, on one line");
@@ -42,7 +42,7 @@ void checkRewriting(const Rows& rows) {
   if (written.missing) {
     require(written.text.empty() && written.missing->row < rows.size(),
             "nothing is written without an element");
-    require(!xml_editor::findElement(rows[written.missing->row], written.missing->field),
+    require(!sitemaps::findElement(rows[written.missing->row], written.missing->field),
             "the element is missing");
     return;
   }
@@ -50,21 +50,21 @@ void checkRewriting(const Rows& rows) {
   require(again.size() == rows.size(), "rewriting keeps all rows");
   for (std::size_t i = 0; i < rows.size(); ++i) {
     for (const Field field : {Field::lastmod, Field::changefreq, Field::priority}) {
-      require(xml_editor::shownValue(again[i], field) == xml_editor::shownValue(rows[i], field),
+      require(sitemaps::shownValue(again[i], field) == sitemaps::shownValue(rows[i], field),
               "rewriting keeps the values");
     }
   }
 }
 
 void checkChange(const std::string& row, const std::string& value) {
-  for (const Field field : xml_editor::kFields) {
+  for (const Field field : sitemaps::kFields) {
     xml_editor::refusal(field, value, "2024-05-06");
-    const bool has = xml_editor::findElement(row, field).has_value();
+    const bool has = sitemaps::findElement(row, field).has_value();
     const std::string changed = xml_editor::withValue(row, field, value);
     require(has || changed == row, "what is not there is not changed");
     const bool plain = value.find_first_of("<&\n") == std::string::npos;
     if (has && plain && field != Field::loc) {
-      require(xml_editor::shownValue(changed, field) == value, "a value is taken as it was typed");
+      require(sitemaps::shownValue(changed, field) == value, "a value is taken as it was typed");
     }
   }
 }

@@ -9,7 +9,7 @@
 #include "html_editor/anchor_edit.h"
 #include "html_editor/link_deletion.h"
 #include "html_editor/preview.h"
-#include "html_editor/script_text.h"
+#include "sitemaps/script_text.h"
 #include "html_editor/style.h"
 #include "html_editor/table_rebuild.h"
 #include "html_editor/underline.h"
@@ -189,7 +189,7 @@ BENCHMARK_CAPTURE(preview, ownFormat, document)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(preview, byParser, documentForParser)->Unit(benchmark::kMillisecond);
 
 void scriptText(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(html_editor::holdsScriptText(document()));
+  for (auto _ : state) benchmark::DoNotOptimize(sitemaps::holdsScriptText(document()));
   countBytes(state, document());
 }
 BENCHMARK(scriptText)->Unit(benchmark::kMillisecond);

@@ -98,7 +98,8 @@ void MainWindow::makeControllers() {
       *this,
       ui::ScanViewParts{*m_sheets, m_controls, m_reasons, m_state, *m_siteEditor, *m_scan, *m_filters});
   m_views = std::make_unique<ui::MainViewControl>(*this, *m_sheets, m_controls, m_state);
-  m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state);
+  m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state,
+                                                   m_passedScripts);
 
   makeHtmlView();
   m_xmlView = std::make_unique<xml_editor::XMLViewController>(*this, *m_sheets, m_controls, m_state);
@@ -126,7 +127,7 @@ void MainWindow::makeHtmlView() {
   const html_editor::RecoveryCopies copies(m_reasons.state());
   copies.takeFormer();
   m_htmlView = std::make_unique<html_editor::HTMLViewController>(
-      html_editor::HTMLViewServices{*this, *m_sheets, m_controls, m_state, copies});
+      html_editor::HTMLViewServices{*this, *m_sheets, m_controls, m_state, copies, m_passedScripts});
   m_views->setCheckSave([this] { m_htmlView->checkSave(); });
   m_scanView->setBeforeChange(
       [this](std::function<void()> command) { m_htmlView->checkSave(std::move(command)); });

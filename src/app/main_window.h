@@ -10,6 +10,7 @@
 #include "html_editor/html_view_controller.h"
 #include "platform/close_requests.h"
 #include "platform/sheet_queue.h"
+#include "sitemaps/script_text.h"
 #include "store/add_edit_delete_sites_controller.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
@@ -62,6 +63,7 @@ class MainWindow : public QMainWindow {
   const store::BrokenReasons& m_reasons;
   QString m_stateFile;
   store::SharedState m_state;
+  sitemaps::PassedScripts m_passedScripts;
   std::unique_ptr<Ui::MainWindow> m_ui;
   QLabel* m_siteInHand = nullptr;  // in the toolbar
   QLabel* m_version = nullptr;     // at the foot, beside

@@ -6,9 +6,9 @@
 
 #include <unistd.h>
 
-#include "html_editor/script_text.h"
 #include "platform/gzip.h"
 #include "sitemaps/broken_links_export.h"
+#include "sitemaps/script_text.h"
 #include "sitemaps/site_export.h"
 #include "sitemaps/xml_format.h"
 #include "store/site_list.h"
@@ -94,21 +94,12 @@ ExitCode exportHtml(const CliContext& context, const ExportOptions& options) {
   if (layout == nullptr) return refuse("There is no layout \"" + printable(*options.layout) + "\".");
   const auto document = sitemaps::exportedHtml(context.controls, options.siteName, *layout);
   if (document.failure != sitemaps::ExportFailure::none) return reportUnusable(options, document);
-  if (html_editor::holdsScriptText(document.text)) {
+  if (sitemaps::holdsScriptText(document.text)) {
     printWarning(
         "The sitemap holds text that a browser may run as a program; it comes from the pages of the "
         "website.");
   }
   return writeOutput(options, document.text);
-}
-
-/// The export goes on all the same: what is in a sitemap is for its owner to decide. `target` is what to
-/// validate.
-void warnOfFaults(std::size_t faults, std::string_view target) {
-  if (faults == 0) return;
-  printWarning("The sitemap has " + std::to_string(faults) + (faults == 1 ? " fault" : " faults") +
-               " and may be refused by search engines; \"veskel-cli validate " + printable(target) +
-               "\" lists " + (faults == 1 ? "it." : "them."));
 }
 
 ExitCode exportSplit(const CliContext& context, const ExportOptions& options, std::string_view text) {
@@ -133,7 +124,6 @@ ExitCode exportSplit(const CliContext& context, const ExportOptions& options, st
   std::cout << "Written to " << printable(folder.native()) << ":\n ";
   for (const std::string& name : names) std::cout << ' ' << name;
   std::cout << '\n';
-  warnOfFaults(written.faults, (folder / names.front()).native());
   return exitDone;
 }
 
@@ -151,12 +141,7 @@ ExitCode exportXml(const CliContext& context, const ExportOptions& options) {
       return exitFileFailure;
     }
   }
-  const ExitCode code = writeOutput(options, compressed ? *compressed : document.text);
-  if (code != exitDone) return code;
-  // What went to standard output is nowhere to be found, so there it is the site's own sitemap.
-  warnOfFaults(sitemaps::faultCount(document.text),
-               options.output == kStandardOutput ? options.siteName : *options.output);
-  return code;
+  return writeOutput(options, compressed ? *compressed : document.text);
 }
 
 ExitCode exportBroken(const CliContext& context, const ExportOptions& options) {

@@ -239,12 +239,17 @@ void addExportCommand(CLI::App& app, Command& chosen) {
 void addValidateCommand(CLI::App& app, Command& chosen) {
   auto* command = app.add_subcommand("validate", "Check an XML sitemap by the rules of sitemaps.org");
   auto target = std::make_shared<std::string>();
+  auto all = std::make_shared<bool>(false);
   command->add_option("NAME|FILE", *target, "A site's name, or a file")->required()->type_name("");
+  command->add_flag("--all", *all, "Print all faults, and not only the first 100");
   command->footer(
       "A file may be a sitemap or a sitemap index, and compressed (.gz).\n\n"
       "Examples:\n  veskel-cli validate shop\n  veskel-cli validate public/sitemap-1.xml.gz");
-  command->callback([target, &chosen] {
-    chosen = [target](const CliContext& context) { return cli::validateSitemap(context, *target); };
+  command->callback([target, all, &chosen] {
+    chosen = [target, all](const CliContext& context) {
+      return cli::validateSitemap(context, *target,
+                                  *all ? cli::ShownFindings::all : cli::ShownFindings::first);
+    };
   });
 }
 

@@ -1,10 +1,12 @@
 #include "cli/validate_command.h"
 
+#include <algorithm>
 #include <iostream>
 #include <optional>
 #include <vector>
 
 #include "platform/gzip.h"
+#include "sitemaps/site_export.h"
 #include "sitemaps/split_sitemaps.h"
 #include "sitemaps/xml_format.h"
 #include "sitemaps/xml_validation.h"
@@ -23,8 +25,11 @@ void printFinding(const sitemaps::XmlFinding& finding) {
 
 /// Prints the findings; without any, what the file holds: "2 entries".
 ExitCode reportFindings(const std::filesystem::path& file, const std::vector<sitemaps::XmlFinding>& findings,
-                        const std::string& contents) {
-  for (const sitemaps::XmlFinding& finding : findings) printFinding(finding);
+                        const std::string& contents, ShownFindings shown) {
+  constexpr std::size_t kFirst = 100;
+  const std::size_t count = shown == ShownFindings::all ? findings.size() : std::min(findings.size(), kFirst);
+  for (std::size_t i = 0; i < count; ++i) printFinding(findings[i]);
+  if (count < findings.size()) std::cout << "and " << findings.size() - count << " more; --all prints all.\n";
   const std::string path = printable(file.native());
   if (findings.empty()) {
     std::cout << path << " is valid: " << contents << ".\n";
@@ -35,16 +40,19 @@ ExitCode reportFindings(const std::filesystem::path& file, const std::vector<sit
   return exitFoundFaults;
 }
 
-ExitCode validate(const std::filesystem::path& file, std::string_view text,
-                  const sitemaps::XmlValidationBase& base) {
-  if (sitemaps::isSitemapIndex(text))
-    return reportFindings(file, sitemaps::validateSitemapIndex(text, base), "a sitemap index");
+std::string entriesOf(std::string_view text) {
   const std::size_t entries = sitemaps::sitemapEntries(text).size();
-  return reportFindings(file, sitemaps::validateXmlSitemap(text, base),
-                        std::to_string(entries) + (entries == 1 ? " entry" : " entries"));
+  return std::to_string(entries) + (entries == 1 ? " entry" : " entries");
 }
 
-ExitCode validateSite(const CliContext& context, const std::string& name) {
+ExitCode validateText(const std::filesystem::path& file, std::string_view text, ShownFindings shown) {
+  const sitemaps::XmlValidationBase base = sitemaps::validationBaseNow();
+  if (sitemaps::isSitemapIndex(text))
+    return reportFindings(file, sitemaps::validateSitemapIndex(text, base), "a sitemap index", shown);
+  return reportFindings(file, sitemaps::validateXmlSitemap(text, base), entriesOf(text), shown);
+}
+
+ExitCode validateSite(const CliContext& context, const std::string& name, ShownFindings shown) {
   const std::filesystem::path file = context.controls.siteFolder(name) / sitemaps::kXmlSitemapFile;
   platform::FileContent content;
   {
@@ -54,39 +62,39 @@ ExitCode validateSite(const CliContext& context, const std::string& name) {
     content = platform::readFile(file);
   }
   if (!content.result.ok()) return reportFileFailure("Could not read", file, content.result);
-  sitemaps::XmlValidationBase base = sitemaps::validationBaseNow();
-  base.siteUrl = store::readSite(context.controls, name).details.url;
-  base.empty = sitemaps::EmptyElements::areLeftOut;
-  return validate(file, content.text, base);
+  const auto findings =
+      sitemaps::validateAsPublished(content.text, store::readSite(context.controls, name).details.url);
+  return reportFindings(file, findings, entriesOf(content.text), shown);
 }
 
 /// As large sitemaps are published.
-ExitCode validateCompressed(const std::filesystem::path& file, std::string_view content) {
+ExitCode validateCompressed(const std::filesystem::path& file, std::string_view content,
+                            ShownFindings shown) {
   const platform::Gunzipped unpacked = platform::gunzipped(content, sitemaps::kMaxSitemapBytes);
   switch (unpacked.failure) {
     case platform::GunzipFailure::damaged:
       return reportFileFailure("Could not unpack", file,
                                {platform::FileStatus::failed, "the file is damaged or cut off"});
     case platform::GunzipFailure::tooLarge:
-      return reportFindings(file, {{0, "", "Unpacked, the file is larger than 50 MB (52,428,800 bytes)"}},
-                            {});
+      return reportFindings(file, {{0, "", "Unpacked, the file is larger than 50 MB (52,428,800 bytes)"}}, {},
+                            shown);
     default:
-      return validate(file, unpacked.text, sitemaps::validationBaseNow());
+      return validateText(file, unpacked.text, shown);
   }
 }
 
 }  // namespace
 
-ExitCode validateSitemap(const CliContext& context, const std::string& nameOrFile) {
-  if (context.hasSite(nameOrFile)) return validateSite(context, nameOrFile);
+ExitCode validateSitemap(const CliContext& context, const std::string& nameOrFile, ShownFindings shown) {
+  if (context.hasSite(nameOrFile)) return validateSite(context, nameOrFile, shown);
   if (!platform::somethingAt(nameOrFile)) {
     printError("There is no site and no file named \"" + printable(nameOrFile) + "\".");
     return exitBadInput;
   }
   const platform::FileContent content = platform::readFile(nameOrFile);
   if (!content.result.ok()) return reportFileFailure("Could not read", nameOrFile, content.result);
-  if (platform::isGzip(content.text)) return validateCompressed(nameOrFile, content.text);
-  return validate(nameOrFile, content.text, sitemaps::validationBaseNow());
+  if (platform::isGzip(content.text)) return validateCompressed(nameOrFile, content.text, shown);
+  return validateText(nameOrFile, content.text, shown);
 }
 
 }  // namespace cli

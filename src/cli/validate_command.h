@@ -7,9 +7,11 @@
 
 namespace cli {
 
-/// Checks the XML sitemap of the site of this name or, when there is no such site, the file of this name, and
-/// prints every finding. A file may be a sitemap or an index of such, and compressed. In a site's own sitemap
-/// empty elements are no faults, since the export leaves them out.
-ExitCode validateSitemap(const CliContext& context, const std::string& nameOrFile);
+enum class ShownFindings { first, all };  // the first hundred
+
+/// Checks the XML sitemap of the site of this name, as the export would write it, or, when there is no such
+/// site, the file of this name, and prints what it finds and how much that is. A file may be a sitemap or an
+/// index of such, and compressed.
+ExitCode validateSitemap(const CliContext& context, const std::string& nameOrFile, ShownFindings shown);
 
 }  // namespace cli

@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +20,7 @@
 #include "html_editor/style_controls_view.h"
 #include "platform/files.h"
 #include "platform/sheet_queue.h"
+#include "sitemaps/script_text.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
 
@@ -39,6 +39,7 @@ struct HTMLViewServices {
   const store::GlobalControls& controls;
   store::SharedState& state;
   RecoveryCopies recovery;
+  sitemaps::PassedScripts& passedScripts;
 };
 
 /// Owns the web view and the style controls, which the viewer and the style editor share. Every edit replaces
@@ -196,7 +197,6 @@ class HTMLViewController : public QObject {
   bool m_documentIsNew = true;
   bool m_asking = false;                             // checkSave()'s question is up,
   std::vector<std::function<void()>> m_afterAnswer;  // and these wait for its answer
-  std::set<std::string> m_toldAboutScripts;          // files whose preview was asked about
   QTimer m_recoveryTimer;
   bool m_copyKept = false;  // of the changes that are in hand
 };

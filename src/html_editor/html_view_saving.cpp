@@ -9,7 +9,7 @@
 #include "html_editor/html_view_controller.h"
 #include "html_editor/layouts.h"
 #include "html_editor/preview.h"
-#include "html_editor/script_text.h"
+#include "sitemaps/script_text.h"
 #include "platform/files.h"
 #include "platform/qt_text.h"
 
@@ -210,17 +210,17 @@ void HTMLViewController::viewSitemapButton() {
       });
 }
 
-/// In the viewer a document can do nothing. In a browser what a stranger's site has put into it may run.
+/// In the viewer a document can do nothing. In a browser what somebody has put into it may run.
 void HTMLViewController::externalBrowserView() {
-  if (!holdsScriptText(m_state.qzvskHTMLString) || m_toldAboutScripts.contains(m_state.qzvskUTLLoc)) {
+  if (!sitemaps::holdsScriptText(m_state.qzvskHTMLString) || m_services.passedScripts.contains(m_state.qzvskUTLLoc)) {
     return openPreview();
   }
   constexpr int kCancel = 1;
   m_sheets.choose(tr("This sitemap holds text that a browser may run as a program."),
-                  tr("It comes from the pages of the website. Veskel only shows it; a browser may run it."),
+                  tr("Veskel only shows it; a browser may run it."),
                   {tr("View in Browser"), tr("Cancel")}, kCancel, [this](int answer) {
                     if (answer == kCancel) return;
-                    m_toldAboutScripts.insert(m_state.qzvskUTLLoc);
+                    m_services.passedScripts.insert(m_state.qzvskUTLLoc);
                     openPreview();
                   });
 }

@@ -51,7 +51,7 @@ ExportedDocument exportedHtml(const store::GlobalControls& controls, std::string
 
 ExportedDocument exportedXml(const store::GlobalControls& controls, std::string_view siteName) {
   ExportedDocument document = readDocument(controls, siteName, kXmlSitemapFile);
-  if (document.failure == ExportFailure::none) document.text = withoutEmptyElements(std::move(document.text));
+  if (document.failure == ExportFailure::none) document.text = publishableXml(document.text);
   return document;
 }
 
@@ -70,19 +70,18 @@ std::vector<std::string> splitFileNames(std::size_t partCount, Compression compr
   return names;
 }
 
-std::size_t faultCount(std::string_view sitemap, std::string siteUrl) {
+std::vector<XmlFinding> validateAsPublished(std::string_view text, std::string siteUrl) {
   XmlValidationBase base = validationBaseNow();
   base.siteUrl = std::move(siteUrl);
-  return validateXmlSitemap(sitemap, base).size();
+  // What is no text is not exported, and what is wrong with it is told as it stands.
+  return validateXmlSitemap(platform::isUtf8(text) ? publishableXml(text) : text, base);
 }
 
 SplitResult writeSplit(const SplitSitemap& sitemap, std::string_view startUrl, Compression compression,
                        const std::filesystem::path& folder) {
-  std::size_t faults = 0;
   for (std::size_t i = 0; i < sitemap.partCount(); ++i) {
     const std::filesystem::path file = folder / partFileName(i, compression);
     std::string text = sitemap.part(i);
-    faults += faultCount(text);
     if (compression == Compression::gzip) {
       std::optional<std::string> compressed = platform::gzipped(text);
       if (!compressed) return {{platform::FileStatus::failed, "not enough memory"}, file};
@@ -92,8 +91,7 @@ SplitResult writeSplit(const SplitSitemap& sitemap, std::string_view startUrl, C
       return {std::move(result), file};
   }
   const std::filesystem::path index = folder / kSitemapIndexFile;
-  return {platform::replaceFile(index, sitemapIndex(startUrl, sitemap.partCount(), compression)), index,
-          faults};
+  return {platform::replaceFile(index, sitemapIndex(startUrl, sitemap.partCount(), compression)), index};
 }
 
 }  // namespace sitemaps

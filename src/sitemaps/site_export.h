@@ -45,7 +45,7 @@ struct [[nodiscard]] ExportedDocument {
 ExportedDocument exportedHtml(const store::GlobalControls& controls, std::string_view siteName,
                               const Layout& layout, const CleaningProgress& progress = {});
 
-/// The XML sitemap, without its empty elements.
+/// The XML sitemap as publishableXml().
 ExportedDocument exportedXml(const store::GlobalControls& controls, std::string_view siteName);
 
 /// Whether the site's XML sitemap seems to be more than search engines take in one file. Judged by the counts
@@ -55,14 +55,14 @@ bool wantsSplitting(const store::GlobalControls& controls, std::string_view site
 /// The names of all files that writing a split sitemap makes, the index last.
 std::vector<std::string> splitFileNames(std::size_t partCount, Compression compression);
 
-/// How many rules of sitemaps.org an exported XML sitemap breaks. `siteUrl` as in XmlValidationBase.
-std::size_t faultCount(std::string_view sitemap, std::string siteUrl = {});
+/// What sitemaps.org would say of a site's XML sitemap as the export writes it. `text` is that of its file,
+/// and `siteUrl` as in XmlValidationBase.
+std::vector<XmlFinding> validateAsPublished(std::string_view text, std::string siteUrl);
 
 /// How writing a split sitemap went.
 struct [[nodiscard]] SplitResult {
   platform::FileResult result;
   std::filesystem::path path = {};  // of the file that could not be written
-  std::size_t faults = 0;           // of all files together, each looked at by itself
 };
 
 /// Writes the files into an existing folder, replacing those of the same names. The index comes last, so that

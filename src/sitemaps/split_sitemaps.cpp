@@ -13,7 +13,6 @@ constexpr std::string_view kIndexOpening =
     "<sitemapindex xmlns=\"http://www.sitemaps.org/schemas/sitemap/0.9\">";
 constexpr std::string_view kIndexClosing = "\n</sitemapindex>\n";
 constexpr std::string_view kEntryIndent = "\n\t";
-constexpr std::string_view kAmpersand = "&amp;";
 
 /// Whether `text` begins with this tag ("<url", "</url"), up to its end or its attributes.
 bool beginsWithTag(std::string_view text, std::string_view tag) {
@@ -28,42 +27,9 @@ std::size_t behind(std::string_view text, std::string_view ending, std::size_t f
   return found == std::string_view::npos ? text.size() : found + ending.size();
 }
 
-/// The place behind the comment or section of characters that starts at `at`; `at` itself where none does.
-std::size_t behindSection(std::string_view text, std::size_t at) {
-  const std::string_view rest = text.substr(at);
-  if (rest.starts_with("<!--")) return behind(text, "-->", at + 4);
-  if (rest.starts_with("<![CDATA[")) return behind(text, "]]>", at);
-  return at;
-}
-
-/// Where in an entry an "&" stands that starts no reference. The editor writes addresses with such, and reads
-/// them; search engines refuse a file with one of them as a whole.
-std::vector<std::size_t> bareAmpersands(std::string_view entry) {
-  std::vector<std::size_t> places;
-  if (entry.find('&') == std::string_view::npos) return places;
-  std::size_t at = entry.find_first_of("&<");
-  while (at < entry.size()) {
-    const std::size_t next = behindSection(entry, at);
-    if (entry[at] == '&' && !referenceAt(entry.substr(at))) places.push_back(at);
-    at = entry.find_first_of("&<", next == at ? at + 1 : next);
-  }
-  return places;
-}
-
 /// The length of an entry in its file.
 std::size_t writtenLength(std::string_view entry) {
-  return kEntryIndent.size() + entry.size() + bareAmpersands(entry).size() * (kAmpersand.size() - 1);
-}
-
-void appendEntry(std::string& text, std::string_view entry) {
-  text += kEntryIndent;
-  std::size_t done = 0;
-  for (const std::size_t place : bareAmpersands(entry)) {
-    text += entry.substr(done, place - done);
-    text += kAmpersand;
-    done = place + 1;
-  }
-  text += entry.substr(done);
+  return kEntryIndent.size() + entry.size();
 }
 
 /// What stands before the first entry, without the blanks at its end; our own header where that opens no
@@ -136,7 +102,7 @@ std::string SplitSitemap::part(std::size_t index) const {
   std::string text;
   text.reserve(length);
   text += m_opening;
-  for (const std::string_view entry : m_parts[index]) appendEntry(text, entry);
+  for (const std::string_view entry : m_parts[index]) text.append(kEntryIndent).append(entry);
   text += kXmlClosing;
   return text;
 }

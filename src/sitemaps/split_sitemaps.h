@@ -37,7 +37,7 @@ class SplitSitemap {
   std::size_t partCount() const { return m_parts.size(); }
 
   /// The text of one file, counted from 0. It opens as the whole sitemap does, so that what is declared there
-  /// holds for its entries. Those are as they were written, but for bare ampersands, which are escaped.
+  /// holds for its entries. Those are as they were written.
   std::string part(std::size_t index) const;
 
  private:

@@ -53,4 +53,14 @@ std::optional<XmlReference> referenceAt(std::string_view text) {
   return XmlReference{end + 2, std::move(character)};
 }
 
+std::size_t behindSection(std::string_view text, std::size_t at) {
+  for (const auto& [start, ending] :
+       {std::pair<std::string_view, std::string_view>{"<!--", "-->"}, {"<![CDATA[", "]]>"}}) {
+    if (!text.substr(at).starts_with(start)) continue;
+    const std::size_t found = text.find(ending, at + start.size());
+    return found == std::string_view::npos ? text.size() : found + ending.size();
+  }
+  return at;
+}
+
 }  // namespace sitemaps

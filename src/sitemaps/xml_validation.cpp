@@ -266,7 +266,6 @@ void Validation::endField() {
 
 void Validation::checkEmptyOr(std::optional<std::string> fault) {
   if (platform::trimmed(m_value).empty()) {
-    if (m_value.empty() && m_base.empty == EmptyElements::areLeftOut) return;
     fault = "The element is empty; it needs a value, or has to be left out";
   }
   if (fault) noteHere(kFields[m_field], std::move(*fault));

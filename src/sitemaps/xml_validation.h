@@ -27,17 +27,11 @@ struct XmlFinding {
   bool operator==(const XmlFinding&) const = default;
 };
 
-/// What to make of an empty lastmod, changefreq or priority. Scans write one where a page has no date, and
-/// the export leaves it out: in a site's own sitemap it does no harm, in a file made for the web it is a
-/// fault.
-enum class EmptyElements { areFaults, areLeftOut };
-
 /// What the rules look at besides the text.
 struct XmlValidationBase {
   std::chrono::sys_seconds now = {};  // dates behind it lie in the future
   std::chrono::minutes zone{0};       // east of Greenwich; dates without a time are those of this zone
   std::string siteUrl = {};  // all entries must be on its host; empty: on the host of the first entry
-  EmptyElements empty = EmptyElements::areFaults;
 };
 
 /// The time and zone of this machine, and nothing else set.

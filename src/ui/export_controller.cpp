@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QTimer>
 #include <array>
@@ -16,10 +15,10 @@
 #include <mutex>
 #include <utility>
 
-#include "html_editor/script_text.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "sitemaps/broken_links_export.h"
+#include "sitemaps/script_text.h"
 #include "store/site_list.h"
 #include "ui/file_sheets.h"
 #include "ui/icons.h"
@@ -73,11 +72,13 @@ std::shared_ptr<PreparedExport> made(const ExportJob& job, Make make) {
 }  // namespace
 
 ExportController::ExportController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
-                                   const store::GlobalControls& controls, const store::SharedState& state)
+                                   const store::GlobalControls& controls, const store::SharedState& state,
+                                   sitemaps::PassedScripts& passedScripts)
     : m_mainWindow(mainWindow),
       m_sheets(sheets),
       m_controls(controls),
       m_state(state),
+      m_passedScripts(passedScripts),
       m_layouts(new QButtonGroup(this)),
       m_exportCustomPanel(&mainWindow),
       m_split(mainWindow, sheets, m_exportCustomPanel) {
@@ -97,7 +98,6 @@ ExportController::ExportController(QMainWindow& mainWindow, platform::SheetQueue
   auto& gzip = control<QCheckBox>(mainWindow, "gzipXmlBox");
   connect(&control<QCheckBox>(mainWindow, "splitXmlBox"), &QCheckBox::toggled, &gzip, &QWidget::setEnabled);
   connect(&m_split, &SplitExport::report, this, &ExportController::report);
-  connect(&m_split, &SplitExport::faultsFound, this, &ExportController::tellFaults);
   showSplitChoice();
 }
 
@@ -230,7 +230,7 @@ void ExportController::processAndRemoveLINKID(ExportJob job) {
   m_worker = std::jthread([this, job = std::move(job), progress] {
     const auto prepared = made(job, [&](PreparedExport& made) {
       made.document = sitemaps::exportedHtml(m_controls, job.site, *job.layout, progress);
-      made.holdsScripts = html_editor::holdsScriptText(made.document.text);
+      made.holdsScripts = sitemaps::holdsScriptText(made.document.text);
     });
     QMetaObject::invokeMethod(
         this, [this, prepared] { documentIsReady(prepared); }, Qt::QueuedConnection);
@@ -242,9 +242,6 @@ void ExportController::removeEmptyElements(ExportJob job) {
     const auto prepared = made(job, [&](PreparedExport& made) {
       made.document = sitemaps::exportedXml(m_controls, job.site);
       made.startUrl = store::readSite(m_controls, job.site).details.url;
-      // Of a split export each file is looked at when it is written.
-      if (made.document.failure == sitemaps::ExportFailure::none && !job.split)
-        made.faults = sitemaps::faultCount(made.document.text, made.startUrl);
     });
     if (prepared->document.failure == sitemaps::ExportFailure::none) waitUnlessStopped(stop, kSheetIsSeen);
     QMetaObject::invokeMethod(
@@ -270,7 +267,7 @@ void ExportController::documentIsReady(std::shared_ptr<PreparedExport> prepared)
 
 void ExportController::offer(std::shared_ptr<PreparedExport> prepared) {
   if (prepared->job.mode == ExportMode::html) {
-    if (prepared->holdsScripts && !m_toldAboutScripts.contains(prepared->document.path))
+    if (prepared->holdsScripts && !m_passedScripts.contains(prepared->document.path))
       return warnOfScripts(std::move(prepared));
     saveHTMLFile(std::move(prepared));
   } else if (!prepared->job.split) {
@@ -281,19 +278,17 @@ void ExportController::offer(std::shared_ptr<PreparedExport> prepared) {
   }
 }
 
-/// In the viewer a document can do nothing. Where it is published, what a stranger's site has put into it may
-/// run. Said once for each document that the user lets pass.
+/// In the viewer a document can do nothing. Where it is published, what somebody has put into it may run.
+/// Said once for each document that the user lets pass.
 void ExportController::warnOfScripts(std::shared_ptr<PreparedExport> prepared) {
   constexpr int kCancel = 1;
-  m_sheets.choose(
-      tr("This sitemap holds text that a browser may run as a program."),
-      tr("It comes from the pages of the website. Veskel only shows it; where you publish the sitemap a "
-         "browser may run it."),
-      {tr("Export"), tr("Cancel")}, kCancel, [this, prepared = std::move(prepared)](int answer) {
-        if (answer == kCancel) return;
-        m_toldAboutScripts.insert(prepared->document.path);
-        saveHTMLFile(prepared);
-      });
+  m_sheets.choose(tr("This sitemap holds text that a browser may run as a program."),
+                  tr("Veskel only shows it; where you publish the sitemap a browser may run it."),
+                  {tr("Export"), tr("Cancel")}, kCancel, [this, prepared = std::move(prepared)](int answer) {
+                    if (answer == kCancel) return;
+                    m_passedScripts.insert(prepared->document.path);
+                    saveHTMLFile(prepared);
+                  });
 }
 
 /// For an export that does not come to a document.
@@ -333,7 +328,7 @@ void ExportController::saveXMLFile(std::shared_ptr<const PreparedExport> saveDat
 }
 
 void ExportController::didEndSaveSheet(const QString& path, const PreparedExport& saveData) {
-  if (save(saveData.document.text, path)) tellFaults(saveData.faults);
+  save(saveData.document.text, path);
 }
 
 void ExportController::didEndSaveSheetHTMLBroken(const QString& path, const std::vector<std::string>& links) {
@@ -344,7 +339,7 @@ void ExportController::didEndSaveSheetTXTBroken(const QString& path, const std::
   save(sitemaps::brokenLinksText(links), path);
 }
 
-bool ExportController::save(std::string_view text, const QString& path) {
+void ExportController::save(std::string_view text, const QString& path) {
   const platform::FileResult saved = saveEditedSitemapContent(text, toUtf8(path));
   if (saved.ok()) {
     emit report(tr("Saved %1").arg(path));
@@ -352,17 +347,6 @@ bool ExportController::save(std::string_view text, const QString& path) {
     m_sheets.alert(tr("The file could not be saved."),
                    tr("Could not write %1: %2").arg(path, toQString(saved.error)));
   }
-  return saved.ok();
-}
-
-/// A file that search engines refuse looks like any other, so that the user would learn of it too late.
-void ExportController::tellFaults(std::size_t faults) {
-  if (faults == 0) return;
-  m_sheets.tell(faults == 1 ? tr("The exported sitemap has one fault.")
-                            : tr("The exported sitemap has %1 faults.")
-                                  .arg(QLocale().toString(static_cast<qulonglong>(faults))),
-                tr("Search engines may refuse it. To see what is wrong, select the site, go to XML Sitemap "
-                   "and press Validate."));
 }
 
 platform::FileResult ExportController::saveEditedSitemapContent(std::string_view text,

@@ -16,6 +16,7 @@
 
 #include "platform/files.h"
 #include "platform/sheet_queue.h"
+#include "sitemaps/script_text.h"
 #include "sitemaps/site_export.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
@@ -45,7 +46,6 @@ struct PreparedExport {
   sitemaps::ExportedDocument document = {};
   bool holdsScripts = false;  // an HTML document with text that a browser may run
   std::string startUrl = {};  // where the site starts, for an XML document
-  std::size_t faults = 0;     // of an XML document, when it goes into one file
 };
 
 /// Documents are read, cleaned and looked at on a worker behind a progress sheet; dialogs, and the writing of
@@ -56,7 +56,8 @@ class ExportController : public QObject {
  public:
   /// All are borrowed and outlive the controller.
   ExportController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
-                   const store::GlobalControls& controls, const store::SharedState& state);
+                   const store::GlobalControls& controls, const store::SharedState& state,
+                   sitemaps::PassedScripts& passedScripts);
   ~ExportController() override;
 
   void exportHTMLSitemaps();
@@ -104,21 +105,20 @@ class ExportController : public QObject {
   void didEndSaveSheet(const QString& path, const PreparedExport& saveData);
   void didEndSaveSheetHTMLBroken(const QString& path, const std::vector<std::string>& links);
   void didEndSaveSheetTXTBroken(const QString& path, const std::vector<std::string>& links);
-  bool save(std::string_view text, const QString& path);
-  void tellFaults(std::size_t faults);
+  void save(std::string_view text, const QString& path);
 
   QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
   const store::GlobalControls& m_controls;
   const store::SharedState& m_state;
+  sitemaps::PassedScripts& m_passedScripts;
   QButtonGroup* m_layouts;
   ExportSheet m_exportCustomPanel;
   SplitExport m_split;
   std::int64_t m_expMax = 0;
   std::int64_t m_expCurrent = 0;
-  std::set<std::filesystem::path> m_toldAboutScripts;  // documents that the user let pass
-  bool m_working = false;                              // from the button until the document is on offer
-  std::jthread m_worker;                               // last, so that it is over before the rest goes
+  bool m_working = false;  // from the button until the document is on offer
+  std::jthread m_worker;   // last, so that it is over before the rest goes
 };
 
 }  // namespace ui

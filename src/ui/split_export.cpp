@@ -56,14 +56,13 @@ SplitExport::Outcome SplitExport::write(const Request& work, Existing existing) 
   }
   sitemaps::SplitResult result = sitemaps::writeSplit(sitemap, work.startUrl, work.compression, folder);
   if (!result.result.ok()) return {.problem = std::move(result)};
-  return {.written = names.size(), .faults = result.faults};
+  return {.written = names.size()};
 }
 
 void SplitExport::ended(const std::shared_ptr<const Request>& work, const Outcome& outcome) {
   m_sheets.close(m_progressSheet);
   if (outcome.written > 0) {
     emit report(tr("Saved %n file(s) in %1", nullptr, static_cast<int>(outcome.written)).arg(work->folder));
-    if (outcome.faults > 0) emit faultsFound(outcome.faults);
   } else if (outcome.holdsNoPages) {
     m_sheets.alert(tr("The sitemap holds no pages."));
   } else if (!outcome.existing.isEmpty()) {

@@ -34,15 +34,12 @@ class SplitExport : public QObject {
 
  signals:
   void report(const QString& sentence);
-  /// The files that were written break rules of sitemaps.org, so many times together.
-  void faultsFound(std::size_t count);
 
  private:
   enum class Existing { ask, replace };
   /// How it went: one of the four.
   struct Outcome {
     std::size_t written = 0;  // files; 0 when nothing was written
-    std::size_t faults = 0;   // of those
     bool holdsNoPages = false;
     QString existing = {};  // a file that would be replaced
     sitemaps::SplitResult problem = {};

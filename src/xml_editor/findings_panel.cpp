@@ -12,6 +12,7 @@
 #include "platform/files.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
+#include "sitemaps/site_export.h"
 
 namespace xml_editor {
 
@@ -80,10 +81,7 @@ void FindingsPanel::check() {
     show(tr("The sitemap cannot be read: %1").arg(toQString(content.result.error)));
     return;
   }
-  sitemaps::XmlValidationBase base = sitemaps::validationBaseNow();
-  base.siteUrl = m_siteUrl;
-  base.empty = sitemaps::EmptyElements::areLeftOut;
-  m_findings = sitemaps::validateXmlSitemap(content.text, base);
+  m_findings = sitemaps::validateAsPublished(content.text, m_siteUrl);
   if (m_findings.empty()) {
     show(tr("The sitemap is valid."));
   } else if (m_findings.size() == 1) {

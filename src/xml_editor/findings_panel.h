@@ -22,7 +22,8 @@ class FindingsPanel : public QObject {
  public:
   explicit FindingsPanel(QMainWindow& mainWindow);
 
-  /// Checks the file `sitemap` of a site that starts at `siteUrl`, and shows the outcome.
+  /// Checks the file `sitemap` of a site that starts at `siteUrl`, as the export would write it, and shows
+  /// the outcome.
   void validate(const std::filesystem::path& sitemap, const std::string& siteUrl);
   /// The same once more, a moment after the last call, if the outcome is still shown.
   void validateSoonAgain();

@@ -6,7 +6,7 @@
 namespace xml_editor {
 
 const MenuValue* chosenValue(std::string_view row, Field field) {
-  const std::optional<ElementText> element = findElement(row, field);
+  const std::optional<sitemaps::ElementText> element = sitemaps::findElement(row, field);
   if (!element) return nullptr;
   const std::span<const MenuValue> menu = field == Field::changefreq
                                               ? std::span<const MenuValue>(kFrequencyMenu)

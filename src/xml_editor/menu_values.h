@@ -4,9 +4,11 @@
 #include <array>
 #include <string_view>
 
-#include "xml_editor/row_text.h"
+#include "sitemaps/row_text.h"
 
 namespace xml_editor {
+
+using sitemaps::Field;
 
 /// A choice: the name of its action, what the menu shows, and what is written.
 struct MenuValue {

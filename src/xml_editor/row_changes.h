@@ -4,9 +4,14 @@
 #include <string>
 #include <string_view>
 
-#include "xml_editor/row_text.h"
+#include "sitemaps/row_text.h"
 
 namespace xml_editor {
+
+using sitemaps::elementName;
+using sitemaps::ElementText;
+using sitemaps::Field;
+using sitemaps::findElement;
 
 /// Why a value typed into a field is refused, for the user to read; empty for one that is taken. `today` is
 /// the current date as "2010-06-15": the message about the form of a date shows it as an example.

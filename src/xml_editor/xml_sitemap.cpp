@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "platform/regex.h"
+#include "sitemaps/sitemap_reader.h"
 #include "sitemaps/xml_format.h"
 #include "xml_editor/row_changes.h"
-#include "xml_editor/sitemap_reader.h"
 
 namespace xml_editor {
 
@@ -26,7 +26,7 @@ SitemapText sitemapText(const std::vector<std::string>& rows) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     text += "<url>";
     for (const Field field : kFields) {
-      const std::optional<ElementText> element = findElement(rows[i], field);
+      const std::optional<sitemaps::ElementText> element = sitemaps::findElement(rows[i], field);
       if (!element) return {{}, MissingElement{i, field}};
       text += "\n\t\t";
       if (field == Field::loc && element->whole.find("&amp;") != std::string_view::npos) {
@@ -47,7 +47,7 @@ platform::FileResult XmlSitemap::load(const std::filesystem::path& file) {
   m_file = file;
   const platform::FileContent content = platform::readFile(file);
   m_fingerprint = fingerprint(content.text);
-  SitemapRows read = readSitemap(content.text);
+  sitemaps::SitemapRows read = sitemaps::readSitemap(content.text);
   m_rows = std::move(read.rows);
   m_otherElements = read.otherElements;
   return content.result;

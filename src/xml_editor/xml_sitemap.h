@@ -9,9 +9,14 @@
 #include <vector>
 
 #include "platform/files.h"
-#include "xml_editor/row_text.h"
+#include "sitemaps/row_text.h"
 
 namespace xml_editor {
+
+using sitemaps::elementName;
+using sitemaps::Field;
+using sitemaps::kFields;
+using sitemaps::shownValue;
 
 /// A row that lacks an element.
 struct MissingElement {

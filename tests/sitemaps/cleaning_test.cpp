@@ -8,6 +8,7 @@
 #include "sitemaps/html_format.h"
 #include "sitemaps/xml_cleaning.h"
 #include "sitemaps/xml_format.h"
+#include "sitemaps/xml_validation.h"
 
 namespace sitemaps {
 namespace {
@@ -103,6 +104,63 @@ TEST(XmlCleaning, TakesEmptyElementsWithTheirLines) {
   for (const TextCase& c : cases) {
     SCOPED_TRACE(c.name);
     EXPECT_EQ(withoutEmptyElements(c.text), c.expected);
+  }
+}
+
+TEST(PublishableXml, MendsWhatIsNotLegalAndKeepsTheRest) {
+  struct Case {
+    const char* name;
+    const char* written;  // between the tags of the loc
+    const char* expected;
+  };
+  const Case cases[] = {
+      {"legal", "http://a.test/?a='1'&amp;b=%20#c", "http://a.test/?a='1'&amp;b=%20#c"},
+      {"legal, spelled otherwise", " http://a.test/?a&#38;b&quot;", "http://a.test/?a&amp;b%22"},
+      {"blanks around it", "\n http://a.test/&apos; ", "\n http://a.test/&apos; "},
+      {"a section of characters", "<![CDATA[http://a.test/?a&b]]>", "<![CDATA[http://a.test/?a&b]]>"},
+      {"bare ampersands", "http://a.test/?a=1&b&amp;c&amp &copy;",
+       "http://a.test/?a=1&amp;b&amp;c&amp;amp%20&amp;copy;"},
+      {"blanks, controls, other scripts", "http://a.test/a b\tc\x01\xC3\xA9",
+       "http://a.test/a%20b%09c%01%C3%A9"},
+      {"stray percent signs", "http://a.test/%,%2,%zz,%2F", "http://a.test/%25,%252,%25zz,%2F"},
+      {"what RFC 3986 excludes", "http://a.test/&quot;&lt;&gt;[|]\\^`{}",
+       "http://a.test/%22%3C%3E%5B%7C%5D%5C%5E%60%7B%7D"},
+      {"brackets of a host", "http://[::1]/ ", "http://[::1]/ "},
+      {"markup that was typed", "http://a.test/<b>&x", "http://a.test/%3Cb%3E&amp;x"},
+      {"a fragment", "http://a.test/ #a b#[//c]?", "http://a.test/%20#a%20b%23%5B//c%5D?"},
+  };
+  const auto document = [](const std::string& loc) {
+    return std::string(kXmlHeader) + "<!-- & -->\n\t<url>\n\t\t<loc>" + loc +
+           "</loc>\n\t\t<priority>1</priority>\n\t</url>" + std::string(kXmlClosing);
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::string text = publishableXml(document(c.written));
+    EXPECT_EQ(text, document(c.expected));
+    EXPECT_TRUE(validateXmlSitemap(text, validationBaseNow()).empty());
+  }
+}
+
+TEST(PublishableXml, WritesWhatIsNoXmlAnew) {
+  const std::string entry = "\n\t<url>\n\t\t<loc>http://a.test/%20&amp;</loc>";
+  const std::string loc = "<url><loc>http://a.test/ &</loc>";
+  const std::string header(kXmlHeader);
+  const std::string closing(kXmlClosing);
+  const TextCase cases[] = {
+      {"not closed", header + loc + "</url>", header + entry + "\n\t</url>" + closing},
+      {"not opened", loc + "</url>" + loc + "</url>",
+       header + entry + "\n\t</url>" + entry + "\n\t</url>" + closing},
+      {"a date with markup in it", header + loc + "<lastmod>2010-06-15<b</lastmod></url>" + closing,
+       header + entry + "\n\t\t<lastmod>2010-06-15&lt;b</lastmod>\n\t</url>" + closing},
+      {"a date with a control", header + loc + "<lastmod>2010-06-15\x01</lastmod></url>" + closing,
+       header + entry + "\n\t\t<lastmod>2010-06-15\xEF\xBF\xBD</lastmod>\n\t</url>" + closing},
+      {"nothing", "", header + closing},
+      {"another prefix", "<s:urlset><s:url><s:loc>http://a.test/ &</s:loc></s:url></s:urlset>",
+       header + entry + "\n\t</url>" + closing},
+  };
+  for (const TextCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(publishableXml(c.text), c.expected);
   }
 }
 

@@ -22,8 +22,8 @@ using testing::IsEmpty;
 constexpr const char* kOpen = "<urlset xmlns=\"http://www.sitemaps.org/schemas/sitemap/0.9\">";
 const std::chrono::sys_seconds kNoon = sys_days(year(2024) / 5 / 6) + std::chrono::hours(12);
 
-std::vector<XmlFinding> validate(const std::string& text, EmptyElements empty = EmptyElements::areFaults) {
-  return validateXmlSitemap(text, {.now = kNoon, .empty = empty});
+std::vector<XmlFinding> validate(const std::string& text) {
+  return validateXmlSitemap(text, {.now = kNoon});
 }
 
 /// An entry of the address "http://a.test/" and `rest`, and what follows that.
@@ -134,13 +134,6 @@ TEST(ValidateXmlSitemap, JudgesNoValueThatItCouldNotRead) {
   const auto findings = validate(sitemap(urlEntry("?x&a") + urlEntry("?x&b")));
   ASSERT_EQ(findings.size(), 2u);
   EXPECT_THAT(findings[1].message, HasSubstr("A bare \"&\""));
-}
-
-TEST(ValidateXmlSitemap, LeavesEmptyElementsOutWhereTheExportDoes) {
-  const std::string empty = "<lastmod></lastmod><changefreq/><priority></priority>";
-  EXPECT_THAT(validate(sitemap(urlEntry("", empty)), EmptyElements::areLeftOut), IsEmpty());
-  EXPECT_EQ(validate(sitemap(urlEntry("", empty))).size(), 3u);
-  EXPECT_EQ(validate(sitemap(urlEntry("", "<lastmod> </lastmod>")), EmptyElements::areLeftOut).size(), 1u);
 }
 
 TEST(ValidateXmlSitemap, HoldsEntriesToTheHostOfTheSite) {

@@ -1,5 +1,5 @@
 // What the rows of a document are, however it is written.
-#include "xml_editor/sitemap_reader.h"
+#include "sitemaps/sitemap_reader.h"
 
 #include <string>
 #include <vector>
@@ -8,7 +8,7 @@
 
 #include "sitemaps/xml_format.h"
 
-namespace xml_editor {
+namespace sitemaps {
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -25,12 +25,12 @@ std::string locRow(const std::string& value) {
 }
 
 TEST(ReadSitemap, LeavesEntriesOfScansAsTheyAre) {
-  const std::string first = sitemaps::xmlEntry("http://h/a?x=1&y=<2>", "");
-  const std::string second = sitemaps::xmlEntry("http://h/", "2010-06-15");
-  const std::string text = std::string(sitemaps::kXmlHeader) + first + second;
+  const std::string first = xmlEntry("http://h/a?x=1&y=<2>", "");
+  const std::string second = xmlEntry("http://h/", "2010-06-15");
+  const std::string text = std::string(kXmlHeader) + first + second;
   // Each entry starts with a line feed and a tab.
   const Rows expected = {first.substr(2), second.substr(2)};
-  EXPECT_EQ(readSitemap(text + std::string(sitemaps::kXmlClosing)).rows, expected);
+  EXPECT_EQ(readSitemap(text + std::string(kXmlClosing)).rows, expected);
   EXPECT_EQ(readSitemap(text).rows, expected) << "a scan that was killed leaves urlset open";
   std::string withCarriageReturns;
   for (const char c : text) withCarriageReturns += c == '\n' ? "\r\n" : std::string(1, c);
@@ -149,4 +149,4 @@ TEST(ReadSitemap, TakesLinearTime) {
 }
 
 }  // namespace
-}  // namespace xml_editor
+}  // namespace sitemaps

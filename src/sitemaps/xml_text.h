@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace xml_editor {
+namespace sitemaps {
 
 /// Adds `text`, taken literally, to `escaped`: with "&", "<" and ">" escaped, blanks of every kind as a
 /// space, and U+FFFD for the control characters that XML does not know.
@@ -14,4 +14,4 @@ void appendEscaped(std::string& escaped, std::string_view text);
 /// decoded first. Every other "&" is text.
 void appendNormalised(std::string& escaped, std::string_view text);
 
-}  // namespace xml_editor
+}  // namespace sitemaps

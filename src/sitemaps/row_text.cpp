@@ -1,10 +1,10 @@
-#include "xml_editor/row_text.h"
+#include "sitemaps/row_text.h"
 
 #include <algorithm>
 
 #include "platform/regex.h"
 
-namespace xml_editor {
+namespace sitemaps {
 
 namespace {
 
@@ -53,4 +53,4 @@ std::string shownValue(std::string_view row, Field field) {
   return std::string(element->value);
 }
 
-}  // namespace xml_editor
+}  // namespace sitemaps

@@ -1,4 +1,4 @@
-#include "html_editor/script_text.h"
+#include "sitemaps/script_text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -8,7 +8,7 @@
 
 #include "platform/ascii.h"
 
-namespace html_editor {
+namespace sitemaps {
 
 namespace {
 
@@ -131,4 +131,4 @@ bool holdsScriptText(std::string_view document) {
   return false;
 }
 
-}  // namespace html_editor
+}  // namespace sitemaps

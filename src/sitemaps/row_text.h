@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace xml_editor {
+namespace sitemaps {
 
 /// What an entry consists of, in its order. Each is a column of the table as well.
 enum class Field { loc, lastmod, changefreq, priority };
@@ -33,4 +33,4 @@ std::optional<ElementText> findElement(std::string_view row, Field field);
 /// row lacks the element.
 std::string shownValue(std::string_view row, Field field);
 
-}  // namespace xml_editor
+}  // namespace sitemaps

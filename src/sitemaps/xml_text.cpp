@@ -1,8 +1,8 @@
-#include "xml_editor/xml_text.h"
+#include "sitemaps/xml_text.h"
 
 #include "sitemaps/xml_references.h"
 
-namespace xml_editor {
+namespace sitemaps {
 
 void appendEscaped(std::string& escaped, std::string_view text) {
   for (const char c : text) {
@@ -25,7 +25,7 @@ void appendEscaped(std::string& escaped, std::string_view text) {
 void appendNormalised(std::string& escaped, std::string_view text) {
   std::size_t done = 0;
   for (std::size_t at = 0; (at = text.find('&', at)) != std::string_view::npos; ++at) {
-    const auto reference = sitemaps::referenceAt(text.substr(at));
+    const auto reference = referenceAt(text.substr(at));
     if (!reference) continue;
     appendEscaped(escaped, text.substr(done, at - done));
     appendEscaped(escaped, reference->character);
@@ -35,4 +35,4 @@ void appendNormalised(std::string& escaped, std::string_view text) {
   appendEscaped(escaped, text.substr(done));
 }
 
-}  // namespace xml_editor
+}  // namespace sitemaps

@@ -1,4 +1,4 @@
-#include "xml_editor/sitemap_reader.h"
+#include "sitemaps/sitemap_reader.h"
 
 #include <algorithm>
 #include <array>
@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "platform/text.h"
-#include "xml_editor/row_text.h"
-#include "xml_editor/xml_text.h"
+#include "sitemaps/row_text.h"
+#include "sitemaps/xml_text.h"
 
-namespace xml_editor {
+namespace sitemaps {
 
 namespace {
 
@@ -202,4 +202,4 @@ SitemapRows readSitemap(std::string_view text) {
   return Reader(decoded).read();
 }
 
-}  // namespace xml_editor
+}  // namespace sitemaps

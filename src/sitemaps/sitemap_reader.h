@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace xml_editor {
+namespace sitemaps {
 
 struct SitemapRows {
   std::vector<std::string> rows;  // one text for each url element, in the order of the document
@@ -22,4 +22,4 @@ struct SitemapRows {
 /// and are on one line, without blanks around them. Comments and attributes are left out.
 SitemapRows readSitemap(std::string_view text);
 
-}  // namespace xml_editor
+}  // namespace sitemaps
