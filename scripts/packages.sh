@@ -5,6 +5,7 @@
 # The build and the demo.
 build_packages=(
   build-essential
+  ca-certificates # to scan https sites
   ccache
   cmake
   libcli11-dev

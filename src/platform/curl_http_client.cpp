@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <limits>
+#include <map>
 #include <mutex>
 #include <new>
 #include <utility>
@@ -20,11 +20,13 @@ namespace {
 
 // Of one exchange, with its redirects and interim answers, so that endless ones of any kind end.
 constexpr std::size_t kMaxHeaderBytes = 256u << 10;
-// What may come over the wire beyond the size allowed for the decoded body: the pages that go with redirects,
-// and encodings that add to their content.
+// What may come over the wire beyond twice the size allowed for the decoded body: the pages that go with
+// redirects, small chunks, and encodings that add to their content.
 constexpr std::size_t kWireSlack = 1u << 20;
 // An announced length is a claim. More than this is set aside only as the bytes arrive.
 constexpr std::size_t kMaxReserve = 1u << 20;
+// The library rounds to milliseconds.
+constexpr std::chrono::milliseconds kClockSlack{2};
 constexpr long kReceiveBuffer = 64 << 10;
 // Slower counts as silence, or a byte a second would hold a connection for days.
 constexpr long kSilentBytesPerSecond = 100;
@@ -114,23 +116,28 @@ class Connection {
   std::string header(const char* name) const;
 
   static int beforeRequest(void* self, char*, char*, int, int);
+  static int watch(CURL* easy, curl_infotype kind, char* data, std::size_t size, void* self);
   static std::size_t receiveHeader(char* data, std::size_t, std::size_t size, void* self);
   static std::size_t receiveBody(char* data, std::size_t, std::size_t size, void* self);
   bool append(std::string_view data);
 
   CURL* m_easy;
   CURLM* m_multi;
+  std::chrono::milliseconds m_exchangeTimeout{0};
   // Of the exchange that runs:
   std::string m_body;
   std::size_t m_maxBytes = 0;
   Overflow m_overflow = Overflow::fail;
   std::size_t m_headerBytes = 0;
+  std::size_t m_wireBytes = 0;                       // of bodies as they came, with all that frames them
+  std::chrono::steady_clock::time_point m_deadline;  // of the limit for every exchange
   Stage m_stage = Stage::connecting;
   bool m_tooLarge = false;
   bool m_truncated = false;
 };
 
 void Connection::configure(const std::string& userAgent, const HttpLimits& limits, const Share& share) {
+  m_exchangeTimeout = limits.exchangeTimeout;
   const auto set = [this](CURLoption option, auto value) { curl_easy_setopt(m_easy, option, value); };
   set(CURLOPT_SHARE, share.handle());
   set(CURLOPT_COOKIEFILE, "");  // cookies on, none loaded
@@ -158,6 +165,9 @@ void Connection::configure(const std::string& userAgent, const HttpLimits& limit
   if (bundle != nullptr) set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
   set(CURLOPT_PREREQFUNCTION, &Connection::beforeRequest);
   set(CURLOPT_PREREQDATA, this);
+  set(CURLOPT_VERBOSE, 1L);
+  set(CURLOPT_DEBUGFUNCTION, &Connection::watch);
+  set(CURLOPT_DEBUGDATA, this);
   set(CURLOPT_HEADERFUNCTION, &Connection::receiveHeader);
   set(CURLOPT_HEADERDATA, this);
   set(CURLOPT_WRITEFUNCTION, &Connection::receiveBody);
@@ -175,7 +185,8 @@ HttpAnswer Connection::exchange(const HttpRequest& request, const std::stop_toke
 }
 
 HttpAnswer Connection::attempt(const std::stop_token& stop) {
-  m_headerBytes = 0;
+  m_headerBytes = m_wireBytes = 0;
+  m_deadline = std::chrono::steady_clock::now() + m_exchangeTimeout - kClockSlack;
   m_stage = Stage::connecting;
   m_tooLarge = m_truncated = false;
   if (curl_multi_add_handle(m_multi, m_easy) != CURLM_OK) return {.failure = FetchFailure::other};
@@ -200,9 +211,10 @@ FetchFailure Connection::prepare(const HttpRequest& request) {
   // The library refuses texts beyond some megabytes; the previous URL would stay.
   if (curl_easy_setopt(m_easy, CURLOPT_URL, address.c_str()) != CURLE_OK) return FetchFailure::invalidAddress;
   curl_easy_setopt(m_easy, request.method == HttpMethod::head ? CURLOPT_NOBODY : CURLOPT_HTTPGET, 1L);
-  const auto timeout =
-      std::clamp<std::chrono::milliseconds::rep>(request.timeout.count(), 0, std::numeric_limits<int>::max());
-  curl_easy_setopt(m_easy, CURLOPT_TIMEOUT_MS, static_cast<long>(timeout));
+  const bool hasOwnLimit = request.timeout.count() > 0 && request.timeout < m_exchangeTimeout;
+  const auto timeout = hasOwnLimit ? request.timeout : m_exchangeTimeout;
+  curl_easy_setopt(m_easy, CURLOPT_TIMEOUT_MS, static_cast<long>(timeout.count()));
+  curl_easy_setopt(m_easy, CURLOPT_FORBID_REUSE, 0L);
   m_maxBytes = request.maxBytes;
   m_overflow = request.overflow;
   return FetchFailure::none;
@@ -253,14 +265,16 @@ FetchFailure Connection::failureOf(CURLcode code) const {
     case CURLE_SSL_CERTPROBLEM:
     case CURLE_SSL_CIPHER:
     case CURLE_PEER_FAILED_VERIFICATION:
-    case CURLE_SSL_CACERT_BADFILE:
     case CURLE_SSL_CRL_BADFILE:
     case CURLE_SSL_ISSUER_ERROR:
     case CURLE_SSL_INVALIDCERTSTATUS:
     case CURLE_SSL_CLIENTCERT:
       return FetchFailure::tlsFailed;
+    case CURLE_SSL_CACERT_BADFILE:
+      return FetchFailure::noCertificates;
     case CURLE_OPERATION_TIMEDOUT:
-      return FetchFailure::timedOut;
+      return std::chrono::steady_clock::now() > m_deadline ? FetchFailure::timedOut
+                                                           : FetchFailure::tookTooLong;
     case CURLE_GOT_NOTHING:
     case CURLE_PARTIAL_FILE:
     case CURLE_RECV_ERROR:
@@ -281,12 +295,9 @@ FetchFailure Connection::failureOf(CURLcode code) const {
 }
 
 /// Whether more came than any body of the allowed size needs: the body of a redirect, which is dropped
-/// unseen, or an encoded one that decodes to nothing may be endless too.
+/// unseen, an encoded one that decodes to nothing, or what is said beside a chunk may be endless too.
 bool Connection::outgrown() const {
-  curl_off_t received = 0;
-  curl_easy_getinfo(m_easy, CURLINFO_SIZE_DOWNLOAD_T, &received);
-  const auto bytes = static_cast<std::size_t>(received);
-  return bytes > kWireSlack && bytes - kWireSlack > m_maxBytes;
+  return m_wireBytes > kWireSlack && (m_wireBytes - kWireSlack) / 2 > m_maxBytes;
 }
 
 HttpAnswer Connection::takeAnswer() {
@@ -309,6 +320,17 @@ std::string Connection::header(const char* name) const {
 int Connection::beforeRequest(void* self, char*, char*, int, int) {
   static_cast<Connection*>(self)->m_stage = Stage::asked;
   return CURL_PREREQFUNC_OK;
+}
+
+/// Told of the library's doings. It drops what comes behind an answer and has been read with it, and keeps
+/// the connection, where the rest would be taken for the next answer.
+int Connection::watch(CURL* easy, curl_infotype kind, char* data, std::size_t size, void* self) {
+  const std::string_view text(data, size);
+  if (kind == CURLINFO_DATA_IN) static_cast<Connection*>(self)->m_wireBytes += size;
+  if (kind == CURLINFO_TEXT && (text.starts_with("Excess found") || text.starts_with("Leftovers after"))) {
+    curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, 1L);
+  }
+  return 0;
 }
 
 std::size_t Connection::receiveHeader(char* data, std::size_t, std::size_t size, void* self) {
@@ -366,23 +388,24 @@ void Connection::dropExcessCookies() {
 }  // namespace
 
 struct CurlHttpClient::Impl {
-  std::unique_ptr<Connection> borrow() {
+  std::unique_ptr<Connection> borrow(HttpMethod method) {
     {
       const std::lock_guard lock(mutex);
-      if (!idle.empty()) {
+      std::vector<std::unique_ptr<Connection>>& free = idle[method];
+      if (!free.empty()) {
         // The one returned last: its connection is the least likely to have been closed by the server.
-        std::unique_ptr<Connection> connection = std::move(idle.back());
-        idle.pop_back();
+        std::unique_ptr<Connection> connection = std::move(free.back());
+        free.pop_back();
         return connection;
       }
     }
     return std::make_unique<Connection>(userAgent, limits, share);
   }
 
-  void giveBack(std::unique_ptr<Connection> connection) {
+  void giveBack(HttpMethod method, std::unique_ptr<Connection> connection) {
     if (exchanges.fetch_add(1) % kExchangesPerCookieCheck == 0) connection->dropExcessCookies();
     const std::lock_guard lock(mutex);
-    idle.push_back(std::move(connection));
+    idle[method].push_back(std::move(connection));
   }
 
   std::string userAgent;
@@ -390,7 +413,8 @@ struct CurlHttpClient::Impl {
   Share share;
   std::atomic<unsigned> exchanges = 0;
   std::mutex mutex;
-  std::vector<std::unique_ptr<Connection>> idle;  // guarded by mutex; goes before share, which it uses
+  // Some servers send a body after a HEAD, perhaps late: it must not be taken for the answer to a GET.
+  std::map<HttpMethod, std::vector<std::unique_ptr<Connection>>> idle;  // guarded by mutex; uses share
 };
 
 CurlHttpClient::CurlHttpClient(std::string userAgent, HttpLimits limits) {
@@ -405,10 +429,10 @@ CurlHttpClient::~CurlHttpClient() = default;
 HttpAnswer CurlHttpClient::fetch(const HttpRequest& request, std::stop_token stop) {
   if (stop.stop_requested()) return {.failure = FetchFailure::stopped};
   try {
-    std::unique_ptr<Connection> connection = m_impl->borrow();
+    std::unique_ptr<Connection> connection = m_impl->borrow(request.method);
     if (!connection->usable()) return {.failure = FetchFailure::other};
     HttpAnswer answer = connection->exchange(request, stop);
-    m_impl->giveBack(std::move(connection));
+    m_impl->giveBack(request.method, std::move(connection));
     return answer;
   } catch (const std::bad_alloc&) {
     return {.failure = FetchFailure::tooLarge};

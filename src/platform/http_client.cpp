@@ -113,8 +113,12 @@ std::string_view failureText(FetchFailure failure) {
       return "The server could not be reached";
     case FetchFailure::tlsFailed:
       return "No secure connection: handshake or certificate failed";
+    case FetchFailure::noCertificates:
+      return "No certificates of trusted authorities are installed (package ca-certificates)";
     case FetchFailure::timedOut:
       return "The server took too long";
+    case FetchFailure::tookTooLong:
+      return "The page took longer than ten minutes";
     case FetchFailure::connectionClosed:
       return "The answer was broken off or malformed";
     case FetchFailure::tooLarge:

@@ -21,7 +21,7 @@ enum class Overflow {
 struct HttpRequest {
   std::string url;  // as the crawl holds it; the client makes it fit for the request line (platform/uri.h)
   HttpMethod method = HttpMethod::get;
-  std::chrono::milliseconds timeout{0};  // for the whole exchange; 0 means no limit but that on silence
+  std::chrono::milliseconds timeout{0};  // for the whole exchange; 0 means no limit but the client's own
   std::size_t maxBytes = 64u << 20;      // of the decoded body
   Overflow overflow = Overflow::fail;
 };
@@ -34,7 +34,9 @@ enum class FetchFailure {
   nameNotResolved,   // the host's name, or a proxy's
   connectionFailed,  // refused, unreachable
   tlsFailed,         // handshake or certificate
+  noCertificates,    // none to check a server's certificate against
   timedOut,          // while connecting, in silence, or the request's own limit
+  tookTooLong,       // not whole within the client's limit for an exchange
   connectionClosed,  // before the answer was complete, or the answer breaks the protocol
   tooLarge,          // body or headers
   tooManyRedirects,

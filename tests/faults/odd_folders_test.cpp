@@ -16,6 +16,14 @@ using testing::StartsWith;
 
 using OddFolders = FaultTest;
 
+/// Runs what stands behind it where something else is mounted; `$0` is `argument`.
+Arguments behindMount(const std::string& mount, const std::string& argument = {}) {
+  Arguments launcher = {"unshare", "--mount"};
+  if (geteuid() != 0) launcher.push_back("--map-root-user");
+  launcher.insert(launcher.end(), {"sh", "-c", "mount " + mount + " || exit 99; exec \"$@\"", argument});
+  return launcher;
+}
+
 TEST_F(OddFolders, AReadOnlySiteIsToldAndLeftAlone) {
   prepare({"add", "shop", "http://127.0.0.1:9/"});
   prepare({"add", "other", "http://a.test/"});
@@ -48,10 +56,7 @@ TEST_F(OddFolders, WithoutHomeTheUserDatabaseKnows) {
   const support::TempFolder home;
   const fs::path users = ownHome.path() / "users";
   std::ofstream(users) << "root:x:0:0::" << home.path().string() << ":/bin/sh\n";
-  Arguments launcher = {"unshare", "--mount"};
-  if (geteuid() != 0) launcher.push_back("--map-root-user");
-  launcher.insert(launcher.end(),
-                  {"sh", "-c", "mount --bind \"$0\" /etc/passwd || exit 99; exec \"$@\"", users});
+  Arguments launcher = behindMount("--bind \"$0\" /etc/passwd", users);
   if (const auto result = runUnder(launcher, {"--version"}); result.exitCode != 0) {
     GTEST_SKIP() << "the user database cannot be replaced here: " << result.errors;
   }
@@ -65,6 +70,20 @@ TEST_F(OddFolders, WithoutHomeTheUserDatabaseKnows) {
     EXPECT_THAT(result.output, StartsWith(home.path().string() + "/Library/"));
   }
   EXPECT_TRUE(fs::is_directory(store::GlobalControls(home.path()).homeFolderLocation()));
+}
+
+TEST_F(OddFolders, WithoutCertificatesTheReasonSaysSo) {
+  const support::SiteServer server(manyPages(1));
+  prepare({"add", "shop", "https" + server.url().substr(4)});
+  const Arguments launcher = behindMount("-t tmpfs none /etc/ssl");
+  if (const auto result = runUnder(launcher, {"--version"}); result.exitCode != 0) {
+    GTEST_SKIP() << "the certificates cannot be hidden here: " << result.errors;
+  }
+  const auto result = runUnder(launcher, {"scan", "shop"});
+  EXPECT_EQ(result.exitCode, 3);
+  EXPECT_THAT(
+      result.output + result.errors,
+      HasSubstr("0 - No certificates of trusted authorities are installed (package ca-certificates)"));
 }
 
 TEST_F(OddFolders, AHomeThatLeadsNowhereIsTold) {
