@@ -18,7 +18,7 @@ class Comparison {
     const bool isNew = m_set.insert(url).second;
     if (isNew) m_order.push_back(url);
     require(m_queue.contains(url) != isNew, "an address is known once it was appended, and not before");
-    require(m_queue.append(url) == isNew, "an address is appended once");
+    require((m_queue.append(url) == crawler::Queued::now) == isNew, "an address is appended once");
     require(m_queue.size() == m_order.size(), "the queue grows by one with every new address");
     askInPieces(url);
   }
