@@ -273,8 +273,8 @@ FetchFailure Connection::failureOf(CURLcode code) const {
     case CURLE_SSL_CACERT_BADFILE:
       return FetchFailure::noCertificates;
     case CURLE_OPERATION_TIMEDOUT:
-      return std::chrono::steady_clock::now() > m_deadline ? FetchFailure::timedOut
-                                                           : FetchFailure::tookTooLong;
+      return std::chrono::steady_clock::now() > m_deadline ? FetchFailure::tookTooLong
+                                                           : FetchFailure::timedOut;
     case CURLE_GOT_NOTHING:
     case CURLE_PARTIAL_FILE:
     case CURLE_RECV_ERROR:
