@@ -189,7 +189,9 @@ void MenuCommands::enableLinkDeletion() {
 void MenuCommands::triggerOnFocus(const char* slot) {
   QWidget* focus = m_window.focusWidget();
   if (focus == nullptr) return;
-  QAction* copy = qstrcmp(slot, "copy") == 0 ? ui::addressAction(focus, ui::kCopySelection) : nullptr;
+  const auto* sitemap = m_window.findChild<QWidget*>(QStringLiteral("scanWebView"));
+  const QWidget* list = sitemap != nullptr && sitemap->isAncestorOf(focus) ? sitemap : focus;
+  QAction* copy = qstrcmp(slot, "copy") == 0 ? ui::addressAction(list, ui::kCopySelection) : nullptr;
   if (copy != nullptr) return copy->trigger();
   if (has(*focus, slot)) QMetaObject::invokeMethod(focus, slot);
 }
@@ -200,7 +202,9 @@ void MenuCommands::triggerOnAddress(const char* actionName) {
                      : m_state.qzvskCurrentView == ui::brokenLinksView ? "badLinkTable"
                                                                        : "siteListTable";
   for (const QWidget* each : std::initializer_list<const QWidget*>{
-           m_window.focusWidget(), &control<QAbstractItemView>(m_window, list),
+           m_window.focusWidget(),
+           showsSitemap() ? m_window.findChild<QWidget*>(QStringLiteral("scanWebView")) : nullptr,
+           &control<QAbstractItemView>(m_window, list),
            &control<QAbstractItemView>(m_window, "siteListTable")}) {
     if (QAction* action = ui::addressAction(each, actionName)) return action->trigger();
   }

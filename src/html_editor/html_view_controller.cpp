@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QDockWidget>
 #include <QFrame>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -143,8 +144,22 @@ void HTMLViewController::firstLoad() {
   const std::string site = siteName();
   if (site.empty()) return showPage(noSitePage());
   open(m_services.controls.siteFolder(site) / layoutOfEntry(sitemapTypeArray.front())->fileName);
-  if (!readDocument()) return showPage(noSitemapPage());
   m_sitemapTypePopup.setCurrentIndex(0);
+  showFile();
+}
+
+/// The document of the file in hand, or why there is none: what was in hand before stays then.
+void HTMLViewController::showFile() {
+  platform::FileContent content = platform::readFile(currentFile());
+  const DocumentState state = documentState(content.text);
+  if (state != DocumentState::whole && state != DocumentState::unfinished) {
+    showPage(nothingToShowPage(state, content.text.size()));
+    // Another layout may be there, or be small enough.
+    if (state != DocumentState::missing) enableUnless(m_sitemapTypePopup, {});
+    return;
+  }
+  m_state.qzvskHTMLString = std::move(content.text);
+  m_originalHTMLString = m_state.qzvskHTMLString;
   m_documentIsNew = true;
   showDocument();
   enableEditOptions();
@@ -197,7 +212,15 @@ void HTMLViewController::makeWebView() {
   m_scanWebView->setAccessibleName(tr("Sitemap"));
   auto* layout = new QVBoxLayout(frame);
   layout->setContentsMargins({});
-  layout->addWidget(m_scanWebView);
+  layout->setSpacing(0);
+  m_notice = new QLabel(tr("The last scan of this site did not finish: not all of its pages are here."));
+  m_notice->setObjectName(QStringLiteral("htmlNotice"));
+  m_notice->setMargin(m_notice->fontMetrics().height() / 3);
+  m_notice->setWordWrap(true);
+  m_notice->hide();
+  layout->addWidget(m_notice);
+  layout->addWidget(m_scanWebView, 1);
+  buildLinkMenu();
   connect(m_scanWebView, &SitemapWebView::linkClicked, this, &HTMLViewController::linkClicked);
   connect(m_scanWebView, &SitemapWebView::documentShown, this, [this] {
     markBusy(false);
@@ -229,6 +252,12 @@ void HTMLViewController::takePlace(int view) {
     titles.show();  // a tab that is not in front is hidden
     links.show();
   }
+  for (const char* name : {"ptStyleLayout", "plStyleLayout"}) {
+    auto& layout = control<QGridLayout>(window, name);
+    // Beside each other's frames they do without margins, so that both fit into a small window.
+    viewer ? layout.unsetContentsMargins() : layout.setContentsMargins({});
+    layout.setVerticalSpacing(viewer ? -1 : layout.horizontalSpacing() / 2);
+  }
   orderTabs(viewer);
 }
 
@@ -250,6 +279,7 @@ void HTMLViewController::showPage(const std::string& page) {
   makeWebView();
   m_hasDocument = false;
   m_documentIsNew = true;
+  m_notice->hide();
   disableEditOptions();
   markBusy(true);
   m_scanWebView->showDocument(page, false);
@@ -259,6 +289,7 @@ void HTMLViewController::showDocument() {
   makeWebView();
   m_hasDocument = true;
   markBusy(true);
+  m_notice->setVisible(documentState(m_originalHTMLString) == DocumentState::unfinished);
   m_scanWebView->showDocument(m_state.qzvskHTMLString, !m_documentIsNew);
   m_documentIsNew = false;
 }
@@ -271,15 +302,6 @@ void HTMLViewController::open(const std::filesystem::path& file) {
   m_urlToLoad.setText(kFileScheme + toQString(file.native()));
   m_urlToLoad.setCursorPosition(0);
   m_state.qzvskUTLLoc = file.native();
-}
-
-/// False, and nothing changed, when the file cannot be read or is empty.
-bool HTMLViewController::readDocument() {
-  platform::FileContent content = platform::readFile(currentFile());
-  if (!content.result.ok() || content.text.empty()) return false;
-  m_state.qzvskHTMLString = std::move(content.text);
-  m_originalHTMLString = m_state.qzvskHTMLString;
-  return true;
 }
 
 std::filesystem::path HTMLViewController::currentFile() const {

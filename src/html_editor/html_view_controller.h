@@ -92,6 +92,9 @@ class HTMLViewController : public QObject {
   void titleEditInputAction() { commitFields(); }
   void linkEditInputAction() { commitFields(); }
   void deleteLinkAction();
+  /// Of the selected link; nothing happens without one.
+  void copyLinkAddress();
+  void openLinkInBrowser();
 
   enum class SaveMarker { savebutton, closewindow, changemap, defaultAsk };
   void saveNow(SaveMarker marker);
@@ -125,7 +128,7 @@ class HTMLViewController : public QObject {
   void markDirty(bool dirty);
   void markBusy(bool busy);
   void open(const std::filesystem::path& file);
-  bool readDocument();
+  void showFile();
   std::filesystem::path currentFile() const;
   std::string siteName() const;
   bool isCurrentView() const;  // the viewer or the style editor
@@ -143,6 +146,7 @@ class HTMLViewController : public QObject {
   void useStyled(std::string document);
 
   // html_view_links.cpp
+  void buildLinkMenu();
   void linkClicked(const QString& href, const QString& label, QPointF scrolledTo);
   void editLinkAndTitle();
   void refuseBlank(std::string_view message);
@@ -187,7 +191,8 @@ class HTMLViewController : public QObject {
   QPushButton& m_deleteButton;
   QLineEdit& m_titleEditInput;
   QLineEdit& m_linkEditInput;
-  QPointer<SitemapWebView> m_scanWebView;  // made when it is first needed
+  QPointer<SitemapWebView> m_scanWebView;  // made when it is first needed, as is
+  QPointer<QLabel> m_notice;               // what the user should know of the document
 
   std::string m_originalHTMLString;  // as last loaded or saved
   QPointF m_savedScrollPosition;

@@ -1,9 +1,15 @@
 // Editing and deleting single links in the HTML viewer.
+#include <QAction>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDesktopServices>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTimer>
+#include <QUrl>
 
 #include "html_editor/anchor_edit.h"
 #include "html_editor/html_view_controller.h"
@@ -24,6 +30,12 @@ namespace {
 
 constexpr std::chrono::milliseconds kFollowUpDelay{500};
 
+/// What a question about a link begins with.
+QString named(const LinkSelection& link) {
+  return platform::shortened(toQString(link.titleEditInput)) + QLatin1Char('\n') +
+         platform::shortened(toQString(link.linkEditInput)) + QStringLiteral("\n\n");
+}
+
 }  // namespace
 
 void HTMLViewController::linkClicked(const QString& href, const QString& label, QPointF scrolledTo) {
@@ -38,6 +50,41 @@ void HTMLViewController::linkClicked(const QString& href, const QString& label, 
   m_selection = std::move(clicked);
   m_clickedTarget = href;
   showSelection();
+}
+
+/// The commands of the view for the selected link: in its context menu, and by keys while it has the focus.
+void HTMLViewController::buildLinkMenu() {
+  const auto add = [this](const char* name, const QString& text, auto slot) {
+    auto* action = new QAction(text, m_scanWebView);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, slot);
+    m_scanWebView->addAction(action);
+    return action;
+  };
+  add("copySelection", tr("&Copy Address"), &HTMLViewController::copyLinkAddress);
+  add("openSelection", tr("&Open in Browser"), &HTMLViewController::openLinkInBrowser);
+  add("deleteSelection", tr("&Delete Link..."), &HTMLViewController::deleteLinkAction)
+      ->setShortcut(QKeySequence::Delete);
+  connect(m_scanWebView, &SitemapWebView::menuWanted, this, [this](QPoint place) {
+    if (!m_selection || m_sheets.busy()) return;
+    auto* menu = new QMenu(m_scanWebView);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(m_scanWebView->actions());
+    menu->popup(m_scanWebView->mapToGlobal(place));
+  });
+}
+
+void HTMLViewController::copyLinkAddress() {
+  if (m_selection) QGuiApplication::clipboard()->setText(toQString(m_selection->linkEditInput));
+}
+
+/// Anything may stand in a sitemap: what is no page on the web is not handed to other programs.
+void HTMLViewController::openLinkInBrowser() {
+  if (!m_selection) return;
+  const QUrl url(toQString(m_selection->linkEditInput));
+  if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
+    QDesktopServices::openUrl(url);
 }
 
 void HTMLViewController::showSelection() {
@@ -59,6 +106,7 @@ void HTMLViewController::showSelection() {
 
 void HTMLViewController::markSelection() {
   if (!m_scanWebView) return;
+  for (QAction* action : m_scanWebView->actions()) action->setEnabled(m_selection.has_value());
   if (!m_selection) return m_scanWebView->markLink({}, {});
   m_scanWebView->markLink(m_clickedTarget, toQString(m_selection->titleEditInput));
 }
@@ -123,7 +171,8 @@ void HTMLViewController::deleteLinkAction() {
   constexpr int kCancel = 1;
   m_sheets.choose(tr("Changes have been made to this sitemap, would you like to save the changes you have "
                      "made before deleting this link?"),
-                  tr("Once you have deleted a link it cannot be restored without re-scanning the site."),
+                  named(*m_selection) +
+                      tr("Once you have deleted a link it cannot be restored without re-scanning the site."),
                   {tr("Save Changes"), tr("Cancel Deletion"), tr("Discard Changes")}, kCancel,
                   [this, link = *m_selection](int answer) {
                     if (answer == kCancel) return;
@@ -145,8 +194,8 @@ void HTMLViewController::beginLinkDeletion(const LinkSelection& link) {
   constexpr int kCancel = 1;
   m_sheets.choose(tr("Are you absolutely sure you want to remove this link from your sitemap, deleted links "
                      "cannot be restored."),
-                  tr("This could take a while for large sites."), {tr("Delete Link"), tr("Cancel")}, kCancel,
-                  [this, link](int answer) {
+                  named(link) + tr("This could take a while for large sites."),
+                  {tr("Delete Link"), tr("Cancel")}, kCancel, [this, link](int answer) {
                     if (answer == kDelete) linkDeletion(link);
                   });
 }

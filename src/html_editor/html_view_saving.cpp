@@ -147,18 +147,11 @@ void HTMLViewController::switchLayout() {
   open(m_services.controls.siteFolder(siteName()) / layout->fileName);
   m_savedScrollPosition = {};
   clearLinkFields();
-  if (!readDocument()) {
-    readBack();
-    markDirty(false);
-    showPage(noSitemapPage());
-    m_sitemapTypePopup.setEnabled(true);  // the other layouts may be there
-    return;
-  }
-  m_documentIsNew = true;
-  showDocument();
-  enableEditOptions();
-  setPopupButtons();
-  offerRecoveryCopy();
+  showFile();
+  if (m_hasDocument) return;
+  readBack();
+  markDirty(false);
+  enableUnless(m_sitemapTypePopup, {});  // the other layouts may be there
 }
 
 void HTMLViewController::checkSave(std::function<void()> then) {

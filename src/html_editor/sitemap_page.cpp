@@ -44,10 +44,18 @@ void goWithoutSandboxIfNeeded() {
   qputenv(kVariable, "1");
 }
 
+/// A document is read out to whoever needs that. The engine looks for such a program by itself, and tells
+/// nobody anything as long as there is none, but on Linux it has to be told to look.
+void letScreenReadersIn() {
+  constexpr const char* kVariable = "QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY";
+  if (!qEnvironmentVariableIsSet(kVariable)) qputenv(kVariable, "1");
+}
+
 }  // namespace
 
 void prepareWebEngine() {
   goWithoutSandboxIfNeeded();
+  letScreenReadersIn();
   QWebEngineUrlScheme scheme(DocumentScheme::kName);
   scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
   scheme.setFlags(QWebEngineUrlScheme::LocalScheme);

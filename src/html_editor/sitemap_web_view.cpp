@@ -34,12 +34,17 @@ constexpr const char* kClickScript = R"(
   });
   const quiet = event => { event.preventDefault(); event.stopImmediatePropagation(); };
   const linkOf = event => event.target instanceof Element ? event.target.closest('a[href]') : null;
-  addEventListener('click', event => {
+  const report = event => {
     const link = linkOf(event);
     quiet(event);
-    if (!link) return;
+    if (!link) return false;
     const click = [link.getAttribute('href'), link.textContent, scrollX, scrollY];
     receiver.then(clicks => clicks.receive(...click));
+    return true;
+  };
+  addEventListener('click', report, true);
+  addEventListener('contextmenu', event => {
+    if (report(event)) receiver.then(clicks => clicks.wantMenu(event.clientX, event.clientY));
   }, true);
   for (const kind of ['auxclick', 'dragstart', 'submit', 'drop']) addEventListener(kind, quiet, true);
   // The engine asks nobody before it saves what a link leads to.
@@ -124,6 +129,8 @@ SitemapWebView::~SitemapWebView() {
 void SitemapWebView::addClickScript() {
   auto* clicks = new ClickReceiver(this);
   connect(clicks, &ClickReceiver::received, this, &SitemapWebView::linkClicked);
+  connect(clicks, &ClickReceiver::menuWanted, this,
+          [this](QPointF place) { emit menuWanted((place * zoomFactor()).toPoint()); });
   auto* channel = new QWebChannel(this);
   channel->registerObject(QStringLiteral("clicks"), clicks);
   m_page.setWebChannel(channel, kWorld);

@@ -23,8 +23,11 @@ class ClickReceiver : public QObject {
     emit received(href, label, {scrolledX, scrolledY});
   }
 
+  void wantMenu(double x, double y) { emit menuWanted({x, y}); }
+
  signals:
   void received(const QString& href, const QString& label, QPointF scrolledTo);
+  void menuWanted(QPointF place);
 };
 
 /// Makes a window that was not shown yet ready to hold a web view. Otherwise it is made anew for the window
@@ -58,6 +61,8 @@ class SitemapWebView : public QWebEngineView {
  signals:
   /// A link was clicked, or chosen with the keyboard. `href` as written in the document, `label` its text.
   void linkClicked(const QString& href, const QString& label, QPointF scrolledTo);
+  /// A menu is wanted for the link that was just reported as clicked, at this place of the view.
+  void menuWanted(QPoint place);
   /// What was last given is on the screen, or cannot be shown at all.
   void documentShown();
 

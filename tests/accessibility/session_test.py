@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """A session with the window as an assistive technology sees it: by role and name only.
 
-Adds a site, toggles what can be toggled, scans, and reads the counts. Run inside a D-Bus session with a display; arguments are the program,
+Adds a site, toggles what can be toggled, scans, reads the counts, and finds a link of the sitemap. Run inside a D-Bus
+session with a display; arguments are the program,
 the example server and the folder that it serves.
 """
 
@@ -151,7 +152,8 @@ def run(program, url):
         sitemap = next(pathlib.Path.home().glob("**/Mill/sitemap3c.html"))
         for rule in (".vskPageTitle a:hover { text-decoration:none }", ".vskPageLink a {\n\t\tfont-weight: bold"):
             wait_for(rule, lambda text=rule: text in sitemap.read_text())
-        print("all counts read")
+        window.find("link", "Brackwater Mill Museum")
+        print("all counts read, and the sitemap")
     finally:
         started.terminate()
         started.wait(TIME_LIMIT)

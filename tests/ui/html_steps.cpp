@@ -30,6 +30,11 @@ std::string documentOf(const sitemaps::Layout& layout, const std::vector<samples
   return samples::document(layout.columns, pages);
 }
 
+std::string edited(const std::string& document) {
+  return samples::with(document, "font-style: normal;\n\t\tcolor: #000000",
+                       "font-style: italic;\n\t\tcolor: #000000");
+}
+
 HtmlDesk::HtmlDesk(const std::vector<samples::Block>& blocks) : m_blocks(blocks) {
   makeSite("Shop", "http://a.test/");
   if (!blocks.empty()) writeDocuments(blocks);

@@ -31,6 +31,8 @@ inline const QString kSaveQuestion =
 inline const QString kDeleteQuestion = QStringLiteral(
     "Are you absolutely sure you want to remove this link from your sitemap, deleted links cannot be "
     "restored.");
+inline const QString kTwoColumns = QStringLiteral("Two Columns, All Links");
+inline const QString kThreeColumns = QStringLiteral("Three Columns, All Links");
 inline const QString kKeptQuestion = QStringLiteral("Changes to this sitemap were not saved.");
 
 /// Runs a script in the world of the program's own scripts and waits for its value.
@@ -56,6 +58,8 @@ class HtmlDesk : public Desk {
   /// Whether nothing is unsaved, and everything that tells of it says so.
   bool isClean() const;
   bool isDirty() const;
+  /// Makes page titles italic, and back.
+  bool edit() const { return click("ptItalicButton") && isDirty(); }
 
   QWebEngineView& webView() const { return control<QWebEngineView>("scanWebView"); }
   QVariant inPage(const QString& script) const { return window_tests::inPage(webView(), script); }
@@ -78,6 +82,9 @@ class HtmlDesk : public Desk {
  private:
   std::vector<samples::Block> m_blocks;
 };
+
+/// What edit() makes of a document.
+std::string edited(const std::string& document);
 
 /// The document that a scan would have written.
 std::string documentOf(const sitemaps::Layout& layout, const std::vector<samples::Block>& blocks);

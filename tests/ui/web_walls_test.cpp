@@ -8,20 +8,17 @@
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
-#include <csignal>
 #include <functional>
 #include <memory>
 #include <optional>
 
 #include "html_editor/sitemap_page.h"
-#include "html_editor/sitemap_web_view.h"
-#include "html_steps.h"
+#include "walled_view.h"
 
 namespace window_tests {
 
 using html_editor::DocumentScheme;
 using html_editor::SitemapPage;
-using html_editor::SitemapWebView;
 using html_editor::WalledProfile;
 
 namespace {
@@ -62,29 +59,21 @@ constexpr const char* kClick = "document.getElementById('x').click()";
 
 constexpr Bait kBaits[] = {
     {"image", "<img src='LURE'>"},
-    {"image in svg", "<svg><image href='LURE'/></svg>"},
-    {"image of an input", "<input type=image src='LURE'>"},
     {"picture of a video", "<video poster='LURE'></video>"},
     {"video", "<video src='LURE' preload=auto></video>"},
     {"script of another site", "<script src='LURE'></script>"},
     {"script", "<script>new Image().src = 'LURE'</script>"},
     {"handler of an image", "<img src='x:' onerror=\"fetch('LURE')\">"},
-    {"handler of the body", "<body onload=\"navigator.sendBeacon('LURE')\">"},
-    {"handler in svg", "<svg onload=\"fetch('LURE')\"></svg>"},
     {"socket", "<script>new WebSocket('LURE'.replace('http', 'ws'))</script>"},
     {"worker", "<script>new Worker(URL.createObjectURL(new Blob([\"fetch('LURE')\"])))</script>"},
     {"refresh", "<meta http-equiv=refresh content='0;url=LURE'>", "", true},
     {"frame", "<iframe src='LURE'></iframe>", "", true},
-    {"frame with a text", "<iframe srcdoc=\"<img src='LURE'>\"></iframe>"},
     {"frame with data", "<iframe src=\"data:text/html,<img src='LURE'>\"></iframe>", "", true},
     {"object", "<object data='LURE'></object>", "", true},
-    {"embed", "<embed src='LURE'>", "", true},
     {"style sheet", "<link rel=stylesheet href='LURE'>"},
-    {"import", "<style>@import url('LURE');</style>"},
     {"background", "<p style=\"background: url('LURE')\">x</p>"},
     {"font", "<style>@font-face { font-family: f; src: url('LURE') } p { font-family: f }</style>"},
     {"prefetch", "<link rel=prefetch href='LURE'>"},
-    {"preload", "<link rel=preload as=image href='LURE'>"},
     {"base", "<base href='LURE'><img src='x'>"},
     {"link", "<a id=x href='LURE'>x</a>", kClick, true},
     {"link to a new window", "<a id=x target=_blank href='LURE'>x</a>", kClick, true},
@@ -95,13 +84,6 @@ constexpr Bait kBaits[] = {
     {"jump by script", "<script>location = 'LURE'</script>", "", true},
     {"window by script", "<script>open('LURE')</script>", "", true},
 };
-
-QString withText(const QString& body) {
-  return QStringLiteral(
-             "<!DOCTYPE html><html><head><title>Sitemap</title></head><body>%1"
-             "<p id=end>end</p></body></html>")
-      .arg(body);
-}
 
 enum class Walls { none, settings, profile, page };
 
@@ -192,43 +174,6 @@ class OpenView {
   int m_windowsBefore = 0;
 };
 
-/// The view as the program has it, in a window of its own.
-class WalledView {
- public:
-  WalledView() {
-    QObject::connect(&m_view, &SitemapWebView::documentShown, &m_view, [this] { ++m_shown; });
-    QObject::connect(&m_view, &SitemapWebView::linkClicked, &m_view,
-                     [this](const QString& href, const QString& label) {
-                       m_clicks.append({href, label});
-                     });
-    m_view.resize(400, 300);
-    m_view.show();
-  }
-  bool load(const QString& html, bool sameDocument = false) {
-    m_shown = 0;
-    m_clicks.clear();
-    m_view.showDocument(html.toStdString(), sameDocument);
-    return isShown();
-  }
-  bool isShown() {
-    return comesTrue([this] { return m_shown > 0; });
-  }
-  bool isStill() {
-    return m_view.url().scheme() == QLatin1String(DocumentScheme::kName) &&
-           m_view.url().fragment().isEmpty() &&
-           inPage(m_view, QStringLiteral("document.getElementById('end') !== null")).toBool();
-  }
-  SitemapWebView& view() { return m_view; }
-  void expectAnother() { m_shown = 0; }
-  /// Target and label of every click that was told.
-  const QList<QStringList>& clicks() const { return m_clicks; }
-
- private:
-  SitemapWebView m_view;
-  int m_shown = 0;
-  QList<QStringList> m_clicks;
-};
-
 }  // namespace
 
 class WebWallsTest : public QObject {
@@ -240,20 +185,14 @@ class WebWallsTest : public QObject {
   void holdsEveryBait_data();
   void holdsEveryBait();
   void readsNoFiles();
-  void goesNowhere_data();
   void goesNowhere();
   void savesNothing();
   void takesNoDrops();
-  void capturesEveryClick_data();
-  void capturesEveryClick();
-  void capturesClicksBeforeAnybodyListens();
-  void reloadsALostDocumentOnce();
-  void showsTheLastOfManyDocuments();
-  void showsDocumentsOfAnySize();
-  void putsAStyleInPlace();
   void takesNoCommandsFromADocument();
 
  private:
+  void goesNowhere(const QString& target);
+
   std::unique_ptr<OpenView> m_open;      // no walls,
   std::unique_ptr<OpenView> m_settings;  // one each,
   std::unique_ptr<OpenView> m_profile;
@@ -334,16 +273,14 @@ void WebWallsTest::readsNoFiles() {
   QCOMPARE(inPage(m_walled->view(), width).toInt(), 0);
 }
 
-void WebWallsTest::goesNowhere_data() {
-  QTest::addColumn<QString>("target");
-  for (const char* target : {"about:blank", "data:text/html,x", "file:///etc/hostname", "veskel-document:/0",
-                             "mailto:x@a.test", "http://127.0.0.1:1/", "blob:null/x", "chrome://version"}) {
-    QTest::newRow(target) << QString::fromLatin1(target);
+void WebWallsTest::goesNowhere() {
+  for (const char* each : {"about:blank", "data:text/html,x", "file:///etc/hostname", "veskel-document:/0",
+                           "mailto:x@a.test", "http://127.0.0.1:1/", "blob:null/x", "chrome://version"}) {
+    goesNowhere(QString::fromLatin1(each));
   }
 }
 
-void WebWallsTest::goesNowhere() {
-  QFETCH(const QString, target);
+void WebWallsTest::goesNowhere(const QString& target) {
   // Every way there is, with scripts on.
   const QString html =
       withText(QStringLiteral("<meta http-equiv=refresh content='0;url=%1'><a id=x href='%1'>x</a>"
@@ -404,136 +341,6 @@ void WebWallsTest::takesNoDrops() {
   QVERIFY(takes(m_open->view()));
   QVERIFY(!m_walled->view().acceptDrops());
   for (QWidget* each : m_walled->view().findChildren<QWidget*>()) QVERIFY(!takes(*each));
-}
-
-void WebWallsTest::capturesEveryClick_data() {
-  QTest::addColumn<QString>("attributes");
-  QTest::addColumn<int>("modifiers");
-  const auto row = [](const char* name, const char* attributes, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::newRow(name) << QString::fromLatin1(attributes) << static_cast<int>(modifiers);
-  };
-  row("plain", "");
-  row("with Control", "", Qt::ControlModifier);
-  row("with Shift", "", Qt::ShiftModifier);
-  row("with Alt", "", Qt::AltModifier);
-  row("with both", "", Qt::ControlModifier | Qt::ShiftModifier);
-  row("to a new window", "target=_blank");
-  row("to a download", "download");
-  row("with a handler", "onclick='event.stopPropagation()' onmousedown='this.remove()'");
-}
-
-void WebWallsTest::capturesEveryClick() {
-  QFETCH(const QString, attributes);
-  QFETCH(const int, modifiers);
-  const QString target = QStringLiteral("HTTP://A.Test/%7Ex?a=1&amp;b=2#c---LINKID:3---");
-  QVERIFY(m_walled->load(
-      withText(QStringLiteral("<a href='%1' %2 style='display: block; height: 80px'><b>bold</b> text</a>")
-                   .arg(target, attributes))));
-  const int pages = static_cast<int>(m_walled->view().page()->findChildren<QWebEnginePage*>().size());
-  QTest::mouseClick(m_walled->view().focusProxy(), Qt::LeftButton, Qt::KeyboardModifiers(modifiers),
-                    {60, 50});
-  QVERIFY(comesTrue([&] { return !m_walled->clicks().isEmpty(); }));
-  const QStringList expected = {QStringLiteral("HTTP://A.Test/%7Ex?a=1&b=2#c---LINKID:3---"),
-                                QStringLiteral("bold text")};
-  QCOMPARE(m_walled->clicks(), QList<QStringList>{expected});
-  QTest::mouseClick(m_walled->view().focusProxy(), Qt::MiddleButton, Qt::KeyboardModifiers(modifiers),
-                    {60, 50});
-  inPage(m_walled->view(), QStringLiteral("document.links[0].focus()"));
-  QTest::keyClick(m_walled->view().focusProxy(), Qt::Key_Return);
-  QVERIFY(comesTrue([&] { return m_walled->clicks().size() > 1; }));
-  QCOMPARE(m_walled->clicks(), (QList<QStringList>{expected, expected}));
-  QVERIFY(m_walled->isStill());
-  QCOMPARE(static_cast<int>(m_walled->view().page()->findChildren<QWebEnginePage*>().size()), pages);
-}
-
-void WebWallsTest::capturesClicksBeforeAnybodyListens() {
-  // As soon as there is a link; the way to the program is built at the same time.
-  m_walled->expectAnother();
-  m_walled->view().showDocument(withText(QStringLiteral("<a href='early'>early</a>")).toStdString(), false);
-  int before = static_cast<int>(m_walled->clicks().size());
-  QVERIFY(comesTrue([&] {
-    return inPage(m_walled->view(), QStringLiteral("{ const link = document.querySelector('a[href=early]');"
-                                                   "link && link.click(); link !== null }"))
-        .toBool();
-  }));
-  QVERIFY(comesTrue([&] { return m_walled->clicks().size() > before; }));
-  QCOMPARE(m_walled->clicks().last(), (QStringList{QStringLiteral("early"), QStringLiteral("early")}));
-}
-
-void WebWallsTest::reloadsALostDocumentOnce() {
-  QVERIFY(m_walled->load(withText({})));
-  const auto endRenderer = [&] {
-    m_walled->expectAnother();
-    return kill(static_cast<pid_t>(m_walled->view().page()->renderProcessPid()), SIGKILL) == 0;
-  };
-  QVERIFY(endRenderer());
-  QVERIFY(m_walled->isShown() && m_walled->isStill());
-  QVERIFY(endRenderer());
-  QVERIFY(m_walled->isShown());  // so that nobody waits
-  QCOMPARE(m_walled->view().page()->renderProcessPid(), 0);
-  QVERIFY(!m_walled->view().showStyleOf(withText({}).toStdString()));
-  // Whatever is to be shown next is.
-  QVERIFY(m_walled->load(withText({}), true));
-  QVERIFY(m_walled->isStill());
-}
-
-void WebWallsTest::showsTheLastOfManyDocuments() {
-  const auto document = [](int number) {
-    return withText(QStringLiteral("<i>%1</i>").arg(number)).toStdString();
-  };
-  for (const bool sameDocument : {true, false}) {
-    for (int i = 0; i < 20; ++i) {
-      m_walled->expectAnother();
-      m_walled->view().showDocument(document(i), sameDocument);
-      if (i % 3 == 0) QApplication::processEvents();
-    }
-    QVERIFY(m_walled->isShown());
-    QVERIFY(comesTrue([&] {
-      return inPage(m_walled->view(), QStringLiteral("document.querySelector('i').textContent")).toString() ==
-             QLatin1String("19");
-    }));
-  }
-}
-
-void WebWallsTest::showsDocumentsOfAnySize() {
-  QString many;
-  for (int i = 0; i < 30'000; ++i)
-    many += QStringLiteral("<a href='http://a.test/%1'>A link of some length</a>\n").arg(i);
-  QVERIFY(many.size() > 1'500'000);
-  QVERIFY(m_walled->load(withText(many)));
-  QVERIFY(m_walled->isStill());
-  QCOMPARE(inPage(m_walled->view(), QStringLiteral("document.links.length")).toInt(), 30'000);
-  QVERIFY(m_walled->load({}));  // nothing at all is a document, too
-  QCOMPARE(inPage(m_walled->view(), QStringLiteral("document.links.length")).toInt(), 0);
-}
-
-void WebWallsTest::putsAStyleInPlace() {
-  const std::string document = samples::document(3, samples::blocks(2));
-  const auto sized = [&](const std::string& size) {
-    return samples::with(document, "font-size: 1.1em", "font-size: " + size);
-  };
-  const auto drawn = [&](const char* size) {
-    return comesTrue([&] {
-      return inPage(m_walled->view(), QStringLiteral("getComputedStyle(document.links[0]).fontSize"))
-                 .toString() == QLatin1String(size);
-    });
-  };
-  QVERIFY(m_walled->load(QString::fromStdString(document)));
-  inPage(m_walled->view(), QStringLiteral("document.body.dataset.same = 1"));
-  QVERIFY(m_walled->view().showStyleOf(sized("2em")));
-  QVERIFY(drawn("32px"));
-  QCOMPARE(inPage(m_walled->view(), QStringLiteral("document.body.dataset.same")).toString(),
-           QStringLiteral("1"));
-  // What a style could end with, or a text outside of it, needs a document that is read anew.
-  QVERIFY(!m_walled->view().showStyleOf(sized("3em}</style><p>")));
-  QVERIFY(!m_walled->view().showStyleOf(sized("3em}</STYLE ><p>")));
-  QVERIFY(!m_walled->view().showStyleOf(samples::with(document, "Page 1", "Page 9")));
-  QVERIFY(!m_walled->view().showStyleOf(samples::with(document, "<title>", "<title>x")));
-  QVERIFY(drawn("32px"));
-  // And what is loaded then is the last style.
-  QVERIFY(m_walled->view().showStyleOf(sized("0.5em")));
-  QVERIFY(m_walled->load(QString::fromStdString(sized("0.5em")), true));
-  QVERIFY(drawn("8px"));
 }
 
 /// The way from the script to the program is not the document's.
