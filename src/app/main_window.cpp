@@ -98,8 +98,7 @@ void MainWindow::makeControllers() {
       *this,
       ui::ScanViewParts{*m_sheets, m_controls, m_reasons, m_state, *m_siteEditor, *m_scan, *m_filters});
   m_views = std::make_unique<ui::MainViewControl>(*this, *m_sheets, m_controls, m_state);
-  m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state,
-                                                   m_passedScripts);
+  m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state, m_passedScripts);
 
   makeHtmlView();
   m_xmlView = std::make_unique<xml_editor::XMLViewController>(*this, *m_sheets, m_controls, m_state);
@@ -116,6 +115,9 @@ void MainWindow::makeControllers() {
   connect(m_scan.get(), &crawler::ScanController::report, this, report);
   // A scan takes its time, and its user does something else meanwhile.
   connect(m_scan.get(), &crawler::ScanController::scanned, this, [this] { QApplication::alert(this); });
+  // What a scan wrote is no other program's change.
+  connect(m_scan.get(), &crawler::ScanController::scanned, m_xmlView.get(),
+          &xml_editor::XMLViewController::siteChanged);
   connect(m_scanView.get(), &ui::ScanViewController::report, this, report);
   connect(m_xmlView.get(), &xml_editor::XMLViewController::report, this, report);
   connect(m_filters.get(), &crawler::FilterController::report, this, report);

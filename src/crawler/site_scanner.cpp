@@ -230,14 +230,15 @@ void SiteScanner::examineAnchor(const Anchor& anchor) {
 
 /// False when the page in hand takes no more links.
 bool SiteScanner::listLink(const std::string& link, const std::string& title) {
-  if (m_pageInnerLinks.contains(link)) return true;
+  const auto [place, isNew] = m_pageInnerLinks.insert(link);
+  if (!isNew) return true;
   const std::string entry = sitemaps::linkEntry(link, m_totLinks, title);
   m_pageFull = m_fullPageData.size() + entry.size() > m_settings.bounds.pageEntries;
   if (m_pageFull) {
+    m_pageInnerLinks.erase(place);
     ++m_result.leftOut.surplusLinks;
     return false;
   }
-  m_pageInnerLinks.insert(link);
   m_fullPageData += entry;
   return true;
 }

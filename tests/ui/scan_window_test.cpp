@@ -154,10 +154,13 @@ void ScanWindowTest::startsByKey() {
   const SiteServer server({{"/", page("Only", {})}});
   Desk desk;
   openWithShop(desk, server.url());
+  desk.control<QAction>("xmlTBI").trigger();
   QTest::keySequence(&desk.window(), keys);
   QVERIFY(!desk.enabled("scanSiteButton"));
   QVERIFY(scanHasEnded(desk));
   QCOMPARE(desk.label("pagesFound"), QStringLiteral("1"));
+  QCOMPARE(desk.control<QTableView>("xmlTableView").model()->rowCount(),
+           1);  // the view that is open shows it
 }
 
 void ScanWindowTest::endsExactlyHoweverFastLinksCome() {
