@@ -14,9 +14,15 @@ import sys
 import tempfile
 import time
 
+import gi
 import pyatspi
 
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402  (its version has to be named first)
+
 TIME_LIMIT = 120  # seconds for any one thing to happen; most take a fraction of one
+# The library gives up after 0.8 seconds by itself: less than a web view takes to start on a busy machine.
+Atspi.set_timeout(TIME_LIMIT * 1000, TIME_LIMIT * 1000)
 
 
 def wait_for(what, find):
