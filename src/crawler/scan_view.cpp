@@ -4,12 +4,12 @@ namespace crawler {
 
 std::vector<std::string> LeftOut::sentences() const {
   std::vector<std::string> sentences;
-  const auto say = [&](std::int64_t count, const char* what) {
-    if (count > 0) sentences.push_back(std::to_string(count) + what);
+  const auto say = [&](const char* what, std::int64_t count) {
+    if (count > 0) sentences.push_back(what + std::to_string(count) + ".");
   };
-  say(longLinks, " links were left out: their addresses are too long.");
-  say(surplusLinks, " links were left out: too many stand on one page.");
-  say(surplusPages, " links were not followed: the site has more pages than a scan can remember.");
+  say("Links left out, as their addresses are too long: ", longLinks);
+  say("Links left out, as too many stand on one page: ", surplusLinks);
+  say("Links not followed, as the site has more pages than a scan can remember: ", surplusPages);
   return sentences;
 }
 
