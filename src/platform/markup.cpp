@@ -16,17 +16,8 @@ namespace platform {
 
 namespace {
 
-// Where the parser searches one by one, a hostile text can make it do so without end. The steps are counted
-// and not timed, so that a text has the same contents wherever it is read. A step is about half a nanosecond;
-// pages that people wrote, however broken, stay below a hundredth of these bounds.
-constexpr std::uint64_t kMaxSteps = 4'000'000'000;
-constexpr std::uint64_t kMaxStepsInTag = 12'000'000'000;
 constexpr std::uint64_t kStepsPerElement = 4;    // to compare an end tag with an open element
 constexpr std::uint64_t kStepsPerAttribute = 4;  // to compare two attributes, beside those for their letters
-constexpr int kMaxDepth = 200'000;               // of open elements, as each end tag may search all of them
-// Of all different names in a text: the parser keeps them, and its table of them stops growing at some size.
-// Its own limit on that is of no use, as it never gets past the tag whose name is one too many.
-constexpr std::size_t kMaxNameBytes = 4u << 20;
 
 std::string_view view(const xmlChar* text) {
   return text == nullptr ? std::string_view{} : reinterpret_cast<const char*>(text);
@@ -40,6 +31,7 @@ const xmlChar* xmlText(const std::string& text) {
 struct Reading {
   MarkupHandler& handler;
   const std::stop_token& stop;
+  const MarkupLimits& limits;
   std::string_view rest;                         // of the text, not handed to the parser yet
   htmlParserCtxtPtr parser = nullptr;            // owned by readHtml()
   std::vector<MarkupAttribute> attributes = {};  // kept between elements to spare allocations
@@ -51,8 +43,9 @@ struct Reading {
   bool exhausted() const {
     // All attributes of a tag are compared with each other before any is told of.
     const auto attributesInTag = static_cast<std::uint64_t>(parser->maxatts / 2);
-    return stop.stop_requested() || steps > kMaxSteps || parser->nameNr > kMaxDepth ||
-           attributesInTag * bytesInToken > kMaxStepsInTag || xmlDictGetUsage(parser->dict) > kMaxNameBytes;
+    return stop.stop_requested() || steps > limits.steps || parser->nameNr > limits.depth ||
+           attributesInTag * bytesInToken > limits.stepsInTag ||
+           xmlDictGetUsage(parser->dict) > limits.nameBytes;
   }
 };
 
@@ -177,11 +170,12 @@ void initialiseOnce() {
 
 }  // namespace
 
-void readHtml(std::string_view utf8, MarkupHandler& handler, std::stop_token stop) {
+void readHtml(std::string_view utf8, MarkupHandler& handler, std::stop_token stop,
+              const MarkupLimits& limits) {
   if (utf8.empty()) return;
   initialiseOnce();
   const std::unique_ptr<htmlParserCtxt, FreeContext> parser(htmlNewParserCtxt());
-  Reading state{handler, stop, utf8, parser.get()};
+  Reading state{handler, stop, limits, utf8, parser.get()};
   if (!parser || !connectInput(parser.get(), state)) return;
   // The text is decoded already: no declaration in it may change that.
   htmlCtxtUseOptions(parser.get(), HTML_PARSE_RECOVER | HTML_PARSE_NONET | HTML_PARSE_IGNORE_ENC);

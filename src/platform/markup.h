@@ -1,6 +1,8 @@
 // Forgiving HTML, read in one pass without a tree.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -29,11 +31,25 @@ class MarkupHandler {
   virtual void comment(std::string_view) { otherNode(); }
 };
 
+/// What a text may cost its reader. Where the parser searches one by one, a hostile text can make it do so
+/// without end. The steps are counted and not timed, so that a text has the same contents wherever it is
+/// read. A step is about half a nanosecond; pages that people wrote, however broken, stay below a hundredth
+/// of these.
+struct MarkupLimits {
+  std::uint64_t steps = 4'000'000'000;
+  std::uint64_t stepsInTag = 12'000'000'000;
+  int depth = 200'000;  // of open elements, as each end tag may search all of them
+  // Of all different names in a text: the parser keeps them, and its table of them stops growing at some
+  // size. Its own limit on that is of no use, as it never gets past the tag whose name is one too many.
+  std::size_t nameBytes = 4u << 20;
+};
+
 /// Reads `utf8` (valid UTF-8) as HTML. Never fails: every text yields some document, and the same text always
 /// the same one. A text made to exhaust its reader is read up to some point and counts as ending there: where
 /// elements nest hundreds of thousands deep, where a tag has tens of thousands of attributes, or where the
 /// parser has searched in vain for too long. A stop ends the text likewise, within a fraction of a second.
-void readHtml(std::string_view utf8, MarkupHandler& handler, std::stop_token stop = {});
+void readHtml(std::string_view utf8, MarkupHandler& handler, std::stop_token stop = {},
+              const MarkupLimits& limits = {});
 
 /// An element's start tag as a serialiser writes it back: values quoted, "&", "<" and ">" in them escaped.
 std::string serialiseStartTag(std::string_view name, const std::vector<MarkupAttribute>& attributes);

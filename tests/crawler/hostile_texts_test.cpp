@@ -6,12 +6,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "crawler/hostile_site.h"
+#include "support/raw_server.h"
 #include "support/scan_run.h"
 
 namespace crawler {
 namespace {
 
+using support::rawAnswerTo;
 using support::RawRequest;
 using support::RawServer;
 using support::ScanRun;
@@ -52,16 +53,16 @@ std::string answerTo(const RawRequest& request) {
     for (const HostilePage& page : kPages) {
       links += "<a href=\"" + std::string(page.href) + "\">" + page.name + "</a>";
     }
-    return fullAnswer(request, "200 OK", "Content-Type: text/html; charset=utf-8\r\n",
-                      "<title>Start ---LINKID:0---</title>" + links);
+    return rawAnswerTo(request, "200 OK", "Content-Type: text/html; charset=utf-8\r\n",
+                       "<title>Start ---LINKID:0---</title>" + links);
   }
   for (const HostilePage& page : kPages) {
     if (!target.starts_with(page.target) || page.title == nullptr) continue;
-    return fullAnswer(
+    return rawAnswerTo(
         request, "200 OK", "Content-Type: text/html; charset=utf-8\r\n",
         "<title>" + std::string(page.title) + "</title><a href=numbers.html>" + page.name + "</a>");
   }
-  return fullAnswer(request, "404 Not Found", "", "");
+  return rawAnswerTo(request, "404 Not Found", "", "");
 }
 
 TEST(HostileTexts, AreWrittenAsTheyAre) {

@@ -71,6 +71,13 @@ std::string rawAnswer(std::string_view status, std::string_view headers, std::st
   return answer;
 }
 
+std::string rawAnswerTo(const RawRequest& request, std::string_view status, std::string_view headers,
+                        std::string_view body) {
+  std::string answer = rawAnswer(status, headers, body);
+  if (request.method() == "HEAD") answer.resize(answer.size() - body.size());
+  return answer;
+}
+
 RawConnection::RawConnection(RawServer& server, Descriptor socket, int number)
     : m_server(server), m_socket(std::move(socket)), m_number(number) {}
 
@@ -109,11 +116,6 @@ bool RawConnection::readMore() {
 std::string RawConnection::receive() {
   if (m_unread.empty()) readMore();
   return std::exchange(m_unread, {});
-}
-
-bool RawConnection::startsTls() {
-  constexpr char kHandshakeRecord = 0x16;
-  return (!m_unread.empty() || readMore()) && m_unread.front() == kHandshakeRecord;
 }
 
 bool RawConnection::send(std::string_view bytes) {

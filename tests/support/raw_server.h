@@ -41,6 +41,10 @@ struct RawRequest {
 /// A complete answer with its Content-Length: rawAnswer("200 OK", "Content-Type: text/html\r\n", "<p>").
 std::string rawAnswer(std::string_view status, std::string_view headers, std::string_view body);
 
+/// Likewise, and without the body where the request is a HEAD.
+std::string rawAnswerTo(const RawRequest& request, std::string_view status, std::string_view headers,
+                        std::string_view body);
+
 class RawServer;
 
 /// One accepted connection, used on its handler's thread. It closes when the handler returns. No call
@@ -51,8 +55,6 @@ class RawConnection {
   std::optional<RawRequest> readRequest();
   /// What comes next, whatever it is; empty when the client is gone.
   std::string receive();
-  /// Whether the client begins a TLS handshake, of which nothing is taken away.
-  bool startsTls();
   /// False when the client is gone. Blocks while the client does not read.
   bool send(std::string_view bytes);
   /// Sends the same again and again until the client is gone.
