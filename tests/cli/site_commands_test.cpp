@@ -83,7 +83,6 @@ TEST_F(SiteCommands, BadInputIsNamedAndChangesNothing) {
        {"add", "a.b", "ftp://x"},
        "The site name cannot contain the following characters: / \\ . or ?\n"
        "URLs must begin http:// or https://\nftp:// etc scans are"},
-      {"blank name", {"add", "", "a.test"}, "The site name field cannot be left blank.\n"},
       {"taken name",
        {"add", "shop", "c.test"},
        "The site you are trying to create already exists, please select"},
@@ -96,38 +95,25 @@ TEST_F(SiteCommands, BadInputIsNamedAndChangesNothing) {
        {"edit", "shop", "--name", "other", "--url", "c.test", "--ignore-robots", "yes"},
        "A site with the name \"other\" already exists, please delete this site first or select a different "
        "name."},
-      {"rename to a blank name",
-       {"edit", "shop", "--name", ""},
-       "The site name field cannot be left blank.\n"},
       {"rename out of the folder", {"edit", "shop", "--name", "../x"}, kForbidden},
       {"blank URL", {"edit", "shop", "--url", ""}, "The site URL field cannot be left blank.\n"},
       {"nothing to edit", {"edit", "shop"}, "There is nothing to change"},
       {"unknown robots answer", {"edit", "shop", "--ignore-robots", "maybe"}, "--ignore-robots: "},
-      {"edit an unknown site", {"edit", "none", "--url", "c.test"}, kUnknown},
       {"delete an unknown site", {"delete", "none", "--yes"}, kUnknown},
       {"delete out of the folder",
        {"delete", "shop/../other", "--yes"},
        "There is no site named \"shop/../other\"."},
-      {"delete the data folder", {"delete", ".", "--yes"}, "There is no site named \".\"."},
       {"delete without being asked", {"delete", "shop"}, "Nobody can be asked here"},
-      {"filters of an unknown site", {"filters", "none", "--add", "x"}, kUnknown},
       {"empty filter",
        {"filters", "shop", "--add", "/b", "--add", ""},
-       "Cannot Add Filter: There is nothing to add!\n"},
-      {"filter of line ends",
-       {"filters", "shop", "--add", "\n"},
        "Cannot Add Filter: There is nothing to add!\n"},
       {"filter that is not there",
        {"filters", "shop", "--add", "/b", "--delete", "/a", "--delete", "/A"},
        "There is no filter \"/A\". Nothing was changed.\n"},
-      {"filter deleted twice",
-       {"filters", "shop", "--delete", "/a", "--delete", "/a"},
-       "There is no filter \"/a\"."},
       {"show an unknown site", {"show", "none\x1B[2J"}, "There is no site named \"none\uFFFD[2J\".\n"},
       {"where is an unknown site", {"where", "none"}, kUnknown},
       {"scan an unknown site", {"scan", "none"}, kUnknown},
       {"too many connections", {"scan", "shop", "--connections", "65"}, "--connections: "},
-      {"no connections", {"scan", "shop", "--connections", "0"}, "--connections: "},
       {"no pages", {"scan", "shop", "--max-pages", "0"}, "--max-pages: "},
       {"unknown loop answer", {"scan", "shop", "--loops", "maybe"}, "--loops: "},
       {"unknown progress", {"scan", "shop", "--progress", "0"}, "--progress: "},
@@ -205,16 +191,6 @@ TEST_F(SiteCommands, EditChangesOnlyWhatIsGiven) {
   EXPECT_EQ(reasons.lookUp("Shop", {"http://a.test/x"})[0].reason, "404 - Not Found");
 }
 
-TEST_F(SiteCommands, EditTellsWhenTheRecordHasNoPlaceForIt) {
-  write("a/a.qzVSK", "<siteName>a</siteName>");
-  for (const Arguments& arguments :
-       {Arguments{"edit", "a", "--url", "b.test"}, {"edit", "a", "--ignore-robots", "yes"}}) {
-    const auto result = run(arguments);
-    EXPECT_EQ(result.exitCode, 4);
-    EXPECT_THAT(result.errors, HasSubstr("a/a.qzVSK: The record has no "));
-  }
-}
-
 TEST_F(SiteCommands, DeleteAsksOnATerminal) {
   prepare({"add", "shop", "a.test"});
   ASSERT_TRUE(reasons.save("shop", {{"u", "404 - Not Found"}}).ok());
@@ -261,40 +237,6 @@ TEST_F(SiteCommands, ShowTellsWhyPagesAreBroken) {
       {"url": "http://a.test/2", "reason": "404 - Not\u001b Found"}])"));
   EXPECT_EQ(json["ignoreRobots"], false);
   EXPECT_EQ(snapshot(), before);
-}
-
-TEST_F(SiteCommands, ASiteThatIsBeingScannedIsLeftAlone) {
-  prepare({"add", "shop", "a.test"});
-  prepare({"filters", "shop", "--add", "/a"});
-  const auto before = snapshot();
-  const platform::FolderLock scan(data() / "shop");
-  ASSERT_TRUE(scan.result().ok());
-  for (const Arguments& arguments : {Arguments{"edit", "shop", "--name", "x"},
-                                     {"delete", "shop", "--yes"},
-                                     {"filters", "shop", "--delete", "/a"},
-                                     {"scan", "shop"}}) {
-    SCOPED_TRACE(arguments[0]);
-    const auto result = run(arguments);
-    EXPECT_EQ(result.exitCode, 5);
-    EXPECT_EQ(result.errors, "The site \"shop\" is being scanned.\n");
-    EXPECT_EQ(snapshot(), before);
-  }
-  for (const char* command : {"sites", "show", "filters", "where"}) {
-    SCOPED_TRACE(command);
-    EXPECT_EQ(run(command == std::string("sites") ? Arguments{command} : Arguments{command, "shop"}).exitCode,
-              0);
-  }
-}
-
-TEST_F(SiteCommands, MissingOrBlockedDataFolderIsExplained) {
-  ASSERT_TRUE(platform::makeEmptyFile(home.path() / "Library").ok());
-  const auto blocked = run({"sites"});
-  EXPECT_EQ(blocked.exitCode, 4);
-  EXPECT_THAT(blocked.errors, StartsWith("Could not use the data folder " + data().native() + ": "));
-
-  const auto homeless = support::runProgram(VESKEL_CLI, {"sites"}, {{{"HOME", home.path() / "none"}}});
-  EXPECT_EQ(homeless.exitCode, 4);
-  EXPECT_FALSE(platform::somethingAt(home.path() / "none"));
 }
 
 TEST_F(SiteCommands, NamesOfCommandsAndOptionsCanBeSites) {

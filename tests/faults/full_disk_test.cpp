@@ -40,28 +40,6 @@ class FullDisk : public FaultTest {
   MountedFolder m_disk{"size=2m"};
 };
 
-TEST_F(FullDisk, EditsFailAndLeaveAllAsItWas) {
-  prepare({"add", "shop", "http://a.test/"});
-  prepare({"filters", "shop", "--add", "/first/"});
-  const Snapshot before = snapshotOf(data());
-  const Arguments edits[] = {{"edit", "shop", "--url", "http://b.test/"},
-                             {"edit", "shop", "--ignore-robots", "yes"},
-                             {"filters", "shop", "--add", "/second/"},
-                             {"add", "other", "http://b.test/"},
-                             {"edit", "shop", "--name", "store"}};
-  leaveRoomFor(0);
-  for (const Arguments& edit : edits) {
-    SCOPED_TRACE(edit[0] + " " + edit[2]);
-    const auto result = run(edit);
-    EXPECT_EQ(result.exitCode, 4);
-    EXPECT_EQ(result.output, "");
-    EXPECT_THAT(result.errors, HasSubstr("No space left on device"));
-    EXPECT_TRUE(snapshotOf(data()) == before);
-  }
-  freeRoom();
-  for (const Arguments& edit : edits) prepare(edit);
-}
-
 TEST_F(FullDisk, ScansKeepWhatStillFits) {
   const support::SiteServer server(manyPages(120));
   prepare({"add", "shop", server.url()});

@@ -19,7 +19,6 @@ namespace fs = std::filesystem;
 using std::chrono::microseconds;
 
 constexpr int kScanKills = 80;
-constexpr int kEditKills = 40;
 constexpr int kMostRuns = 2'000;
 
 class Killed : public FaultTest {
@@ -99,39 +98,6 @@ TEST_F(Killed, ScansLoseNothing) {
   }
 }
 
-TEST_F(Killed, EditsAreDoneOrNot) {
-  prepare({"add", "shop", "http://a.test/"});
-  prepare({"filters", "shop", "--add", "/first/"});
-  const Arguments edits[] = {{"edit", "shop", "--url", "http://a.test/" + std::string(3000, 'a')},
-                             {"filters", "shop", "--add", std::string(5000, 'f')},
-                             {"edit", "shop", "--ignore-robots", "yes"},
-                             {"filters", "shop", "--delete", std::string(5000, 'f')},
-                             {"edit", "shop", "--ignore-robots", "no"},
-                             {"edit", "shop", "--url", "http://b.test/"}};
-  const support::TempFolder twin;  // where the same edits happen without being killed
-  int killed = 0;
-  for (int run = 0; killed < kEditKills; ++run) {
-    const Arguments& edit = edits[static_cast<std::size_t>(run) % std::size(edits)];
-    SCOPED_TRACE("run " + std::to_string(run) + ": " + edit[0] + " " + edit[2]);
-    ASSERT_LT(run, kMostRuns) << "the program is never killed in time";
-    const Snapshot before = withoutLeftovers(snapshotOf(data()));
-    fs::copy(ownHome.path(), twin.path(), fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    useHome(twin.path());
-    prepare(edit);
-    const Snapshot after = withoutLeftovers(snapshotOf(data()));
-    useHome(ownHome.path());
-
-    killed += runAndKill(edit);
-    const Snapshot now = withoutLeftovers(snapshotOf(data()));
-    EXPECT_TRUE(now == before || now == after);
-    if (now == before) prepare(edit);
-    EXPECT_TRUE(withoutLeftovers(snapshotOf(data())) == after);
-    if (HasFailure()) return;
-  }
-  prepare({"edit", "shop", "--url", "http://end.test/"});
-  EXPECT_THAT(platform::filesBelow(site()), testing::ElementsAre("filters.vskp", "shop.qzVSK"));
-}
-
 /// Killed as it enters the n-th of these calls, for every n that there is. Once the list of sites was read,
 /// all is as before or as after.
 TEST_F(Killed, ASiteIsChangedOrNotWhereverThatEnds) {
@@ -149,6 +115,14 @@ TEST_F(Killed, ASiteIsChangedOrNotWhereverThatEnds) {
   };
   const Case cases[] = {
       {{"add", "shop", "http://a.test/"}, {}, bare, 5},
+      {{"edit", "shop", "--url", "http://b.test/"},
+       bare,
+       {{"shop", "(folder)"}, {"shop/shop.qzVSK", store::newSiteRecord("shop", "http://b.test/")}},
+       6},
+      {{"filters", "shop", "--delete", "/kept/", "--add", "/new/"},
+       shop,
+       {{"shop", "(folder)"}, {"shop/filters.vskp", "/new/\n"}, {"shop/shop.qzVSK", record}},
+       6},
       {{"delete", "shop", "--yes"}, shop, {}, 5},
       {{"edit", "shop", "--name", "store", "--url", "http://b.test/"},
        shop,
@@ -188,7 +162,7 @@ TEST_F(Killed, ASiteIsChangedOrNotWhereverThatEnds) {
         EXPECT_TRUE(before.empty() || now.empty() || reasons.lookUp(name, {"u"})[0].reason == "of shop");
         if (now == before) prepare(command);
         EXPECT_TRUE(withoutLeftovers(snapshotOf(data())) == after);
-        if (!after.empty()) prepare({"edit", command[0] == "edit" ? "store" : "shop", "--url", "c.test"});
+        if (snapshotOf(data()) != after) prepare({"edit", after.begin()->first, "--url", "c.test"});
         const auto files = platform::filesBelow(data());
         EXPECT_TRUE(std::none_of(files.begin(), files.end(), isLeftover));
         if (HasFailure()) return;
