@@ -38,6 +38,7 @@ HTMLViewController::HTMLViewController(const HTMLViewServices& services)
     : m_services(services),
       m_state(services.state),
       m_sheets(services.sheets),
+      m_document(services.state, services.controls, services.recovery),
       m_pt(services.mainWindow, EntryClass::pageTitle),
       m_pl(services.mainWindow, EntryClass::pageLink),
       m_urlToLoad(control<QLineEdit>(services.mainWindow, "urlToLoad")),
@@ -68,7 +69,7 @@ HTMLViewController::HTMLViewController(const HTMLViewServices& services)
 void HTMLViewController::connectControls() {
   connectStyle(m_pt);
   connectStyle(m_pl);
-  connect(&m_recoveryTimer, &QTimer::timeout, this, &HTMLViewController::keepRecoveryCopy);
+  connect(&m_recoveryTimer, &QTimer::timeout, this, [this] { m_document.keepCopy(); });
   connect(&m_sitemapTypePopup, &QComboBox::activated, this, &HTMLViewController::changeMapType);
   connect(&m_saveChangesButton, &QPushButton::clicked, this, &HTMLViewController::saveRecentChanges);
   connect(&m_vibButton, &QPushButton::clicked, this, &HTMLViewController::viewSitemapButton);
@@ -114,7 +115,7 @@ void HTMLViewController::viewTBIAction(bool wasShown) {
     return;
   }
   // Asking for the viewer once more saves, and does not ask.
-  if (m_state.qzvskHTMLString != m_originalHTMLString) saveAndReadBack();
+  if (m_document.changed()) saveAndReadBack();
   clearLinkFields();
 }
 
@@ -122,12 +123,12 @@ void HTMLViewController::styleTBIAction(int previousView) {
   m_services.mainWindow.setWindowTitle(toQString(m_state.qzvskWinTit));
   // Asking for it once more saves, and does not ask.
   if (previousView == kStyleEditor) {
-    if (m_state.qzvskHTMLString != m_originalHTMLString) saveAndReadBack();
+    if (m_document.changed()) saveAndReadBack();
     return;
   }
   takePlace(kStyleEditor);
   // Anything may have happened to the file meanwhile, a scan for example.
-  if (previousView != kViewer || !m_hasDocument) {
+  if (previousView != kViewer || !m_document.isThere()) {
     m_savedScrollPosition = {};
     afterQuestion([this] { firstLoad(); });
   }
@@ -140,26 +141,26 @@ void HTMLViewController::siteChanged() {
 }
 
 void HTMLViewController::firstLoad() {
-  clearLinkFields();
-  const std::string site = siteName();
-  if (site.empty()) return showPage(noSitePage());
-  open(m_services.controls.siteFolder(site) / layoutOfEntry(sitemapTypeArray.front())->fileName);
-  m_sitemapTypePopup.setCurrentIndex(0);
-  showFile();
+  const Opened opened = m_document.firstLoad(m_state.qzvskCurSite);
+  if (!m_state.qzvskCurSite.empty()) return showOpened(opened);
+  showSelection();
+  saveActive();
+  showPage(noSitePage());
 }
 
-/// The document of the file in hand, or why there is none: what was in hand before stays then.
-void HTMLViewController::showFile() {
-  platform::FileContent content = platform::readFile(currentFile());
-  const DocumentState state = documentState(content.text);
-  if (state != DocumentState::whole && state != DocumentState::unfinished) {
-    showPage(nothingToShowPage(state, content.text.size()));
+/// The document that was opened, or why there is none.
+void HTMLViewController::showOpened(const Opened& opened) {
+  m_urlToLoad.setText(kFileScheme + toQString(m_document.file().native()));
+  m_urlToLoad.setCursorPosition(0);
+  showSelection();
+  chooserFollowsFile();
+  if (!m_document.isThere()) {
+    saveActive();
+    showPage(nothingToShowPage(opened.state, opened.bytes));
     // Another layout may be there, or be small enough.
-    if (state != DocumentState::missing) enableUnless(m_sitemapTypePopup, {});
+    if (opened.state != DocumentState::missing) enableUnless(m_sitemapTypePopup, {});
     return;
   }
-  m_state.qzvskHTMLString = std::move(content.text);
-  m_originalHTMLString = m_state.qzvskHTMLString;
   m_documentIsNew = true;
   showDocument();
   enableEditOptions();
@@ -169,25 +170,18 @@ void HTMLViewController::showFile() {
 
 void HTMLViewController::setPopupButtons() {
   saveActive();
-  m_pt.show(m_state.qzvskHTMLString);
-  m_pl.show(m_state.qzvskHTMLString);
+  m_pt.show(m_document.text());
+  m_pl.show(m_document.text());
 }
 
 void HTMLViewController::saveActive() {
-  const bool dirty = m_originalHTMLString != m_state.qzvskHTMLString;
-  markDirty(dirty);
+  const bool dirty = m_document.changed();
   if (dirty) {
     m_recoveryTimer.start();
-  } else if (m_copyKept) {
-    dropRecoveryCopy();
   } else {
     m_recoveryTimer.stop();
   }
-}
-
-void HTMLViewController::markDirty(bool dirty) {
   enableUnless(m_saveChangesButton, dirty ? QString() : tr("Everything is saved"));
-  m_state.qzvskNeedsSave = dirty;
   emit needsSaveChanged(dirty);
 }
 
@@ -225,7 +219,7 @@ void HTMLViewController::makeWebView() {
   connect(m_scanWebView, &SitemapWebView::documentShown, this, [this] {
     markBusy(false);
     m_scanWebView->scrollTo(m_savedScrollPosition);
-    if (m_selection) markSelection();
+    if (m_document.selection()) markSelection();
   });
 }
 
@@ -277,7 +271,6 @@ void HTMLViewController::orderTabs(bool viewer) {
 
 void HTMLViewController::showPage(const std::string& page) {
   makeWebView();
-  m_hasDocument = false;
   m_documentIsNew = true;
   m_notice->hide();
   disableEditOptions();
@@ -287,29 +280,14 @@ void HTMLViewController::showPage(const std::string& page) {
 
 void HTMLViewController::showDocument() {
   makeWebView();
-  m_hasDocument = true;
   markBusy(true);
-  m_notice->setVisible(documentState(m_originalHTMLString) == DocumentState::unfinished);
-  m_scanWebView->showDocument(m_state.qzvskHTMLString, !m_documentIsNew);
+  m_notice->setVisible(m_document.isUnfinished());
+  m_scanWebView->showDocument(m_document.text(), !m_documentIsNew);
   m_documentIsNew = false;
 }
 
 void HTMLViewController::markBusy(bool busy) {
   control<QProgressBar>(m_services.mainWindow, "sitemapBusy").setVisible(busy);
-}
-
-void HTMLViewController::open(const std::filesystem::path& file) {
-  m_urlToLoad.setText(kFileScheme + toQString(file.native()));
-  m_urlToLoad.setCursorPosition(0);
-  m_state.qzvskUTLLoc = file.native();
-}
-
-std::filesystem::path HTMLViewController::currentFile() const {
-  return toUtf8(m_urlToLoad.text().mid(kFileScheme.size()));
-}
-
-std::string HTMLViewController::siteName() const {
-  return toUtf8(control<QLabel>(m_services.mainWindow, "siteName").text());
 }
 
 bool HTMLViewController::isCurrentView() const {

@@ -14,8 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "html_editor/link_selection.h"
-#include "html_editor/recovery_copies.h"
+#include "html_editor/html_document.h"
 #include "html_editor/sitemap_web_view.h"
 #include "html_editor/style_controls_view.h"
 #include "platform/files.h"
@@ -125,12 +124,8 @@ class HTMLViewController : public QObject {
   void showPage(const std::string& page);
   void showDocument();
   void enableOptions(bool enabled);
-  void markDirty(bool dirty);
   void markBusy(bool busy);
-  void open(const std::filesystem::path& file);
-  void showFile();
-  std::filesystem::path currentFile() const;
-  std::string siteName() const;
+  void showOpened(const Opened& opened);
   bool isCurrentView() const;  // the viewer or the style editor
 
   // html_view_style.cpp
@@ -156,14 +151,11 @@ class HTMLViewController : public QObject {
   void linkDeletion(const LinkSelection& link);
   void showSelection();
   void markSelection();
-  int totalLinks() const;
-  void rebuildIfCellsAreEmpty();
   void later(const LinkSelection& link, void (HTMLViewController::*step)(const LinkSelection&));
 
   // html_view_saving.cpp
-  platform::FileResult writeDocument();
   bool saveAndReadBack();
-  void readBack();
+  void reportSaved();
   void tellNotWritten(const platform::FileResult& result);
   void offerNotWritten(const platform::FileResult& result, std::string text);
   QString notWritten(const platform::FileResult& result) const;
@@ -173,14 +165,13 @@ class HTMLViewController : public QObject {
   void afterQuestion(std::function<void()> step);
   void externalBrowserView();
   void openPreview();
-  void keepRecoveryCopy();
-  void dropRecoveryCopy();
   void offerRecoveryCopy();
-  void restore(const std::string& file, const std::string& text);
+  void restore(const std::filesystem::path& file, const std::string& text);
 
   HTMLViewServices m_services;
   store::SharedState& m_state;
   platform::SheetQueue& m_sheets;
+  HtmlDocument m_document;
   StyleControlsView m_pt;
   StyleControlsView m_pl;
   QLineEdit& m_urlToLoad;
@@ -194,16 +185,11 @@ class HTMLViewController : public QObject {
   QPointer<SitemapWebView> m_scanWebView;  // made when it is first needed, as is
   QPointer<QLabel> m_notice;               // what the user should know of the document
 
-  std::string m_originalHTMLString;  // as last loaded or saved
   QPointF m_savedScrollPosition;
-  std::optional<LinkSelection> m_selection;
-  QString m_clickedTarget;     // of the selection, as it stands in the document
-  bool m_hasDocument = false;  // and not one of the two fixed pages
-  bool m_documentIsNew = true;
+  bool m_documentIsNew = true;                       // and not an edit of the one that is shown
   bool m_asking = false;                             // checkSave()'s question is up,
   std::vector<std::function<void()>> m_afterAnswer;  // and these wait for its answer
   QTimer m_recoveryTimer;
-  bool m_copyKept = false;  // of the changes that are in hand
 };
 
 }  // namespace html_editor

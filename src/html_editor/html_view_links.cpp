@@ -11,15 +11,9 @@
 #include <QTimer>
 #include <QUrl>
 
-#include "html_editor/anchor_edit.h"
 #include "html_editor/html_view_controller.h"
-#include "html_editor/layouts.h"
-#include "html_editor/link_deletion.h"
-#include "html_editor/table_rebuild.h"
-#include "platform/files.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
-#include "store/site_record.h"
 
 namespace html_editor {
 
@@ -41,15 +35,12 @@ QString named(const LinkSelection& link) {
 void HTMLViewController::linkClicked(const QString& href, const QString& label, QPointF scrolledTo) {
   m_savedScrollPosition = scrolledTo;
   // Under a sheet nobody clicks: this one has come late, and the sheet is about another link.
-  if (!m_hasDocument || m_sheets.busy()) return;
-  std::optional<LinkSelection> clicked = selectLink(toUtf8(href), toUtf8(label));
-  if (!clicked) {
+  if (!m_document.isThere() || m_sheets.busy()) return;
+  if (m_document.select(toUtf8(href), toUtf8(label))) {
+    showSelection();
+  } else {
     m_deleteButton.setEnabled(false);
-    return;
   }
-  m_selection = std::move(clicked);
-  m_clickedTarget = href;
-  showSelection();
 }
 
 /// The commands of the view for the selected link: in its context menu, and by keys while it has the focus.
@@ -67,7 +58,7 @@ void HTMLViewController::buildLinkMenu() {
   add("deleteSelection", tr("&Delete Link..."), &HTMLViewController::deleteLinkAction)
       ->setShortcut(QKeySequence::Delete);
   connect(m_scanWebView, &SitemapWebView::menuWanted, this, [this](QPoint place) {
-    if (!m_selection || m_sheets.busy()) return;
+    if (!m_document.selection() || m_sheets.busy()) return;
     auto* menu = new QMenu(m_scanWebView);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addActions(m_scanWebView->actions());
@@ -76,20 +67,21 @@ void HTMLViewController::buildLinkMenu() {
 }
 
 void HTMLViewController::copyLinkAddress() {
-  if (m_selection) QGuiApplication::clipboard()->setText(toQString(m_selection->linkEditInput));
+  if (m_document.selection())
+    QGuiApplication::clipboard()->setText(toQString(m_document.selection()->linkEditInput));
 }
 
 /// Anything may stand in a sitemap: what is no page on the web is not handed to other programs.
 void HTMLViewController::openLinkInBrowser() {
-  if (!m_selection) return;
-  const QUrl url(toQString(m_selection->linkEditInput));
+  if (!m_document.selection()) return;
+  const QUrl url(toQString(m_document.selection()->linkEditInput));
   if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
     QDesktopServices::openUrl(url);
 }
 
 void HTMLViewController::showSelection() {
-  const bool any = m_selection.has_value();
-  const LinkSelection link = m_selection.value_or(LinkSelection());
+  const bool any = m_document.selection().has_value();
+  const LinkSelection link = m_document.selection().value_or(LinkSelection());
   const auto fill = [any](QLineEdit& field, const QString& text, const QString& toolTip) {
     field.setText(text);
     field.setCursorPosition(0);
@@ -106,13 +98,13 @@ void HTMLViewController::showSelection() {
 
 void HTMLViewController::markSelection() {
   if (!m_scanWebView) return;
-  for (QAction* action : m_scanWebView->actions()) action->setEnabled(m_selection.has_value());
-  if (!m_selection) return m_scanWebView->markLink({}, {});
-  m_scanWebView->markLink(m_clickedTarget, toQString(m_selection->titleEditInput));
+  for (QAction* action : m_scanWebView->actions()) action->setEnabled(m_document.selection().has_value());
+  const LinkSelection link = m_document.selection().value_or(LinkSelection());
+  m_scanWebView->markLink(toQString(link.target), toQString(link.titleEditInput));
 }
 
 void HTMLViewController::clearLinkFields() {
-  m_selection.reset();
+  m_document.clearSelection();
   showSelection();
 }
 
@@ -128,8 +120,8 @@ void HTMLViewController::focusMoved(const QWidget* from, const QWidget* to) {
 }
 
 void HTMLViewController::commitFields() {
-  if (!m_selection) return;
-  switch (html_editor::commitFields(*m_selection, toUtf8(m_linkEditInput.text()),
+  if (!m_document.selection()) return;
+  switch (html_editor::commitFields(*m_document.selection(), toUtf8(m_linkEditInput.text()),
                                     toUtf8(m_titleEditInput.text()))) {
     case FieldCommit::edit:
       return editLinkAndTitle();
@@ -143,21 +135,18 @@ void HTMLViewController::commitFields() {
 }
 
 void HTMLViewController::editLinkAndTitle() {
-  AnchorEdit edit =
-      html_editor::editLinkAndTitle(m_state.qzvskHTMLString, *m_selection, toUtf8(m_linkEditInput.text()),
-                                    toUtf8(m_titleEditInput.text()));
-  m_state.qzvskHTMLString = std::move(edit.document);
-  clearLinkFields();
+  const bool found = m_document.editLink(toUtf8(m_linkEditInput.text()), toUtf8(m_titleEditInput.text()));
+  showSelection();
   showDocument();
   saveNow(SaveMarker::closewindow);
-  if (!edit.found) emit report(tr("Nothing was changed: the link is not in this layout as it was clicked."));
+  if (!found) emit report(tr("Nothing was changed: the link is not in this layout as it was clicked."));
 }
 
 void HTMLViewController::refuseBlank(std::string_view message) {
   constexpr int kOk = 0;
   constexpr int kDelete = 1;
   m_sheets.choose(toQString(message), {}, {tr("OK"), tr("Delete This Link")}, kOk,
-                  [this, link = *m_selection](int answer) {
+                  [this, link = *m_document.selection()](int answer) {
                     if (answer == kDelete) later(link, &HTMLViewController::beginLinkDeletion);
                   });
   clearLinkFields();
@@ -165,24 +154,24 @@ void HTMLViewController::refuseBlank(std::string_view message) {
 }
 
 void HTMLViewController::deleteLinkAction() {
-  if (!m_selection) return;
-  if (m_state.qzvskHTMLString == m_originalHTMLString) return beginLinkDeletion(*m_selection);
+  if (!m_document.selection()) return;
+  if (m_document.toDelete() == Question::deleteLink) return beginLinkDeletion(*m_document.selection());
   constexpr int kSave = 0;
   constexpr int kCancel = 1;
   m_sheets.choose(tr("Changes have been made to this sitemap, would you like to save the changes you have "
                      "made before deleting this link?"),
-                  named(*m_selection) +
+                  named(*m_document.selection()) +
                       tr("Once you have deleted a link it cannot be restored without re-scanning the site."),
                   {tr("Save Changes"), tr("Cancel Deletion"), tr("Discard Changes")}, kCancel,
-                  [this, link = *m_selection](int answer) {
+                  [this, link = *m_document.selection()](int answer) {
                     if (answer == kCancel) return;
                     if (answer == kSave) {
-                      const platform::FileResult written = writeDocument();
+                      const platform::FileResult written = m_document.saveOrKeep();
                       if (!written.ok()) return tellNotWritten(written);
-                      m_originalHTMLString = m_state.qzvskHTMLString;
+                      reportSaved();
                       saveActive();
                     } else {
-                      m_state.qzvskHTMLString = m_originalHTMLString;
+                      m_document.discard();
                       setPopupButtons();
                     }
                     later(link, &HTMLViewController::linkDeletion);
@@ -201,38 +190,20 @@ void HTMLViewController::beginLinkDeletion(const LinkSelection& link) {
 }
 
 void HTMLViewController::linkDeletion(const LinkSelection& link) {
-  LinkDeletion deletion = html_editor::linkDeletion(m_state.qzvskHTMLString, link, totalLinks());
-  m_state.qzvskHTMLString = std::move(deletion.document);
-  rebuildIfCellsAreEmpty();
-  clearLinkFields();
+  const Removed removed = m_document.removeLink(link);
+  showSelection();
   showDocument();
   saveNow(SaveMarker::closewindow);
-  if (deletion.removed == Removed::nothing) {
+  if (removed == Removed::nothing)
     emit report(tr("Nothing was removed: the link could not be told apart in this layout."));
-  }
-}
-
-/// The count of LINKIDs that the site's record tells; 0 when it cannot be read.
-int HTMLViewController::totalLinks() const {
-  const platform::FileContent record =
-      platform::readFile(m_services.controls.returnFullFileLocation(siteName()), platform::kMaxListBytes);
-  return store::recordCount(record.text, store::kTotalLinks).value_or(0);
-}
-
-void HTMLViewController::rebuildIfCellsAreEmpty() {
-  const sitemaps::Layout* layout = layoutOfTitle(toUtf8(m_sitemapTypePopup.currentText()));
-  const auto remaining = checkForEmptyColumn(m_state.qzvskHTMLString);
-  if (layout == nullptr || !remaining) return;
-  const auto file = m_services.controls.siteFolder(siteName()) / layout->fileName;
-  m_state.qzvskHTMLString = rebuildSitemaps(platform::readFile(file).text, *remaining, layout->columns);
 }
 
 /// A step that opens a sheet waits until the one before it has gone. Meanwhile the user is free to go to
 /// another document, where the link has no business, or to click another link, which is not the one meant.
 void HTMLViewController::later(const LinkSelection& link,
                                void (HTMLViewController::*step)(const LinkSelection&)) {
-  QTimer::singleShot(kFollowUpDelay, this, [this, link, step, file = m_state.qzvskUTLLoc] {
-    if (m_hasDocument && file == m_state.qzvskUTLLoc) (this->*step)(link);
+  QTimer::singleShot(kFollowUpDelay, this, [this, link, step, file = m_document.file()] {
+    if (m_document.isThere() && file == m_document.file()) (this->*step)(link);
   });
 }
 

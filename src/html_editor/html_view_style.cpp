@@ -10,20 +10,19 @@ using platform::toQString;
 using platform::toUtf8;
 
 void HTMLViewController::changeFontFamily(StyleControlsView& controls) {
-  useStyled(
-      withFontFamily(m_state.qzvskHTMLString, controls.entries, toUtf8(controls.fontFace.currentText())));
+  useStyled(withFontFamily(m_document.text(), controls.entries, toUtf8(controls.fontFace.currentText())));
 }
 
 void HTMLViewController::changeFontSize(StyleControlsView& controls) {
-  useStyled(withFontSize(m_state.qzvskHTMLString, controls.entries, toUtf8(controls.fontSize.currentText())));
+  useStyled(withFontSize(m_document.text(), controls.entries, toUtf8(controls.fontSize.currentText())));
 }
 
 void HTMLViewController::changeBold(StyleControlsView& controls) {
-  useStyled(withBold(m_state.qzvskHTMLString, controls.entries, controls.boldButton.isChecked()));
+  useStyled(withBold(m_document.text(), controls.entries, controls.boldButton.isChecked()));
 }
 
 void HTMLViewController::changeItalic(StyleControlsView& controls) {
-  useStyled(withItalic(m_state.qzvskHTMLString, controls.entries, controls.italicButton.isChecked()));
+  useStyled(withItalic(m_document.text(), controls.entries, controls.italicButton.isChecked()));
 }
 
 void HTMLViewController::changePTColour(std::string_view colour) {
@@ -35,7 +34,7 @@ void HTMLViewController::changePLColour(std::string_view colour) {
 }
 
 void HTMLViewController::changeColour(EntryClass entries, std::string_view colour) {
-  useStyled(withColour(m_state.qzvskHTMLString, entries, colour));
+  useStyled(withColour(m_document.text(), entries, colour));
 }
 
 void HTMLViewController::ptColourWell(const Colour& colour) {
@@ -83,12 +82,12 @@ void HTMLViewController::complainAboutColour(StyleControlsView& controls) {
 }
 
 void HTMLViewController::changeUnderline(StyleControlsView& controls, Underline mode) {
-  useStyled(withUnderline(m_state.qzvskHTMLString, controls.entries, mode));
+  useStyled(withUnderline(m_document.text(), controls.entries, mode));
 }
 
 void HTMLViewController::useStyled(std::string document) {
-  m_state.qzvskHTMLString = std::move(document);
-  if (m_scanWebView && m_scanWebView->showStyleOf(m_state.qzvskHTMLString)) {
+  m_document.restyle(std::move(document));
+  if (m_scanWebView && m_scanWebView->showStyleOf(m_document.text())) {
     m_scanWebView->scrollTo(m_savedScrollPosition);  // as after a load, which other documents need for this
   } else {
     showDocument();
