@@ -13,6 +13,14 @@ constexpr char lowerAscii(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+constexpr bool isAsciiLetter(char c) {
+  return lowerAscii(c) >= 'a' && lowerAscii(c) <= 'z';
+}
+
+constexpr bool isAsciiDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
 inline std::string lowerAscii(std::string_view text) {
   std::string lower(text);
   for (char& c : lower) c = lowerAscii(c);

@@ -83,9 +83,6 @@ constexpr Encoding kEncodings[] = {
 bool isBlank(char c) {
   return kBlanks.find(c) != std::string_view::npos;
 }
-bool isAsciiLetter(char c) {
-  return lowerAscii(c) >= 'a' && lowerAscii(c) <= 'z';
-}
 
 /// Null for an unknown label.
 const Encoding* encodingLabelled(std::string_view label) {

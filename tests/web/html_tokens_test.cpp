@@ -1,0 +1,156 @@
+// The tokens of the public cases (html5lib-tests, folder "tokenizer"), which the program's own tests do
+// without: VESKEL_TOKENIZER_CASES names the folder that holds them.
+#include "web/html_tokens.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "web/attributes.h"
+#include "web/document_type.h"
+
+namespace web {
+namespace {
+
+using nlohmann::json;
+
+json orNull(const std::optional<std::string>& text) {
+  return text ? json(*text) : json(nullptr);
+}
+
+template <typename Append, typename... Arguments>
+std::string read(Append append, Arguments... arguments) {
+  std::string text;
+  append(text, arguments...);
+  return text;
+}
+
+json asJson(const Token& token) {
+  switch (token.kind) {
+    case TokenKind::text:
+      return {"Character", read(appendText, token.written, token.form)};
+    case TokenKind::comment:
+      return {"Comment", read(appendText, token.written, TextForm::rawtext)};
+    case TokenKind::endTag:
+      return {"EndTag", read(appendName, token.name)};
+    case TokenKind::documentType: {
+      const DocumentType type = documentTypeOf(token);
+      return {"DOCTYPE", orNull(type.name), orNull(type.publicId), orNull(type.systemId), !type.quirks};
+    }
+    default:
+      break;
+  }
+  json attributes = json::object();
+  for (const Attribute& each : attributesOf(token.written)) {
+    const std::string name = read(appendName, each.name);
+    EXPECT_FALSE(attributes.contains(name)) << name;
+    attributes[name] = read(appendAttributeValue, each.value);
+  }
+  json tag = {"StartTag", read(appendName, token.name), attributes};
+  if (token.selfClosing) tag.push_back(true);
+  return tag;
+}
+
+/// Neighbouring texts are one token in the cases.
+json tokensOf(Tokenizer tokenizer) {
+  json tokens = json::array();
+  for (Token token; (token = tokenizer.next()).kind != TokenKind::end;) {
+    json next = asJson(token);
+    if (next[0] == "Character" && !tokens.empty() && tokens.back()[0] == "Character") {
+      tokens.back()[1] = tokens.back()[1].get<std::string>() + next[1].get<std::string>();
+    } else {
+      tokens.push_back(std::move(next));
+    }
+  }
+  return tokens;
+}
+
+/// Cases write characters that JSON cannot hold as "\u" and four digits once more. Halves of a pair that
+/// stand alone become three bytes each.
+std::string unescaped(const std::string& text) {
+  std::string result;
+  for (std::size_t i = 0; i < text.size();) {
+    if (text.compare(i, 2, "\\u") != 0) {
+      result += text[i++];
+      continue;
+    }
+    unsigned code = static_cast<unsigned>(std::stoul(text.substr(i + 2, 4), nullptr, 16));
+    i += 6;
+    if (code >= 0xD800 && code < 0xDC00 && text.compare(i, 3, "\\uD") == 0) {
+      const unsigned low = static_cast<unsigned>(std::stoul(text.substr(i + 2, 4), nullptr, 16));
+      code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
+      i += 6;
+    }
+    const auto tail = [&](unsigned shift) { return static_cast<char>(0x80 | (code >> shift & 0x3F)); };
+    if (code < 0x80) {
+      result += static_cast<char>(code);
+    } else if (code < 0x800) {
+      result += {static_cast<char>(0xC0 | code >> 6), tail(0)};
+    } else if (code < 0x10000) {
+      result += {static_cast<char>(0xE0 | code >> 12), tail(6), tail(0)};
+    } else {
+      result += {static_cast<char>(0xF0 | code >> 18), tail(12), tail(6), tail(0)};
+    }
+  }
+  return result;
+}
+
+json unescaped(const json& value) {
+  if (value.is_string()) return unescaped(value.get<std::string>());
+  json result = value;
+  if (value.is_array()) {
+    for (json& each : result) each = unescaped(json(each));
+  } else if (value.is_object()) {
+    result = json::object();
+    for (const auto& [name, each] : value.items()) result[unescaped(name)] = unescaped(each);
+  }
+  return result;
+}
+
+const std::map<std::string, Content> kStates = {
+    {"Data state", Content::markup},         {"RCDATA state", Content::rcdata},
+    {"RAWTEXT state", Content::rawtext},     {"Script data state", Content::script},
+    {"PLAINTEXT state", Content::plaintext}, {"CDATA section state", Content::cdataSection}};
+
+/// How many cases there were.
+int tryCase(const json& each) {
+  const bool escaped = each.value("doubleEscaped", false);
+  const std::string input =
+      escaped ? unescaped(each["input"].get<std::string>()) : each["input"].get<std::string>();
+  const json expected = escaped ? unescaped(each["output"]) : each["output"];
+  int tried = 0;
+  for (const std::string& state : each.value("initialStates", std::vector<std::string>{"Data state"})) {
+    SCOPED_TRACE(each["description"].get<std::string>() + ", " + state);
+    const std::string name = each.value("lastStartTag", std::string());
+    Tokenizer tokenizer(input);
+    tokenizer.readContent(kStates.at(state), name);
+    EXPECT_EQ(tokensOf(tokenizer), expected) << input;
+    ++tried;
+  }
+  return tried;
+}
+
+TEST(HtmlTokens, AreThoseOfThePublicCases) {
+  const char* folder = std::getenv("VESKEL_TOKENIZER_CASES");
+  if (folder == nullptr)
+    GTEST_SKIP() << "VESKEL_TOKENIZER_CASES does not name the folder of the public cases";
+  int tried = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    if (entry.path().extension() != ".test") continue;
+    SCOPED_TRACE(entry.path().filename());
+    std::ifstream file(entry.path());
+    // Those of the one file that has another list are about documents that become XML.
+    for (const json& each : json::parse(file).value("tests", json::array())) tried += tryCase(each);
+  }
+  RecordProperty("tried", tried);
+  EXPECT_GT(tried, 0) << folder;
+}
+
+}  // namespace
+}  // namespace web
