@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +9,7 @@
 namespace crawler {
 
 struct Anchor {
-  std::optional<std::string> href;  // as written, entities decoded; nothing without the attribute
+  std::optional<std::string> href;  // as written, references decoded; nothing without the attribute
   std::string title;                // findLinkTitle(); empty when there is no href
 };
 
@@ -22,9 +21,8 @@ struct PageContents {
   std::size_t bytes() const;
 };
 
-/// Reads a page's markup (valid UTF-8), however broken. A page made to exhaust its reader is read in part
-/// (platform/markup.h), and so is one with more than a quarter of a million anchors. What that leaves depends
-/// on the markup alone, unless a stop ends the reading.
-PageContents readPageContents(std::string_view markup, std::stop_token stop = {});
+/// Reads a page's markup (UTF-8), however broken, by the rules of web/page_reader.h. Of a page with more than
+/// a quarter of a million anchors the first ones come back.
+PageContents readPageContents(std::string_view markup);
 
 }  // namespace crawler

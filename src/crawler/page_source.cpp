@@ -11,7 +11,7 @@ namespace {
 constexpr std::chrono::seconds kLastModifiedTimeout{10};
 
 PageContents readBody(platform::HttpAnswer& answer, const std::stop_token& stop) {
-  return readPageContents(platform::decodePage(std::move(answer.body), answer.contentType, stop), stop);
+  return readPageContents(platform::decodePage(std::move(answer.body), answer.contentType, stop));
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ std::string firstCapture(std::string_view markup, std::initializer_list<const Re
 std::string imageName(std::string_view markup) {
   static const Regex kAltDouble("alt=\"(.*?)\""), kAltSingle("alt='(.*?)'");
   static const Regex kTitleDouble("title=\"(.*?)\""), kTitleSingle("title='(.*?)'");
-  // A value without quotes gives no name: serialised markup always has them.
+  // A value without quotes gives no name: the markup written back always has them.
   const std::string folded = platform::foldCase(markup);
   if (folded.find("alt=") != std::string::npos) {
     return firstCapture(markup, {&kAltDouble, &kAltSingle}, "Image Link With No Alt Tag");
@@ -40,14 +40,14 @@ std::string imageName(std::string_view markup) {
 
 }  // namespace
 
-std::optional<std::string> findHREFInNode(const AnchorElement& anchor) {
+std::optional<std::string> findHREFInNode(const web::AnchorElement& anchor) {
   return anchor.href;
 }
 
-std::string findLinkTitle(const AnchorElement& anchor) {
+std::string findLinkTitle(const web::AnchorElement& anchor) {
   if (!anchor.text.empty()) return anchor.text;
   if (!anchor.name.empty()) return anchor.name;
-  if (anchor.firstChild != FirstChild::image) return "No Link Name Found";
+  if (anchor.firstChild != web::FirstChild::image) return "No Link Name Found";
   const std::string name = imageName(anchor.imageMarkup);
   return name.empty() ? "Could not find link title" : name;
 }

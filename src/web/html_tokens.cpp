@@ -204,7 +204,7 @@ Token Tokenizer::comment(std::size_t begin) {
   for (std::size_t at = begin; (at = find('>', at)) < m_text.size();) {
     const std::string_view written = m_text.substr(begin, at - begin);
     m_at = ++at;
-    if (written.empty() || written == "-") return commentOf({}, {});
+    if (written.empty() || written == "-") return commentOf(written, written);
     for (const std::string_view end : {"--", "--!"}) {
       if (written.ends_with(end)) return commentOf(written, end);
     }

@@ -1,0 +1,65 @@
+// The elements that change how a page's markup is read, or what its title and links are.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace web {
+
+enum class Element : std::uint8_t {
+  other,
+  anchor,
+  annotationXml,
+  applet,
+  br,
+  button,
+  caption,
+  cell,    // td
+  column,  // col, colgroup
+  desc,
+  foreignObject,
+  headerCell,    // th
+  image,         // img
+  imageOldName,  // image, which browsers read as img
+  marquee,
+  math,
+  mathText,  // mi, mo, mn, ms, mtext
+  object,
+  paragraph,  // p
+  plaintext,
+  preformatted,  // pre, listing
+  rawtext,       // style, xmp, iframe, noembed
+  script,
+  svg,
+  table,
+  tablePart,  // tr, tbody, thead, tfoot
+  templateElement,
+  textarea,
+  title
+};
+
+/// A tag's name, folded once for all that is asked about it.
+class ElementName {
+ public:
+  /// `written` is in any case.
+  explicit ElementName(std::string_view written);
+
+  Element element() const;
+
+  /// Whether an element of this name cannot stand in SVG or MathML, so that its start tag ends them.
+  bool isOnlyHtml() const;
+
+  /// Whether an element of this name is one of many that hold markup and end at their end tags.
+  bool isPlain() const;
+
+  /// A number below kKeys. Other names may have the same.
+  std::uint16_t key() const;
+  static constexpr std::size_t kKeys = 1024;
+
+ private:
+  std::string_view m_written;
+  std::uint64_t m_letters = 0;  // all, when there are eight at most
+};
+
+}  // namespace web
