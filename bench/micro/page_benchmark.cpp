@@ -8,6 +8,7 @@
 #include "crawler/page_contents.h"
 #include "platform/text.h"
 #include "sample_pages.h"
+#include "sax_reader.h"
 
 namespace {
 
@@ -25,6 +26,15 @@ void readPageContents(benchmark::State& state) {
   countBytes(state, pages);
 }
 BENCHMARK(readPageContents)->Unit(benchmark::kMillisecond);
+
+void readBySax(benchmark::State& state) {
+  const std::vector<std::string>& pages = bench::samplePages();
+  for (auto _ : state) {
+    for (const std::string& page : pages) benchmark::DoNotOptimize(bench::readBySax(page));
+  }
+  countBytes(state, pages);
+}
+BENCHMARK(readBySax)->Unit(benchmark::kMillisecond);
 
 void decodePage(benchmark::State& state, const char* contentType) {
   const std::vector<std::string>& pages = bench::samplePages();

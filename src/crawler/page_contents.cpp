@@ -14,11 +14,13 @@ constexpr std::size_t kMaxAnchors = 1u << 18;
 
 class AnchorCollector : public web::PageHandler {
  public:
-  void anchor(const web::AnchorElement& element) override {
+  AnchorCollector() { anchors.reserve(32); }  // as many as most pages have
+
+  void anchor(web::AnchorElement&& element) override {
     if (anchors.size() >= kMaxAnchors) return;
     Anchor& anchor = anchors.emplace_back();
-    anchor.href = findHREFInNode(element);
-    if (anchor.href) anchor.title = findLinkTitle(element);
+    if (element.href) anchor.title = findLinkTitle(element);
+    anchor.href = findHREFInNode(std::move(element));
   }
 
   std::vector<Anchor> anchors;

@@ -16,16 +16,22 @@ namespace web {
 /// are.
 class AnchorBounds {
  public:
-  void beginAnchor() { m_inside.clear(); }
+  void beginAnchor() {
+    m_inside.clear();
+    m_inAnchor = true;
+  }
+  void endAnchor() { m_inAnchor = false; }
 
   void start(const ElementName& name);
 
-  /// Whether the end tag ends an element that has begun before the anchor. Those that end nothing do not.
+  /// Whether the end tag ends an element that has begun before the anchor in hand. Those that end nothing do
+  /// not.
   bool end(const ElementName& name);
 
  private:
   std::array<std::uint32_t, ElementName::kKeys> m_open{};  // how many of each are open, in the anchor or not
-  std::vector<std::uint16_t> m_inside;                     // begun since the anchor, the innermost last
+  bool m_inAnchor = false;
+  std::vector<std::uint16_t> m_inside;  // begun since the anchor, the innermost last
 };
 
 }  // namespace web

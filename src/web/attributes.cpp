@@ -1,11 +1,9 @@
 #include "web/attributes.h"
 
 #include <algorithm>
-#include <cstring>
 #include <numeric>
 
 #include "platform/ascii.h"
-#include "web/tag_letters.h"
 
 namespace web {
 
@@ -37,37 +35,6 @@ class ByName {
 };
 
 }  // namespace
-
-bool AttributeReader::next(Attribute& attribute) {
-  const char* const skipped = m_at;
-  while (m_at != m_end && (isBlank(*m_at) || *m_at == '/')) ++m_at;
-  if (m_at == m_end || *m_at == '>') {
-    m_selfClosing = m_at != skipped && m_at[-1] == '/';
-    return false;
-  }
-  const char* begin = m_at++;  // even a "=" begins a name
-  while (m_at != m_end && !endsAttributeName(*m_at)) ++m_at;
-  attribute.name = {begin, static_cast<std::size_t>(m_at - begin)};
-  attribute.value = {};
-  while (m_at != m_end && isBlank(*m_at)) ++m_at;
-  if (m_at == m_end || *m_at != '=') return true;
-  ++m_at;
-  while (m_at != m_end && isBlank(*m_at)) ++m_at;
-  if (m_at == m_end || *m_at == '>') return true;
-  if (*m_at == '"' || *m_at == '\'') {
-    const char quote = *m_at;
-    begin = ++m_at;
-    const void* close = std::memchr(begin, quote, static_cast<std::size_t>(m_end - begin));
-    m_at = close == nullptr ? m_end : static_cast<const char*>(close);
-    attribute.value = {begin, static_cast<std::size_t>(m_at - begin)};
-    if (m_at != m_end) ++m_at;
-    return true;
-  }
-  begin = m_at;
-  while (m_at != m_end && !endsBareValue(*m_at)) ++m_at;
-  attribute.value = {begin, static_cast<std::size_t>(m_at - begin)};
-  return true;
-}
 
 std::vector<Attribute> attributesOf(std::string_view written) {
   std::vector<Attribute> all;

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 #include <vector>
+
+#include "web/tag_letters.h"
 
 namespace web {
 
@@ -25,7 +28,7 @@ class AttributeReader {
   /// the later ones come up as well.
   bool next(Attribute& attribute);
 
-  /// Once next() gave false: how far the tag reaches, without its ">".
+  /// How far it has read; once next() gave false, how far the tag reaches without its ">".
   std::size_t size() const { return static_cast<std::size_t>(m_at - m_begin); }
 
   /// Once next() gave false: whether "/" stands right in front of the tag's ">".
@@ -37,6 +40,38 @@ class AttributeReader {
   const char* m_end;
   bool m_selfClosing = false;
 };
+
+// Here, so that a tag whose attributes nobody reads is passed over at little cost.
+inline bool AttributeReader::next(Attribute& attribute) {
+  const char* const skipped = m_at;
+  while (m_at != m_end && (isBlank(*m_at) || *m_at == '/')) ++m_at;
+  if (m_at == m_end || *m_at == '>') {
+    m_selfClosing = m_at != skipped && m_at[-1] == '/';
+    return false;
+  }
+  const char* begin = m_at++;  // even a "=" begins a name
+  while (m_at != m_end && !endsAttributeName(*m_at)) ++m_at;
+  attribute.name = {begin, static_cast<std::size_t>(m_at - begin)};
+  attribute.value = {};
+  while (m_at != m_end && isBlank(*m_at)) ++m_at;
+  if (m_at == m_end || *m_at != '=') return true;
+  ++m_at;
+  while (m_at != m_end && isBlank(*m_at)) ++m_at;
+  if (m_at == m_end || *m_at == '>') return true;
+  if (*m_at == '"' || *m_at == '\'') {
+    const char quote = *m_at;
+    begin = ++m_at;
+    const void* close = std::memchr(begin, quote, static_cast<std::size_t>(m_end - begin));
+    m_at = close == nullptr ? m_end : static_cast<const char*>(close);
+    attribute.value = {begin, static_cast<std::size_t>(m_at - begin)};
+    if (m_at != m_end) ++m_at;
+    return true;
+  }
+  begin = m_at;
+  while (m_at != m_end && !endsBareValue(*m_at)) ++m_at;
+  attribute.value = {begin, static_cast<std::size_t>(m_at - begin)};
+  return true;
+}
 
 /// The attributes that count of a tag: of each name the first one, in their order. `written` is what stands
 /// between the tag's name and its ">".

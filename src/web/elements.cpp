@@ -2,22 +2,15 @@
 
 #include <cstddef>
 
-#include "platform/ascii.h"
 #include "web/html_text.h"
+#include "web/tag_letters.h"
 
 namespace web {
 
 namespace {
 
-constexpr std::size_t kPacked = sizeof(std::uint64_t);
-
-/// The first eight letters of a name as one number, whatever their case.
 constexpr std::uint64_t packed(std::string_view name) {
-  std::uint64_t letters = 0;
-  for (const char c : name.substr(0, kPacked)) {
-    letters = letters << 8 | static_cast<unsigned char>(platform::lowerAscii(c));
-  }
-  return letters;
+  return packedLetters(name);
 }
 
 Element elementOfLongName(std::string_view written) {
@@ -27,13 +20,9 @@ Element elementOfLongName(std::string_view written) {
   return Element::other;
 }
 
-}  // namespace
-
-ElementName::ElementName(std::string_view written) : m_written(written), m_letters(packed(written)) {}
-
-Element ElementName::element() const {
-  if (m_written.size() > kPacked) return elementOfLongName(m_written);
-  switch (m_letters) {
+Element elementOf(std::string_view written, std::uint64_t letters) {
+  if (written.size() > kPackedLetters) return elementOfLongName(written);
+  switch (letters) {
     case packed("a"):
       return Element::anchor;
     case packed("applet"):
@@ -101,8 +90,13 @@ Element ElementName::element() const {
   }
 }
 
+}  // namespace
+
+ElementName::ElementName(const Token& tag)
+    : m_written(tag.name), m_letters(tag.nameLetters), m_element(elementOf(m_written, m_letters)) {}
+
 bool ElementName::isOnlyHtml() const {
-  if (m_written.size() > kPacked) return isNamed(m_written, "blockquote");
+  if (m_written.size() > kPackedLetters) return isNamed(m_written, "blockquote");
   switch (m_letters) {
     case packed("b"):
     case packed("big"):
@@ -154,7 +148,9 @@ bool ElementName::isOnlyHtml() const {
 }
 
 bool ElementName::isPlain() const {
-  if (m_written.size() > kPacked) return true;
+  if (m_element == Element::paragraph || m_element == Element::preformatted) return true;
+  if (m_element != Element::other) return false;
+  if (m_written.size() > kPackedLetters) return true;
   switch (m_letters) {
     case packed("body"):  // what comes behind is put in front of it
     case packed("form"):  // what is in it goes on
@@ -175,15 +171,7 @@ bool ElementName::isPlain() const {
     case packed("wbr"):
       return false;
     default:
-      break;
-  }
-  switch (element()) {
-    case Element::other:
-    case Element::paragraph:
-    case Element::preformatted:
       return true;
-    default:
-      return false;
   }
 }
 

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "web/html_tokens.h"
+
 namespace web {
 
 enum class Element : std::uint8_t {
@@ -39,13 +41,12 @@ enum class Element : std::uint8_t {
   title
 };
 
-/// A tag's name, folded once for all that is asked about it.
+/// A tag's name, and what follows from it.
 class ElementName {
  public:
-  /// `written` is in any case.
-  explicit ElementName(std::string_view written);
+  explicit ElementName(const Token& tag);
 
-  Element element() const;
+  Element element() const { return m_element; }
 
   /// Whether an element of this name cannot stand in SVG or MathML, so that its start tag ends them.
   bool isOnlyHtml() const;
@@ -59,7 +60,8 @@ class ElementName {
 
  private:
   std::string_view m_written;
-  std::uint64_t m_letters = 0;  // all, when there are eight at most
+  std::uint64_t m_letters;  // all, when there are eight at most
+  Element m_element;
 };
 
 }  // namespace web

@@ -1,6 +1,7 @@
 #include "web/html_text.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/ascii.h"
 #include "web/character_references.h"
@@ -16,12 +17,17 @@ enum class Nuls { stay, replaced };
 
 template <References references, Nuls nuls, ReferencePlace place>
 void append(std::string& to, std::string_view written) {
-  const auto isPlain = [](char c) {
-    return c != '\r' && (references == References::no || c != '&') && (nuls == Nuls::stay || c != '\0');
-  };
+  static constexpr std::array<bool, 256> kPlain = [] {
+    std::array<bool, 256> plain{};
+    plain.fill(true);
+    plain['\r'] = false;
+    plain['&'] = references == References::no;
+    plain['\0'] = nuls == Nuls::stay;
+    return plain;
+  }();
   for (std::size_t i = 0; i < written.size();) {
     const std::size_t begin = i;
-    while (i < written.size() && isPlain(written[i])) ++i;
+    while (i < written.size() && kPlain[static_cast<unsigned char>(written[i])]) ++i;
     to.append(written, begin, i - begin);
     if (i == written.size()) return;
     if (written[i] == '\r') {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/ascii.h"
-#include "web/attributes.h"
 #include "web/tag_letters.h"
 
 namespace web {
@@ -34,15 +33,14 @@ constexpr std::string_view kDocumentTypeStart = "<!doctype";
 
 }  // namespace
 
-Token Tokenizer::next() {
-  if (m_content != Content::markup) {
-    if (const auto token = content()) return *token;
-  }
+bool Tokenizer::next(Token& token) {
+  if (m_content != Content::markup && content(token)) return true;
   while (m_at < m_text.size()) {
-    if (!beginsMarkup(m_at)) return textUntilMarkup();
-    if (const auto token = markup()) return *token;
+    if (!beginsMarkup(m_at)) return textUntilMarkup(token);
+    if (markup(token)) return true;
   }
-  return {};
+  token = {};
+  return false;
 }
 
 void Tokenizer::readContent(Content content, std::string_view name) {
@@ -57,17 +55,17 @@ std::size_t Tokenizer::find(char c, std::size_t from) const {
 
 // --- Elements that hold text ---
 
-/// Nothing when the text is empty.
-std::optional<Token> Tokenizer::content() {
+/// False when the text is empty.
+bool Tokenizer::content(Token& token) {
   const std::size_t begin = m_at;
   const std::size_t end = contentEnd();
-  const Token token = {
-      .kind = TokenKind::text, .written = m_text.substr(begin, end - begin), .form = formOf(m_content)};
+  token.kind = TokenKind::text;
+  token.written = m_text.substr(begin, end - begin);
+  token.form = formOf(m_content);
   m_at = end;
   if (m_content == Content::cdataSection) m_at = std::min(end + kCdataEnd.size(), m_text.size());
   if (m_content != Content::plaintext) m_content = Content::markup;
-  if (begin == end) return std::nullopt;
-  return token;
+  return begin != end;
 }
 
 std::size_t Tokenizer::contentEnd() const {
@@ -137,84 +135,102 @@ bool Tokenizer::beginsMarkup(std::size_t at) const {
   return platform::isAsciiLetter(next) || next == '!' || next == '?';
 }
 
-Token Tokenizer::textUntilMarkup() {
+bool Tokenizer::textUntilMarkup(Token& token) {
   const std::size_t begin = m_at;
   do {
     m_at = find('<', m_at + 1);
   } while (m_at < m_text.size() && !beginsMarkup(m_at));
-  return {.kind = TokenKind::text, .written = m_text.substr(begin, m_at - begin)};
+  token.kind = TokenKind::text;
+  token.written = m_text.substr(begin, m_at - begin);
+  token.form = TextForm::data;
+  return true;
 }
 
-/// Nothing for "</>" and for a tag that the document ends within.
-std::optional<Token> Tokenizer::markup() {
+/// False for "</>" and for a tag that the document ends within.
+bool Tokenizer::markup(Token& token) {
   const char first = m_text[m_at + 1];
-  if (first == '!') return declaration();
-  if (first == '?') return bogusComment(m_at + 1);
-  if (first != '/') return tag(TokenKind::startTag, m_at + 1);
+  if (first == '!') return declaration(token);
+  if (first == '?') return bogusComment(token, m_at + 1);
+  if (first != '/') return tag(token, TokenKind::startTag, m_at + 1);
   const char second = m_text[m_at + 2];
-  if (platform::isAsciiLetter(second)) return tag(TokenKind::endTag, m_at + 2);
-  if (second != '>') return bogusComment(m_at + 2);
+  if (platform::isAsciiLetter(second)) return tag(token, TokenKind::endTag, m_at + 2);
+  if (second != '>') return bogusComment(token, m_at + 2);
   m_at += 3;
-  return std::nullopt;
+  return false;
 }
 
-std::optional<Token> Tokenizer::tag(TokenKind kind, std::size_t nameAt) {
+bool Tokenizer::tag(Token& token, TokenKind kind, std::size_t nameAt) {
+  token.nameLetters = 0;
   std::size_t nameEnd = nameAt;
-  while (nameEnd < m_text.size() && !endsTagName(m_text[nameEnd])) ++nameEnd;
+  for (; nameEnd < m_text.size() && !endsTagName(m_text[nameEnd]); ++nameEnd) {
+    if (nameEnd - nameAt < kPackedLetters) token.nameLetters = packedWith(token.nameLetters, m_text[nameEnd]);
+  }
   AttributeReader attributes(m_text.substr(nameEnd));
-  for (Attribute attribute; attributes.next(attribute);) continue;
+  bool more = true;
+  for (token.keptAttributes = 0; more && token.keptAttributes < Token::kKept;) {
+    more = attributes.next(token.kept[token.keptAttributes]);
+    if (more) ++token.keptAttributes;
+  }
+  token.keptSize = attributes.size();
+  for (Attribute attribute; more;) more = attributes.next(attribute);
   m_at = nameEnd + attributes.size();
-  if (m_at == m_text.size()) return std::nullopt;
+  if (m_at == m_text.size()) return false;
   ++m_at;
-  return Token{.kind = kind,
-               .written = m_text.substr(nameEnd, attributes.size()),
-               .name = m_text.substr(nameAt, nameEnd - nameAt),
-               .selfClosing = attributes.selfClosing()};
+  token.kind = kind;
+  token.name = m_text.substr(nameAt, nameEnd - nameAt);
+  token.written = m_text.substr(nameEnd, attributes.size());
+  token.selfClosing = attributes.selfClosing();
+  return true;
 }
 
-std::optional<Token> Tokenizer::declaration() {
+bool Tokenizer::declaration(Token& token) {
   const std::string_view rest = m_text.substr(m_at);
-  if (rest.starts_with(kCommentStart)) return comment(m_at + kCommentStart.size());
+  if (rest.starts_with(kCommentStart)) return comment(token, m_at + kCommentStart.size());
   if (startsWithAnyCase(rest, kDocumentTypeStart)) {
     const std::size_t begin = m_at + kDocumentTypeStart.size();
     const std::size_t end = find('>', begin);
     m_at = std::min(end + 1, m_text.size());
-    return Token{.kind = TokenKind::documentType,
-                 .written = m_text.substr(begin, end - begin),
-                 .cutOff = end == m_text.size()};
+    token.kind = TokenKind::documentType;
+    token.written = m_text.substr(begin, end - begin);
+    token.cutOff = end == m_text.size();
+    return true;
   }
   if (m_cdataAllowed && rest.starts_with(kCdataStart)) {
     m_at += kCdataStart.size();
     m_content = Content::cdataSection;
-    return content();
+    return content(token);
   }
-  return bogusComment(m_at + 2);
+  return bogusComment(token, m_at + 2);
 }
 
-Token Tokenizer::bogusComment(std::size_t begin) {
+bool Tokenizer::bogusComment(Token& token, std::size_t begin) {
   const std::size_t end = find('>', begin);
   m_at = std::min(end + 1, m_text.size());
-  return {.kind = TokenKind::comment, .written = m_text.substr(begin, end - begin)};
+  token.kind = TokenKind::comment;
+  token.written = m_text.substr(begin, end - begin);
+  return true;
 }
 
-Token Tokenizer::comment(std::size_t begin) {
-  const auto commentOf = [&](std::string_view written, std::string_view end) {
-    return Token{.kind = TokenKind::comment, .written = written.substr(0, written.size() - end.size())};
+bool Tokenizer::comment(Token& token, std::size_t begin) {
+  const auto take = [&](std::string_view written, std::size_t endSize) {
+    token.kind = TokenKind::comment;
+    token.written = written.substr(0, written.size() - endSize);
+    return true;
   };
   for (std::size_t at = begin; (at = find('>', at)) < m_text.size();) {
     const std::string_view written = m_text.substr(begin, at - begin);
     m_at = ++at;
-    if (written.empty() || written == "-") return commentOf(written, written);
+    if (written.empty() || written == "-") return take(written, written.size());
     for (const std::string_view end : {"--", "--!"}) {
-      if (written.ends_with(end)) return commentOf(written, end);
+      if (written.ends_with(end)) return take(written, end.size());
     }
   }
   m_at = m_text.size();
   const std::string_view written = m_text.substr(begin);
   for (const std::string_view end : {"--!", "--", "-"}) {
-    if (written.ends_with(end)) return commentOf(written, end);
+    if (written.ends_with(end)) return take(written, end.size());
   }
-  return commentOf(written, {});
+  return take(written, 0);
 }
 
 }  // namespace web

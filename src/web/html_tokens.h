@@ -5,25 +5,54 @@
 // Every document takes time in proportion to its length, and no memory.
 #pragma once
 
+#include <array>
 #include <cstddef>
-#include <optional>
+#include <cstdint>
 #include <string_view>
 
+#include "web/attributes.h"
 #include "web/html_text.h"
 
 namespace web {
 
 enum class TokenKind { text, startTag, endTag, comment, documentType, end };
 
+/// What does not belong to its kind may be anything.
 struct Token {
   TokenKind kind = TokenKind::end;
   /// As written. text: not empty; neighbouring pieces are one text. comment: read it as TextForm::rawtext.
-  /// Tags: what stands between name and ">". documentType: what stands behind the word (web/document_type.h).
+  /// Tags: what stands between name and ">" (web/attributes.h). documentType: what stands behind the word
+  /// (web/document_type.h).
   std::string_view written = {};
   std::string_view name = {};      // of a tag, as written
   TextForm form = TextForm::data;  // of a text
   bool selfClosing = false;        // of a tag: it ends with "/>"
   bool cutOff = false;             // of a documentType: the document ended within it
+
+  // What the tokenizer has met anyway on its way to a tag's end; ElementName and TagAttributes make use of
+  // it.
+  static constexpr std::size_t kKept = 6;
+  std::uint64_t nameLetters = 0;           // packedLetters() of the name
+  std::uint8_t keptAttributes = 0;         // how many of the next
+  std::array<Attribute, kKept> kept = {};  // the first attributes
+  std::size_t keptSize = 0;                // how far into `written` they reach
+};
+
+/// The attributes of a tag one by one, as AttributeReader gives them.
+class TagAttributes {
+ public:
+  explicit TagAttributes(const Token& tag) : m_tag(tag), m_rest(tag.written.substr(tag.keptSize)) {}
+
+  bool next(Attribute& attribute) {
+    if (m_next == m_tag.keptAttributes) return m_next == Token::kKept && m_rest.next(attribute);
+    attribute = m_tag.kept[m_next++];
+    return true;
+  }
+
+ private:
+  const Token& m_tag;
+  AttributeReader m_rest;
+  std::size_t m_next = 0;
 };
 
 /// What an element holds: the tags that it begins and ends with look the same, what is in between does not.
@@ -41,8 +70,16 @@ class Tokenizer {
   /// `text` is UTF-8 without a byte-order mark, and has to stay as long as the tokens are used.
   explicit Tokenizer(std::string_view text) : m_text(text) {}
 
-  /// After the end it gives TokenKind::end again and again.
-  Token next();
+  /// After the end it gives TokenKind::end again and
+  /// again.
+  Token next() {
+    Token token;
+    next(token);
+    return token;
+  }
+
+  /// The same without a copy; false at the end.
+  bool next(Token& token);
 
   /// Has the text that follows read as the content of the element `name` (in any case), whose start tag came
   /// last. Markup again behind its end; without a name nothing ends it.
@@ -52,17 +89,17 @@ class Tokenizer {
   void allowCdata(bool allowed) { m_cdataAllowed = allowed; }
 
  private:
-  std::optional<Token> content();
+  bool content(Token& token);
   std::size_t contentEnd() const;
   std::size_t scriptEnd() const;
   bool isEndTag(std::size_t at) const;
   bool beginsMarkup(std::size_t at) const;
-  Token textUntilMarkup();
-  std::optional<Token> markup();
-  std::optional<Token> tag(TokenKind kind, std::size_t nameAt);
-  std::optional<Token> declaration();
-  Token comment(std::size_t begin);
-  Token bogusComment(std::size_t begin);
+  bool textUntilMarkup(Token& token);
+  bool markup(Token& token);
+  bool tag(Token& token, TokenKind kind, std::size_t nameAt);
+  bool declaration(Token& token);
+  bool comment(Token& token, std::size_t begin);
+  bool bogusComment(Token& token, std::size_t begin);
 
   std::size_t find(char c, std::size_t from) const;
 

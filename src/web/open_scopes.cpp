@@ -9,20 +9,31 @@ constexpr std::size_t kMaxOpen = 1u << 16;
 
 }  // namespace
 
-/// Whether the innermost scope is a place within SVG or MathML where HTML stands.
-bool OpenScopes::topHoldsHtml() const {
-  return topIs(Element::foreignObject) || topIs(Element::desc) || topIs(Element::title) ||
-         topIs(Element::mathText) || topIs(Element::annotationXml);
-}
-
-bool OpenScopes::allowsCdata() const {
-  return inForeign() || (topHoldsHtml() && !m_scopes.back().holdsHtml);
+void OpenScopes::settleTop() {
+  m_top = Top::html;
+  if (m_scopes.empty()) return;
+  switch (m_scopes.back().element) {
+    case Element::math:
+    case Element::svg:
+      m_top = Top::foreign;
+      return;
+    case Element::annotationXml:
+    case Element::desc:
+    case Element::foreignObject:
+    case Element::mathText:
+    case Element::title:
+      m_top = Top::place;
+      return;
+    default:
+      return;
+  }
 }
 
 void OpenScopes::push(Element element) {
   if (m_scopes.size() >= kMaxOpen) return;
   const auto place = static_cast<std::uint32_t>(m_scopes.size());
   m_scopes.push_back({element, false, 0, ++m_serial, m_links});
+  settleTop();
   if (element == Element::svg || element == Element::math || element == Element::button) return;
   m_links.barrier = place;
   if (element == Element::table) m_links.table = place;
@@ -36,6 +47,7 @@ void OpenScopes::popTo(std::size_t size) {
   if (size >= m_scopes.size()) return;
   m_links = m_scopes[size].outside;
   m_scopes.resize(size, Scope{});
+  settleTop();
 }
 
 /// Ends the cell in hand.
@@ -44,7 +56,7 @@ void OpenScopes::clearToTable() {
 }
 
 void OpenScopes::startHtml(Element element, bool selfClosing) {
-  if (topHoldsHtml()) m_scopes.back().holdsHtml = true;
+  if (m_top == Top::place) m_scopes.back().holdsHtml = true;
   switch (element) {
     case Element::table:
       // A table can stand in a cell of another, not right within it.
@@ -94,7 +106,7 @@ void OpenScopes::leaveForeign() {
 }
 
 void OpenScopes::end(Element element) {
-  if (topHoldsHtml()) {
+  if (m_top == Top::place) {
     const bool endsPlace = topIs(element);
     if (endsPlace || element == Element::svg || element == Element::math) popTo(m_scopes.size() - 1);
     if (endsPlace) return;

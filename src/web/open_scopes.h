@@ -35,11 +35,12 @@ class OpenScopes {
 
   bool inTemplate() const { return m_links.inTemplate != kNone; }
   bool inSvg() const { return topIs(Element::svg); }
-  bool inMath() const { return topIs(Element::math); }
-  bool inForeign() const { return inSvg() || inMath(); }
+  bool inForeign() const { return m_top == Top::foreign; }
 
   /// Whether "<![CDATA[" begins a section here.
-  bool allowsCdata() const;
+  bool allowsCdata() const {
+    return m_top == Top::foreign || (m_top == Top::place && !m_scopes.back().holdsHtml);
+  }
 
   void startHtml(Element element, bool selfClosing);
   /// While inForeign(). `holdsHtml` tells of an annotation whether HTML is what it says to hold.
@@ -49,6 +50,9 @@ class OpenScopes {
 
  private:
   static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+
+  /// What the innermost scope holds: HTML, SVG or MathML, or HTML that began anew within these.
+  enum class Top : std::uint8_t { html, foreign, place };
 
   /// The innermost of some elements, by place; kNone without.
   struct Links {
@@ -66,7 +70,7 @@ class OpenScopes {
   };
 
   bool topIs(Element element) const { return !m_scopes.empty() && m_scopes.back().element == element; }
-  bool topHoldsHtml() const;
+  void settleTop();
   void push(Element element);
   void popTo(std::size_t size);
   void clearToTable();
@@ -75,6 +79,7 @@ class OpenScopes {
 
   std::vector<Scope> m_scopes;
   Links m_links;
+  Top m_top = Top::html;
   std::uint32_t m_serial = 0;
 };
 

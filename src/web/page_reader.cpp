@@ -41,7 +41,7 @@ Content contentOf(Element element) {
 bool endsForeign(const Token& tag, const ElementName& name) {
   if (name.isOnlyHtml()) return true;
   if (!isNamed(tag.name, "font")) return false;
-  AttributeReader attributes(tag.written);
+  TagAttributes attributes(tag);
   for (Attribute each; attributes.next(each);) {
     for (const std::string_view own : {"color", "face", "size"}) {
       if (isNamed(each.name, own)) return true;
@@ -51,7 +51,7 @@ bool endsForeign(const Token& tag, const ElementName& name) {
 }
 
 bool saysHtml(const Token& annotation) {
-  AttributeReader attributes(annotation.written);
+  TagAttributes attributes(annotation);
   for (Attribute each; attributes.next(each);) {
     if (!isNamed(each.name, "encoding")) continue;
     std::string value;
@@ -97,7 +97,7 @@ class PageReader {
   PageReader(std::string_view markup, PageHandler& handler) : m_tokenizer(markup), m_handler(handler) {}
 
   std::optional<std::string> read() {
-    for (Token token; (token = m_tokenizer.next()).kind != TokenKind::end;) {
+    for (Token token; m_tokenizer.next(token);) {
       switch (token.kind) {
         case TokenKind::text:
           text(token);
@@ -121,7 +121,7 @@ class PageReader {
 
  private:
   void startTag(const Token& tag) {
-    const ElementName name(tag.name);
+    const ElementName name(tag);
     const Element element = name.element();
     m_skipsLineFeed = false;
     if (m_scopes.inForeign() && endsForeign(tag, name)) m_scopes.leaveForeign();
@@ -146,7 +146,7 @@ class PageReader {
   }
 
   void endTag(const Token& tag) {
-    const ElementName name(tag.name);
+    const ElementName name(tag);
     const Element element = name.element();
     m_skipsLineFeed = false;
     if (atAnchorsLevel() && m_bounds.end(name)) closeAnchor();
@@ -234,12 +234,13 @@ class PageReader {
     m_anchorMark = m_scopes.mark();
     m_bounds.beginAnchor();
     m_awaitsFirstChild = true;
+    // Nobody may have moved out of it.
     m_anchor.href.reset();
     m_anchor.text.clear();
     m_anchor.name.clear();
     m_anchor.firstChild = FirstChild::none;
     bool hasName = false;
-    AttributeReader attributes(tag.written);
+    TagAttributes attributes(tag);
     for (Attribute each; attributes.next(each);) {
       if (!m_anchor.href && isNamed(each.name, "href")) {
         appendAttributeValue(m_anchor.href.emplace(), each.value);
@@ -254,11 +255,12 @@ class PageReader {
   void closeAnchor() {
     if (!m_isOpen) return;
     m_isOpen = false;
+    m_bounds.endAnchor();
     m_awaitsFirstChild = false;
     const bool hasImageOnly =
         m_anchor.firstChild == FirstChild::image && m_anchor.text.empty() && m_anchor.name.empty();
     m_anchor.imageMarkup = hasImageOnly ? imageMarkup(m_image) : std::string();
-    m_handler.anchor(m_anchor);
+    m_handler.anchor(std::move(m_anchor));
   }
 
   Tokenizer m_tokenizer;

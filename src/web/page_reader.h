@@ -43,7 +43,7 @@ class PageHandler {
   virtual ~PageHandler() = default;
 
   /// Told of each anchor, in the order of the page, also of those that lead nowhere.
-  virtual void anchor(const AnchorElement& anchor) = 0;
+  virtual void anchor(AnchorElement&& anchor) = 0;
 };
 
 /// Reads a page's markup (UTF-8), however broken. Returns the title's text, not trimmed; nothing without a

@@ -1,11 +1,27 @@
-// The bytes that end the parts of a tag.
+// The bytes that names consist of, and those that end the parts of a tag.
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
+#include "platform/ascii.h"
+
 namespace web {
+
+/// Names are compared by their first letters, as one number, whatever their case.
+inline constexpr std::size_t kPackedLetters = sizeof(std::uint64_t);
+
+constexpr std::uint64_t packedWith(std::uint64_t packed, char next) {
+  return packed << 8 | static_cast<unsigned char>(platform::lowerAscii(next));
+}
+
+constexpr std::uint64_t packedLetters(std::string_view name) {
+  std::uint64_t packed = 0;
+  for (const char c : name.substr(0, kPackedLetters)) packed = packedWith(packed, c);
+  return packed;
+}
 
 /// One look-up a byte: pages consist of tags to a large part.
 constexpr std::array<std::uint8_t, 256> makeTagLetters() {

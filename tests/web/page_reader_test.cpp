@@ -9,7 +9,7 @@ namespace web {
 namespace {
 
 struct Found : PageHandler {
-  void anchor(const AnchorElement& element) override {
+  void anchor(AnchorElement&& element) override {
     anchors.push_back(element.href.value_or("-") + '|' + element.text + '|' + element.imageMarkup);
   }
   std::vector<std::string> anchors;
