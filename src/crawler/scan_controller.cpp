@@ -13,12 +13,12 @@
 #include "platform/curl_http_client.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
+#include "store/site_list.h"
 
 namespace crawler {
 
 using platform::control;
 using platform::toQString;
-using platform::toUtf8;
 
 /// All that one scan needs, in the order in which it is taken apart last.
 struct ScanController::Scan {
@@ -69,7 +69,7 @@ void ScanController::scanSiteAction() {
   lockControls();
   forgetLastScan();
   ScanSettings settings{.siteName = m_state.qzvskCurSite,
-                        .startUrl = toUtf8(control<QLabel>(m_mainWindow, "siteURL").text()),
+                        .startUrl = store::readSite(m_controls, m_state.qzvskCurSite).details.url,
                         .ignoreRobots = m_ignoreRobots,
                         .filters = m_state.qzvskFiltersArray,
                         .dateStyle = platform::environmentDateStyle()};
