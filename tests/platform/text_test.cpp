@@ -194,6 +194,16 @@ TEST(DecodePage, TakesOffOneMark) {
   EXPECT_EQ(decodePage("", "text/html"), "");
 }
 
+TEST(DecodePage, EndsSoonAfterAStop) {
+  std::stop_source stop;
+  stop.request_stop();
+  std::string switches;  // each costs as much as many characters
+  while (switches.size() < 1u << 20) switches += "\x1B$B\x1B(B\xFF";
+  for (const char* set : {"iso-2022-jp", "utf-8", "utf-16"}) {
+    EXPECT_LT(decodePage(switches, "text/html; charset="s + set, stop.get_token()).size(), 1000u) << set;
+  }
+}
+
 TEST(DecodePage, HandsGoodTextOnWithoutACopy) {
   for (const char* type : {"text/html; charset=utf-8", "text/html"}) {
     std::string page(1 << 20, 'x');

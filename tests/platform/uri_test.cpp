@@ -1,5 +1,7 @@
 #include "platform/uri.h"
 
+#include <sstream>
+
 #include <gtest/gtest.h>
 
 #include "platform/idna.h"
@@ -61,88 +63,23 @@ TEST(SplitUri, SplitsEveryText) {
   }
 }
 
-TEST(IsUriReference, AcceptsTheGrammar) {
-  static constexpr const char* kAccepted[] = {
-      "",
-      "a",
-      "/",
-      "//h",
-      "//",
-      "?",
-      "#",
-      "./a:b",
-      "/a:b",
-      "a/b:c",
-      "http:",
-      "http://",
-      "http://h:/",
-      "http://h:99999/",
-      "http://%C3%A4.test/",
-      "http://u:p:q@h/",
-      "http://@h/",
-      "http://[::1]/",
-      "http://[2001:db8::7:1.2.3.4]:80",
-      "http://[vF.a:b!]/",
-      "a+1.-b:c",
-      "/a//b/;x=1,2/@:!$&'()*+-._~",
-      "?a=/?:@",
-      "#/?:@!",
-      "urn:isbn:1-2",
-      "..%2f%2F",
-  };
-  for (const char* text : kAccepted) {
-    EXPECT_TRUE(isUriReference(text)) << text;
-  }
-}
-
-TEST(IsUriReference, RejectsEverythingElse) {
-  static constexpr std::string_view kRejected[] = {
-      "a b"sv,
-      " a"sv,
-      "a\n"sv,
-      "a\0"sv,
-      "a\x7F"sv,
-      "\xC3\xA4"sv,
-      "%"sv,
-      "%4"sv,
-      "a%4"sv,
-      "%4g"sv,
-      "%%41"sv,
-      "a\"b"sv,
-      "<a>"sv,
-      "\\a"sv,
-      "a^b"sv,
-      "a`b"sv,
-      "{a}"sv,
-      "a|b"sv,
-      "/a[1]"sv,
-      "?a[]=1"sv,
-      "#[a]"sv,
-      "#a#b"sv,
-      ":a"sv,
-      "1a:b"sv,
-      "-a:b"sv,
-      "a_b:c"sv,
-      "a%41:c"sv,
-      "http://h:8o/"sv,
-      "http://h:80:80/"sv,
-      "http://h:-1/"sv,
-      "http://a@b@c/"sv,
-      "http://a[b]/"sv,
-      "http://[::1/"sv,
-      "http://::1]/"sv,
-      "http://[]/"sv,
-      "http://[::1]x/"sv,
-      "http://[1.2.3.4]/"sv,
-      "http://[::1%25eth0]/"sv,
-      "http://[v.x]/"sv,
-      "http://[v1.]/"sv,
-      "http://[v1.%41]/"sv,
-      "http://[1::2::3]/"sv,
-  };
-  for (const std::string_view text : kRejected) {
-    EXPECT_FALSE(isUriReference(text)) << text;
-  }
+TEST(IsUriReference, GoesByTheGrammar) {
+  // Separated by blanks.
+  std::istringstream accepted(
+      "a / //h // ? # ./a:b /a:b a/b:c http: http:// http://h:/ http://h:99999/ http://%C3%A4.test/ "
+      "http://u:p:q@h/ http://@h/ http://[::1]/ http://[2001:db8::7:1.2.3.4]:80 http://[vF.a:b!]/ "
+      "a+1.-b:c /a//b/;x=1,2/@:!$&'()*+-._~ ?a=/?:@ #/?:@! urn:isbn:1-2 ..%2f%2F");
+  std::istringstream rejected(
+      "\xC3\xA4 % %4 a%4 %4g %%41 a\"b <a> \\a a^b a`b {a} a|b /a[1] ?a[]=1 #[a] #a#b :a 1a:b -a:b a_b:c "
+      "a%41:c a\x7F http://h:8o/ http://h:80:80/ http://h:-1/ http://a@b@c/ http://a[b]/ http://[::1/ "
+      "http://::1]/ http://[]/ http://[::1]x/ http://[1.2.3.4]/ http://[::1%25eth0]/ http://[v.x]/ "
+      "http://[v1.]/ http://[v1.%41]/ http://[1::2::3]/");
+  std::string text;
+  while (accepted >> text) EXPECT_TRUE(isUriReference(text)) << text;
+  while (rejected >> text) EXPECT_FALSE(isUriReference(text)) << text;
+  EXPECT_TRUE(isUriReference(""));
+  for (const std::string_view blank : {"a b"sv, " a"sv, "a\n"sv, "a\0"sv})
+    EXPECT_FALSE(isUriReference(blank));
 }
 
 TEST(RequestAddress, EncodesWhatDoesNotFit) {
