@@ -171,8 +171,8 @@ TEST(Markup, IsReadWholeWhereverAPieceEnds) {
     readHtml("<p>" + markup, expected);
     ASSERT_FALSE(expected.links.empty());
     for (const std::string filler : {"x", "x y\n", "<b></b>"}) {
-      // Behind one piece, behind two, and within the first.
-      for (std::size_t length = 3'600; length < 8'100; length += length == 4'110 ? 3'490 : 15) {
+      // Within the first piece and up to the end of the second one.
+      for (std::size_t length = 3'000; length < 8'100; length += 40) {
         Collector actual;
         readHtml(repeated(filler, length / filler.size()) + " " + markup, actual);
         ASSERT_EQ(actual.links, expected.links) << filler << length;
