@@ -3,16 +3,16 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QStatusTipEvent>
 #include <QStyle>
+#include <QTableView>
 #include <utility>
 
 #include "platform/named_controls.h"
@@ -20,6 +20,7 @@
 #include "platform/window_cover.h"
 #include "ui/elided_label.h"
 #include "ui/icons.h"
+#include "ui/view_forms.h"
 #include "ui_main_window.h"
 
 namespace app {
@@ -50,16 +51,8 @@ MainWindow::MainWindow(const store::GlobalControls& controls, const store::Broke
       m_stateFile(std::move(stateFile)),
       m_ui(std::make_unique<Ui::MainWindow>()) {
   m_ui->setupUi(this);
-  m_ui->scanNotice->hide();
-  m_ui->filterDrawer->hide();
-  m_ui->scannedLinksViewer->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  QFont heading = font();
-  heading.setPointSizeF(heading.pointSizeF() * 1.4);
-  heading.setBold(true);
-  m_ui->siteName->setFont(heading);
-  QFont prominent = font();
-  prominent.setBold(true);
-  m_ui->scanSiteButton->setFont(prominent);
+  ui::fillViews(*this);
+  m_scanSplitter = &platform::control<QSplitter>(*this, "scanSplitter");
   m_version = new QLabel(tr("Veskel Version %1").arg(QApplication::applicationVersion()));
   m_version->setObjectName(QStringLiteral("versionLabel"));
   m_ui->statusBar->addPermanentWidget(m_version);
@@ -70,7 +63,7 @@ MainWindow::MainWindow(const store::GlobalControls& controls, const store::Broke
   holdBackUnderSheets();
   letScansBeLeft();
   restorePlace();
-  m_ui->siteListTable->setFocus();
+  platform::control<QTableView>(*this, "siteListTable").setFocus();
 }
 
 MainWindow::~MainWindow() = default;
@@ -241,8 +234,8 @@ void MainWindow::restorePlace() {
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
     resize(kUsualSize.boundedTo(screen()->availableSize() - QSize(title, 2 * title)));
   }
-  if (!m_ui->scanSplitter->restoreState(settings.value(QStringLiteral("scanSplitter")).toByteArray())) {
-    m_ui->scanSplitter->setSizes({kUsualSize.width() * 9 / 20, kUsualSize.width() * 11 / 20});
+  if (!m_scanSplitter->restoreState(settings.value(QStringLiteral("scanSplitter")).toByteArray())) {
+    m_scanSplitter->setSizes({kUsualSize.width() * 9 / 20, kUsualSize.width() * 11 / 20});
   }
 }
 
@@ -250,7 +243,7 @@ void MainWindow::rememberPlace() const {
   QSettings settings(m_stateFile, QSettings::IniFormat);
   settings.setValue(QStringLiteral("saveFolder"), m_export->saveFolder());
   settings.setValue(QStringLiteral("geometry"), saveGeometry());
-  settings.setValue(QStringLiteral("scanSplitter"), m_ui->scanSplitter->saveState());
+  settings.setValue(QStringLiteral("scanSplitter"), m_scanSplitter->saveState());
 }
 
 void MainWindow::showGuide() {

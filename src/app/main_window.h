@@ -21,6 +21,7 @@
 #include "xml_editor/xml_view_controller.h"
 
 class QLabel;
+class QSplitter;
 
 namespace Ui {
 class MainWindow;
@@ -65,6 +66,7 @@ class MainWindow : public QMainWindow {
   store::SharedState m_state;
   sitemaps::PassedScripts m_passedScripts;
   std::unique_ptr<Ui::MainWindow> m_ui;
+  QSplitter* m_scanSplitter = nullptr;
   QLabel* m_siteInHand = nullptr;  // in the toolbar
   QLabel* m_version = nullptr;     // at the foot, beside
   QString m_said;                  // what happened last

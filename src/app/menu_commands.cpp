@@ -1,20 +1,12 @@
 #include "app/menu_commands.h"
 
-#include <QAbstractItemView>
-#include <QAction>
 #include <QActionGroup>
 #include <QApplication>
-#include <QComboBox>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QMenu>
 #include <QMetaObject>
-#include <QPushButton>
-#include <algorithm>
 #include <array>
 #include <utility>
 
-#include "platform/named_controls.h"
 #include "ui/address_actions.h"
 
 namespace app {
@@ -45,7 +37,7 @@ bool has(const QWidget& widget, const char* slot) {
 
 MenuCommands::MenuCommands(QMainWindow& window, ui::MainViewControl& views,
                            html_editor::HTMLViewController& htmlView, const store::SharedState& state)
-    : m_window(window), m_views(views), m_htmlView(htmlView), m_state(state) {
+    : m_window(window), m_views(views), m_htmlView(htmlView), m_state(state), m_controls{window} {
   connectSitemaps();
   connectLayouts();
   connectFilters();
@@ -56,9 +48,9 @@ MenuCommands::MenuCommands(QMainWindow& window, ui::MainViewControl& views,
 
 void MenuCommands::connectSitemaps() {
   const auto presses = [this](const char* action, const char* button, ui::View view) {
-    connect(&control<QAction>(m_window, action), &QAction::triggered, this, [this, button, view] {
-      in(view, [this, button] { control<QPushButton>(m_window, button).click(); });
-    });
+    auto& pressed = control<QPushButton>(m_window, button);
+    connect(&control<QAction>(m_window, action), &QAction::triggered, this,
+            [this, &pressed, view] { in(view, [&pressed] { pressed.click(); }); });
   };
   presses("viewInBrowserMI", "vibButton", ui::htmlView);
   presses("delHtmlLinkMI", "deleteButton", ui::htmlView);
@@ -70,8 +62,8 @@ void MenuCommands::connectSitemaps() {
 }
 
 void MenuCommands::connectLayouts() {
-  auto& menu = control<QMenu>(m_window, "layoutMenu");
-  auto& chooser = control<QComboBox>(m_window, "sitemapTypePopup");
+  QMenu& menu = m_controls.layoutMenu;
+  QComboBox& chooser = m_controls.sitemapTypePopup;
   auto* group = new QActionGroup(&menu);
   for (int i = 0; i < chooser.count(); ++i) {
     QAction* layout = menu.addAction(chooser.itemText(i));
@@ -95,16 +87,18 @@ void MenuCommands::connectLayouts() {
 void MenuCommands::connectFilters() {
   connect(&control<QAction>(m_window, "addFilterMI"), &QAction::triggered, this, [this] {
     in(ui::scanView, [this] {
-      control<QPushButton>(m_window, "filterDrawerButton").setChecked(true);
-      control<QLineEdit>(m_window, "newFilterInput").setFocus();
+      m_controls.filterDrawerButton.setChecked(true);
+      m_controls.newFilterInput.setFocus();
     });
   });
 }
 
 void MenuCommands::connectEditing() {
   for (const Editing& each : kEditing) {
-    connect(&control<QAction>(m_window, each.action), &QAction::triggered, this,
-            [this, &each] { triggerOnFocus(each.slot); });
+    auto& action = control<QAction>(m_window, each.action);
+    m_editing.append(&action);
+    if (each.changes) m_textWanted.append(&action);
+    connect(&action, &QAction::triggered, this, [this, &each] { triggerOnFocus(each.slot); });
   }
   connect(qApp, &QApplication::focusChanged, this,
           [this](const QWidget*, const QWidget* now) { enableEditing(now); });
@@ -152,9 +146,7 @@ bool MenuCommands::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
   }
-  if (event->type() == QEvent::EnabledChange && watched->objectName() == QLatin1String("deleteButton")) {
-    enableLinkDeletion();
-  }
+  if (event->type() == QEvent::EnabledChange && watched == &m_controls.deleteButton) enableLinkDeletion();
   return QObject::eventFilter(watched, event);
 }
 
@@ -162,9 +154,7 @@ bool MenuCommands::isCommandKey(const QKeyEvent& event) const {
   const QKeySequence key(event.keyCombination());
   for (const QAction* action : m_window.findChildren<QAction*>()) {
     if (action->shortcutContext() != Qt::WindowShortcut || !action->shortcuts().contains(key)) continue;
-    return std::none_of(kEditing.begin(), kEditing.end(), [&](const Editing& each) {
-      return action->objectName() == QLatin1String(each.action);
-    });
+    return !m_editing.contains(action);
   }
   return false;
 }
@@ -174,15 +164,12 @@ void MenuCommands::enableEditing(const QWidget* focus) {
   if (focus != nullptr && focus->window() != &m_window) return;
   const auto* field = qobject_cast<const QLineEdit*>(focus);
   const bool typed = focus != nullptr && has(*focus, "paste") && (field == nullptr || !field->isReadOnly());
-  for (const Editing& each : kEditing) {
-    if (each.changes) control<QAction>(m_window, each.action).setEnabled(typed);
-  }
+  for (QAction* action : m_textWanted) action->setEnabled(typed);
 }
 
 void MenuCommands::enableLinkDeletion() {
   const bool shown = m_views.returnCurrentView() == ui::htmlView;
-  control<QAction>(m_window, "delHtmlLinkMI")
-      .setEnabled(shown && control<QPushButton>(m_window, "deleteButton").isEnabled());
+  m_controls.delHtmlLinkMI.setEnabled(shown && m_controls.deleteButton.isEnabled());
 }
 
 /// Copies, selects and so on in whatever has the focus, by its own means.
@@ -198,14 +185,13 @@ void MenuCommands::triggerOnFocus(const char* slot) {
 
 /// On the list that has the focus, else the one that the view is about, else the list of sites.
 void MenuCommands::triggerOnAddress(const char* actionName) {
-  const char* list = m_state.qzvskCurrentView == ui::xmlView           ? "xmlTableView"
-                     : m_state.qzvskCurrentView == ui::brokenLinksView ? "badLinkTable"
-                                                                       : "siteListTable";
-  for (const QWidget* each : std::initializer_list<const QWidget*>{
-           m_window.focusWidget(),
-           showsSitemap() ? m_window.findChild<QWidget*>(QStringLiteral("scanWebView")) : nullptr,
-           &control<QAbstractItemView>(m_window, list),
-           &control<QAbstractItemView>(m_window, "siteListTable")}) {
+  const QWidget* list = nullptr;
+  if (m_state.qzvskCurrentView == ui::xmlView) list = &m_controls.xmlTableView;
+  if (m_state.qzvskCurrentView == ui::brokenLinksView) list = &m_controls.badLinkTable;
+  // The web view is made when it is first needed.
+  if (showsSitemap()) list = m_window.findChild<QWidget*>(QStringLiteral("scanWebView"));
+  for (const QWidget* each :
+       std::initializer_list<const QWidget*>{m_window.focusWidget(), list, &m_controls.siteListTable}) {
     if (QAction* action = ui::addressAction(each, actionName)) return action->trigger();
   }
 }

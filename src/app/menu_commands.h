@@ -2,19 +2,39 @@
 // focus.
 #pragma once
 
+#include <QAbstractItemView>
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QMenu>
 #include <QObject>
+#include <QPushButton>
 #include <functional>
 
 #include "html_editor/html_view_controller.h"
+#include "platform/named_controls.h"
 #include "store/shared_state.h"
 #include "ui/main_view_control.h"
 
-class QAbstractButton;
-class QAction;
 class QKeyEvent;
 
 namespace app {
+
+/// What the menus' commands work on, found when the window is made.
+struct MenuControls {
+  const QMainWindow& window;
+
+  QPushButton& filterDrawerButton = platform::control<QPushButton>(window, "filterDrawerButton");
+  QLineEdit& newFilterInput = platform::control<QLineEdit>(window, "newFilterInput");
+  QComboBox& sitemapTypePopup = platform::control<QComboBox>(window, "sitemapTypePopup");
+  QPushButton& deleteButton = platform::control<QPushButton>(window, "deleteButton");
+  QAction& delHtmlLinkMI = platform::control<QAction>(window, "delHtmlLinkMI");
+  QMenu& layoutMenu = platform::control<QMenu>(window, "layoutMenu");
+  QAbstractItemView& siteListTable = platform::control<QAbstractItemView>(window, "siteListTable");
+  QAbstractItemView& xmlTableView = platform::control<QAbstractItemView>(window, "xmlTableView");
+  QAbstractItemView& badLinkTable = platform::control<QAbstractItemView>(window, "badLinkTable");
+};
 
 /// UI thread.
 class MenuCommands : public QObject {
@@ -50,6 +70,9 @@ class MenuCommands : public QObject {
   ui::MainViewControl& m_views;
   html_editor::HTMLViewController& m_htmlView;
   const store::SharedState& m_state;
+  MenuControls m_controls;
+  QList<QAction*> m_editing;     // commands that text fields have themselves
+  QList<QAction*> m_textWanted;  // those of them that make sense only where text can be typed
 };
 
 }  // namespace app

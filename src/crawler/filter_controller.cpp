@@ -1,45 +1,35 @@
 #include "crawler/filter_controller.h"
 
-#include <QAction>
 #include <QHeaderView>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTableView>
 
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "store/filters_file.h"
 
 namespace crawler {
 
-using platform::control;
 using platform::toQString;
 
-FilterController::FilterController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+FilterController::FilterController(const QMainWindow& mainWindow, platform::SheetQueue& sheets,
                                    const store::GlobalControls& controls, store::SharedState& state)
-    : m_sheets(sheets),
-      m_controls(controls),
-      m_state(state),
-      m_filterTable(control<QTableView>(mainWindow, "filterTable")),
-      m_newFilterInput(control<QLineEdit>(mainWindow, "newFilterInput")) {
-  m_filterTable.setModel(&m_model);
-  m_filterTable.horizontalHeader()->hide();
-  m_filterTable.horizontalHeader()->setStretchLastSection(true);
-  m_filterTable.verticalHeader()->hide();
-  auto& remove = control<QAction>(mainWindow, "deleteFilterMI");
+    : m_sheets(sheets), m_controls(controls), m_state(state), m_drawer{mainWindow} {
+  m_drawer.filterTable.setModel(&m_model);
+  m_drawer.filterTable.horizontalHeader()->hide();
+  m_drawer.filterTable.horizontalHeader()->setStretchLastSection(true);
+  m_drawer.filterTable.verticalHeader()->hide();
+  QAction& remove = m_drawer.deleteFilterMI;
   remove.setShortcut(QKeySequence::Delete);  // elsewhere it deletes something else
   remove.setShortcutContext(Qt::WidgetShortcut);
-  m_filterTable.addAction(&remove);
-  m_filterTable.setContextMenuPolicy(Qt::ActionsContextMenu);
+  m_drawer.filterTable.addAction(&remove);
+  m_drawer.filterTable.setContextMenuPolicy(Qt::ActionsContextMenu);
   connect(&remove, &QAction::triggered, this, &FilterController::deleteFilter);
-  const auto enable = [this, &remove] { remove.setEnabled(m_filterTable.selectionModel()->hasSelection()); };
-  connect(m_filterTable.selectionModel(), &QItemSelectionModel::selectionChanged, this, enable);
+  const auto enable = [this, &remove] {
+    remove.setEnabled(m_drawer.filterTable.selectionModel()->hasSelection());
+  };
+  connect(m_drawer.filterTable.selectionModel(), &QItemSelectionModel::selectionChanged, this, enable);
   connect(&m_model, &QAbstractItemModel::modelReset, this, enable);
-  connect(&control<QPushButton>(mainWindow, "addFilterButton"), &QPushButton::clicked, this,
-          &FilterController::addFilterCommand);
-  connect(&control<QPushButton>(mainWindow, "delFilterButton"), &QPushButton::clicked, this,
-          &FilterController::deleteFilter);
-  connect(&m_newFilterInput, &QLineEdit::returnPressed, this, &FilterController::addFilterCommand);
+  connect(&m_drawer.addFilterButton, &QPushButton::clicked, this, &FilterController::addFilterCommand);
+  connect(&m_drawer.delFilterButton, &QPushButton::clicked, this, &FilterController::deleteFilter);
+  connect(&m_drawer.newFilterInput, &QLineEdit::returnPressed, this, &FilterController::addFilterCommand);
 }
 
 void FilterController::loadFilterFile() {
@@ -60,21 +50,21 @@ void FilterController::reloadFilterTable() {
 }
 
 void FilterController::addFilterCommand() {
-  const std::string text = platform::toUtf8(m_newFilterInput.text());
+  const std::string text = platform::toUtf8(m_drawer.newFilterInput.text());
   if (text.empty()) {
     m_sheets.alert(tr("Cannot Add Filter"), tr("There is nothing to add!"));
   } else {
     const platform::FileResult added = store::addFilter(m_controls, m_state.qzvskCurSite, text);
     // What was typed stays in the field when it could not be saved.
     if (!added.ok()) return tellFailure(tr("The filter could not be saved."), added);
-    m_newFilterInput.clear();
+    m_drawer.newFilterInput.clear();
   }
   loadFilterFile();
 }
 
 void FilterController::deleteFilter() {
   std::vector<std::size_t> rows;
-  for (const QModelIndex& index : m_filterTable.selectionModel()->selectedRows())
+  for (const QModelIndex& index : m_drawer.filterTable.selectionModel()->selectedRows())
     rows.push_back(static_cast<std::size_t>(index.row()));
   // Another program may have changed them since they were shown.
   const store::Filters changed = store::changeFilters(m_controls, m_state.qzvskCurSite, [&](auto& filters) {

@@ -1,19 +1,32 @@
 // The filter drawer: the texts that keep links out of the selected site's sitemaps.
 #pragma once
 
+#include <QAction>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QObject>
+#include <QPushButton>
 #include <QStringListModel>
+#include <QTableView>
 
 #include "platform/files.h"
+#include "platform/named_controls.h"
 #include "platform/sheet_queue.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
 
-class QLineEdit;
-class QTableView;
-
 namespace crawler {
+
+/// Of the drawer, found when the window is made.
+struct FilterControls {
+  const QMainWindow& window;
+
+  QTableView& filterTable = platform::control<QTableView>(window, "filterTable");
+  QLineEdit& newFilterInput = platform::control<QLineEdit>(window, "newFilterInput");
+  QPushButton& addFilterButton = platform::control<QPushButton>(window, "addFilterButton");
+  QPushButton& delFilterButton = platform::control<QPushButton>(window, "delFilterButton");
+  QAction& deleteFilterMI = platform::control<QAction>(window, "deleteFilterMI");
+};
 
 /// Shows and changes the filters of the site in hand. UI thread.
 class FilterController : public QObject {
@@ -21,7 +34,7 @@ class FilterController : public QObject {
 
  public:
   /// All are borrowed and outlive the controller.
-  FilterController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+  FilterController(const QMainWindow& mainWindow, platform::SheetQueue& sheets,
                    const store::GlobalControls& controls, store::SharedState& state);
 
   /// Reads the site's filters into the shared list, and shows them.
@@ -40,8 +53,7 @@ class FilterController : public QObject {
   const store::GlobalControls& m_controls;
   store::SharedState& m_state;
   QStringListModel m_model;
-  QTableView& m_filterTable;
-  QLineEdit& m_newFilterInput;
+  FilterControls m_drawer;
 };
 
 }  // namespace crawler

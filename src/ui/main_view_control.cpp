@@ -1,18 +1,10 @@
 #include "ui/main_view_control.h"
 
-#include <QAction>
 #include <QClipboard>
-#include <QComboBox>
 #include <QDesktopServices>
-#include <QDockWidget>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QStackedWidget>
 #include <QSysInfo>
-#include <QTableView>
 #include <QUrl>
 #include <array>
 
@@ -30,11 +22,6 @@ using platform::toQString;
 
 namespace {
 
-constexpr std::array<const char*, 7> kViews = {"scanWindowView", "htmlWindowView",   "htmlEditorWindowView",
-                                               "xmlWindowView",  "exportWindowView", "uploadWindowView",
-                                               "blWindowView"};
-constexpr std::array<const char*, 7> kViewActions = {"scanTBI",   "htmlTBI",   "htmlEditTBI", "xmlTBI",
-                                                     "exportTBI", "uploadTBI", "brokenMI"};
 const QString kNoSites = QStringLiteral("No Sites Have Been Scanned");
 
 }  // namespace
@@ -45,11 +32,12 @@ MainViewControl::MainViewControl(QMainWindow& mainWindow, platform::SheetQueue& 
       m_sheets(sheets),
       m_controls(controls),
       m_state(state),
+      m_view{mainWindow},
       m_versionString(QSysInfo::productVersion()) {
   connectActions();
   connectBrokenLinks();
   populateSitePicker();
-  control<QStackedWidget>(mainWindow, "mainViewArea").setCurrentWidget(mainViewsList(scanView));
+  m_view.mainViewArea.setCurrentWidget(mainViewsList(scanView));
   changeCurrentView(scanView);
   markCurrentView();
 }
@@ -61,32 +49,28 @@ void MainViewControl::connectActions() {
       &MainViewControl::exportTBIAction,   &MainViewControl::uploadTBIAction,
       &MainViewControl::showBrokenLinks,
   };
-  for (std::size_t i = 0; i < kViewActions.size(); ++i) {
+  for (std::size_t i = 0; i < kSlots.size(); ++i) {
     // Not only when triggered: a screen reader toggles the toolbar's buttons. What is marked is the view that
     // is shown, so any other mark is a wish.
-    connect(&control<QAction>(m_mainWindow, kViewActions[i]), &QAction::toggled, this,
+    connect(m_view.viewActions[i], &QAction::toggled, this,
             [this, slot = kSlots[i], number = static_cast<int>(i) + 1](bool marked) {
               if (marked != (returnCurrentView() == number)) (this->*slot)();
             });
   }
-  connect(&control<QAction>(m_mainWindow, "reportProblemMI"), &QAction::triggered, this,
-          &MainViewControl::reportProblem);
-  const auto onClick = [this](const char* name, auto slot) {
-    connect(&control<QPushButton>(m_mainWindow, name), &QPushButton::clicked, this, slot);
+  connect(&m_view.reportProblemMI, &QAction::triggered, this, &MainViewControl::reportProblem);
+  const auto onClick = [this](const QPushButton& button, auto slot) {
+    connect(&button, &QPushButton::clicked, this, slot);
   };
-  onClick("brokenLinksButton", [this] { showBrokenLinks(); });
-  onClick("backToScanButton", [this] { scanTBIAction(); });
-  onClick("exportToScanButton", [this] { scanTBIAction(); });
-  onClick("copySitemapLine", [this] {
-    QGuiApplication::clipboard()->setText(control<QLineEdit>(m_mainWindow, "sitemapLine").text());
-  });
-  for (const char* button : {"xmlWindowViewFolder"}) {
-    onClick(button, [this] { control<QAction>(m_mainWindow, "openFolderMI").trigger(); });
-  }
+  onClick(m_view.brokenLinksButton, [this] { showBrokenLinks(); });
+  onClick(m_view.backToScanButton, [this] { scanTBIAction(); });
+  onClick(m_view.exportToScanButton, [this] { scanTBIAction(); });
+  onClick(m_view.copySitemapLine,
+          [this] { QGuiApplication::clipboard()->setText(m_view.sitemapLine.text()); });
+  onClick(m_view.xmlWindowViewFolder, [this] { m_view.openFolderMI.trigger(); });
 }
 
 void MainViewControl::connectBrokenLinks() {
-  auto& table = control<QTableView>(m_mainWindow, "badLinkTable");
+  QTableView& table = m_view.badLinkTable;
   m_sortedBadLinks.setSourceModel(&m_badLinks);
   m_sortedBadLinks.setSortCaseSensitivity(Qt::CaseInsensitive);
   table.setModel(&m_sortedBadLinks);
@@ -98,13 +82,13 @@ void MainViewControl::connectBrokenLinks() {
   table.horizontalHeader()->resizeSection(BrokenLinksModel::reasonColumn,
                                           table.fontMetrics().averageCharWidth() * 36);
   addAddressActions(table, [this] { return selectedBrokenUrls(); });
-  auto& copyButton = control<QPushButton>(m_mainWindow, "copyBadLinkButton");
-  auto& openButton = control<QPushButton>(m_mainWindow, "openBadLinkButton");
-  connect(&copyButton, &QPushButton::clicked, &control<QAction>(table, kCopySelection), &QAction::trigger);
-  connect(&openButton, &QPushButton::clicked, &control<QAction>(table, kOpenSelection), &QAction::trigger);
-  const auto enable = [this, &copyButton, &openButton] {
+  connect(&m_view.copyBadLinkButton, &QPushButton::clicked, &control<QAction>(table, kCopySelection),
+          &QAction::trigger);
+  connect(&m_view.openBadLinkButton, &QPushButton::clicked, &control<QAction>(table, kOpenSelection),
+          &QAction::trigger);
+  const auto enable = [this] {
     const bool any = !selectedBrokenUrls().isEmpty();
-    for (QPushButton* button : {&copyButton, &openButton}) {
+    for (QPushButton* button : {&m_view.copyBadLinkButton, &m_view.openBadLinkButton}) {
       button->setEnabled(any);
       button->setToolTip(any ? QString() : tr("Select a page first"));
     }
@@ -116,11 +100,11 @@ void MainViewControl::connectBrokenLinks() {
 
 QWidget* MainViewControl::mainViewsList(int number) const {
   if (number < scanView || number > brokenLinksView) return nullptr;
-  return &control<QWidget>(m_mainWindow, kViews[static_cast<std::size_t>(number - 1)]);
+  return m_view.views[static_cast<std::size_t>(number - 1)];
 }
 
 void MainViewControl::scanTBIAction() {
-  control<QDockWidget>(m_mainWindow, "filterDrawer").setVisible(m_state.qzvskPLastState);
+  m_view.filterDrawer.setVisible(m_state.qzvskPLastState);
   switchTo(scanView, AbandonEdits::yes);
 }
 
@@ -168,8 +152,7 @@ void MainViewControl::uploadTBIAction() {
   const QUrl example(QStringLiteral("http://www.example.com/"));
   const QUrl sitemap = (site.isValid() && !site.host().isEmpty() ? site : example)
                            .resolved(QUrl(QStringLiteral("/sitemap.xml")));
-  control<QLineEdit>(m_mainWindow, "sitemapLine")
-      .setText(QStringLiteral("Sitemap: ") + sitemap.toString(QUrl::FullyEncoded));
+  m_view.sitemapLine.setText(QStringLiteral("Sitemap: ") + sitemap.toString(QUrl::FullyEncoded));
   switchTo(uploadView, AbandonEdits::yes);
 }
 
@@ -181,10 +164,10 @@ void MainViewControl::showBrokenLinks() {
     pages.push_back(
         {m_state.qzvskBadLinkArray[i], known ? m_state.qzvskBadLinkReasonArray[i] : std::string()});
   }
-  control<QLabel>(m_mainWindow, "badLinkLabel")
-      .setText(m_state.qzvskCurSite.empty() ? tr("Select a site to see the broken pages of its last scan.")
-               : pages.empty()              ? tr("No broken pages are known.")
-                                            : tr("Broken &pages of the last scan"));
+  m_view.badLinkLabel.setText(m_state.qzvskCurSite.empty()
+                                  ? tr("Select a site to see the broken pages of its last scan.")
+                              : pages.empty() ? tr("No broken pages are known.")
+                                              : tr("Broken &pages of the last scan"));
   m_badLinks.setPages(std::move(pages));
 }
 
@@ -204,23 +187,21 @@ void MainViewControl::switchTo(int number, AbandonEdits abandon) {
 
 void MainViewControl::clearLinkEdits() {
   if (returnCurrentView() != htmlView) return;
-  for (const char* field : {"titleEditInput", "linkEditInput"}) {
-    if (auto* edit = m_mainWindow.findChild<QLineEdit*>(QLatin1String(field))) edit->clear();
-  }
+  m_view.titleEditInput.clear();
+  m_view.linkEditInput.clear();
 }
 
 void MainViewControl::enableExports() {
   const bool any = m_sitePickerPopUpArray.first() != kNoSites;
-  for (const char* name : {"htmlExportButton", "xmlExportButton"}) {
-    auto& button = control<QPushButton>(m_mainWindow, name);
-    button.setEnabled(any);
-    button.setToolTip(any ? QString() : tr("Scan a site first"));
+  for (QPushButton* button : {&m_view.htmlExportButton, &m_view.xmlExportButton}) {
+    button->setEnabled(any);
+    button->setToolTip(any ? QString() : tr("Scan a site first"));
   }
-  control<QWidget>(m_mainWindow, "noExportsHint").setHidden(any);
+  m_view.noExportsHint.setHidden(any);
 }
 
 void MainViewControl::show(int number) {
-  control<QStackedWidget>(m_mainWindow, "mainViewArea").setCurrentWidget(mainViewsList(number));
+  m_view.mainViewArea.setCurrentWidget(mainViewsList(number));
   changeCurrentView(number);
   markCurrentView();
   // The exports go by a choice of their own.
@@ -237,13 +218,12 @@ bool MainViewControl::needsSite(const QString& message) {
 }
 
 void MainViewControl::closeFilterDrawer() {
-  control<QDockWidget>(m_mainWindow, "filterDrawer").hide();
+  m_view.filterDrawer.hide();
 }
 
 void MainViewControl::markCurrentView() {
-  for (std::size_t i = 0; i < kViewActions.size(); ++i) {
-    control<QAction>(m_mainWindow, kViewActions[i])
-        .setChecked(static_cast<int>(i) + 1 == returnCurrentView());
+  for (std::size_t i = 0; i < m_view.viewActions.size(); ++i) {
+    m_view.viewActions[i]->setChecked(static_cast<int>(i) + 1 == returnCurrentView());
   }
 }
 
@@ -260,7 +240,7 @@ void MainViewControl::populateSitePicker() {
   }
   const bool present = m_sitePickerPopUpArray.contains(siteInHand);
   if (m_sitePickerPopUpArray.isEmpty()) m_sitePickerPopUpArray.append(kNoSites);
-  auto& picker = control<QComboBox>(m_mainWindow, "sitePickerPopUp");
+  QComboBox& picker = m_view.sitePickerPopUp;
   picker.clear();
   picker.addItems(m_sitePickerPopUpArray);
   picker.setDisabled(m_sitePickerPopUpArray.first() == kNoSites);
@@ -273,8 +253,8 @@ void MainViewControl::reportProblem() const {
 
 QStringList MainViewControl::selectedBrokenUrls() const {
   QStringList urls;
-  const auto& table = control<QTableView>(m_mainWindow, "badLinkTable");
-  for (const QModelIndex& row : table.selectionModel()->selectedRows(BrokenLinksModel::urlColumn)) {
+  for (const QModelIndex& row :
+       m_view.badLinkTable.selectionModel()->selectedRows(BrokenLinksModel::urlColumn)) {
     urls.append(row.data().toString());
   }
   return urls;

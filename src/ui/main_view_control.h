@@ -12,6 +12,7 @@
 #include "store/global_controls.h"
 #include "store/shared_state.h"
 #include "ui/broken_links_model.h"
+#include "ui/main_view_controls.h"
 
 namespace ui {
 
@@ -80,6 +81,7 @@ class MainViewControl : public QObject {
   platform::SheetQueue& m_sheets;
   const store::GlobalControls& m_controls;
   store::SharedState& m_state;
+  MainViewControls m_view;
   std::function<void()> m_checkSave;
   QStringList m_sitePickerPopUpArray;
   BrokenLinksModel m_badLinks;

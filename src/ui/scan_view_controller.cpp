@@ -1,28 +1,17 @@
 #include "ui/scan_view_controller.h"
 
-#include <QAction>
-#include <QCheckBox>
 #include <QClipboard>
 #include <QDesktopServices>
-#include <QDockWidget>
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
 #include <QLocale>
-#include <QMenu>
-#include <QPushButton>
 #include <QSignalBlocker>
-#include <QStackedWidget>
-#include <QTableView>
-#include <QToolButton>
 #include <QUrl>
 #include <algorithm>
 #include <array>
 
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
 #include "ui/address_actions.h"
@@ -30,7 +19,6 @@
 
 namespace ui {
 
-using platform::control;
 using platform::toQString;
 using platform::toUtf8;
 
@@ -52,19 +40,32 @@ QString countText(int count) {
 ScanViewController::ScanViewController(QMainWindow& mainWindow, const ScanViewParts& parts)
     : m_mainWindow(mainWindow),
       m_parts(parts),
+      m_view{mainWindow},
       m_sites(parts.controls, parts.reasons),
-      m_siteListTable(control<QTableView>(mainWindow, "siteListTable")),
-      m_noLinks(new EmptyHint(control<QListView>(mainWindow, "scannedLinksViewer"))) {
+      m_noLinks(new EmptyHint(m_view.scannedLinksViewer)) {
+  buildSitePage();
   buildTable();
   connectCommands();
   buildContextMenus();
-  // A hidden button keeps its place, so that nothing moves when it comes and goes.
-  auto& button = control<QPushButton>(mainWindow, "brokenLinksButton");
-  QSizePolicy policy = button.sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  button.setSizePolicy(policy);
   populateSiteTable();
   showNoSite();
+}
+
+void ScanViewController::buildSitePage() {
+  QFont heading = m_mainWindow.font();
+  heading.setPointSizeF(heading.pointSizeF() * 1.4);
+  heading.setBold(true);
+  m_view.siteName.setFont(heading);
+  QFont prominent = m_mainWindow.font();
+  prominent.setBold(true);
+  m_view.scanSiteButton.setFont(prominent);
+  m_view.scannedLinksViewer.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  m_view.scanNotice.hide();
+  m_view.filterDrawer.hide();
+  // A hidden button keeps its place, so that nothing moves when it comes and goes.
+  QSizePolicy policy = m_view.brokenLinksButton.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  m_view.brokenLinksButton.setSizePolicy(policy);
 }
 
 void ScanViewController::buildTable() {
@@ -77,29 +78,30 @@ void ScanViewController::buildTable() {
   // is.
   connect(&m_found, &QAbstractItemModel::rowsAboutToBeRemoved, this,
           [this](const QModelIndex&, int first, int last) {
-            const int current = m_siteListTable.currentIndex().row();
-            if (current >= first && current <= last) m_siteListTable.selectionModel()->clear();
+            const int current = m_view.siteListTable.currentIndex().row();
+            if (current >= first && current <= last) m_view.siteListTable.selectionModel()->clear();
           });
-  m_siteListTable.setModel(&m_found);
-  sortByHeadings(m_siteListTable);
-  m_siteListTable.viewport()->installEventFilter(this);
-  m_noSiteFound = new EmptyHint(m_siteListTable);
-  m_siteListTable.verticalHeader()->hide();
-  m_siteListTable.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  QHeaderView* header = m_siteListTable.horizontalHeader();
+  m_view.siteListTable.setModel(&m_found);
+  sortByHeadings(m_view.siteListTable);
+  m_view.siteListTable.viewport()->installEventFilter(this);
+  m_view.siteListTable.installEventFilter(this);
+  m_noSiteFound = new EmptyHint(m_view.siteListTable);
+  m_view.siteListTable.verticalHeader()->hide();
+  m_view.siteListTable.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  QHeaderView* header = m_view.siteListTable.horizontalHeader();
   header->setHighlightSections(false);
   header->setStretchLastSection(false);
   header->setSectionResizeMode(QHeaderView::Interactive);
   header->setSectionResizeMode(SiteTableModel::siteColumn, QHeaderView::Stretch);
-  connect(m_siteListTable.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+  connect(m_view.siteListTable.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &ScanViewController::tableViewSelectionDidChange);
-  connect(&control<QLineEdit>(m_mainWindow, "siteSearch"), &QLineEdit::textChanged, &m_found,
+  connect(&m_view.siteSearch, &QLineEdit::textChanged, &m_found,
           &QSortFilterProxyModel::setFilterFixedString);
 }
 
 void ScanViewController::measureColumns() {
-  const QHeaderView* header = m_siteListTable.horizontalHeader();
-  const QFontMetrics metrics = m_siteListTable.fontMetrics();
+  const QHeaderView* header = m_view.siteListTable.horizontalHeader();
+  const QFontMetrics metrics = m_view.siteListTable.fontMetrics();
   for (const int column : kColumnsByWorth) {
     m_columnWidths[column] =
         std::max(header->sectionSizeHint(column),
@@ -111,9 +113,9 @@ void ScanViewController::measureColumns() {
 /// Numbers get the room they need, and the name gets the rest. Where that is little, the columns that can be
 /// missed most easily go.
 void ScanViewController::fitColumns() {
-  QHeaderView* header = m_siteListTable.horizontalHeader();
-  int room =
-      m_siteListTable.viewport()->width() - kNameLetters * m_siteListTable.fontMetrics().averageCharWidth();
+  QHeaderView* header = m_view.siteListTable.horizontalHeader();
+  int room = m_view.siteListTable.viewport()->width() -
+             kNameLetters * m_view.siteListTable.fontMetrics().averageCharWidth();
   for (const int column : kColumnsByWorth) {
     room -= m_columnWidths[column];
     header->resizeSection(column, m_columnWidths[column]);
@@ -124,36 +126,33 @@ void ScanViewController::fitColumns() {
 void ScanViewController::connectCommands() {
   using store::AddEditDeleteSitesController;
   AddEditDeleteSitesController& editor = m_parts.siteEditor;
-  const auto onClick = [&](const char* name, auto* receiver, auto slot) {
-    connect(&control<QPushButton>(m_mainWindow, name), &QPushButton::clicked, receiver, slot);
+  const auto onClick = [](const QAbstractButton& button, auto* receiver, auto slot) {
+    connect(&button, &QAbstractButton::clicked, receiver, slot);
   };
-  const auto onAction = [&](const char* name, auto* receiver, auto slot) {
-    connect(&control<QAction>(m_mainWindow, name), &QAction::triggered, receiver, slot);
+  const auto onAction = [](const QAction& action, auto* receiver, auto slot) {
+    connect(&action, &QAction::triggered, receiver, slot);
   };
-  onClick("addSiteButton", &editor, &AddEditDeleteSitesController::addNewSite);
-  onClick("firstSiteButton", &editor, &AddEditDeleteSitesController::addNewSite);
-  onClick("editSiteButton", &editor, &AddEditDeleteSitesController::editSite);
-  onClick("deleteSiteButton", &editor, &AddEditDeleteSitesController::deleteSite);
+  onClick(m_view.addSiteButton, &editor, &AddEditDeleteSitesController::addNewSite);
+  onClick(m_view.firstSiteButton, &editor, &AddEditDeleteSitesController::addNewSite);
+  onClick(m_view.editSiteButton, &editor, &AddEditDeleteSitesController::editSite);
+  onClick(m_view.deleteSiteButton, &editor, &AddEditDeleteSitesController::deleteSite);
   // The menus reach the site from every view, also from one that holds unsaved changes.
-  const auto whenSaved = [&](const char* name, auto* receiver, auto slot) {
-    onAction(name, this,
+  const auto whenSaved = [&](const QAction& action, auto* receiver, auto slot) {
+    onAction(action, this,
              [this, receiver, slot] { m_beforeChange([receiver, slot] { (receiver->*slot)(); }); });
   };
-  whenSaved("addMI", &editor, &AddEditDeleteSitesController::addNewSite);
-  whenSaved("editMI", &editor, &AddEditDeleteSitesController::editSite);
-  whenSaved("deleteMI", &editor, &AddEditDeleteSitesController::deleteSite);
-  whenSaved("scanMI", &m_parts.scan, &crawler::ScanController::scanSiteAction);
-  onAction("openFolderMI", this, [this] { openSiteFolder(); });
-  onAction("filtersMI", this, &ScanViewController::filterAddPanel);
-  onAction("ignoreRobotsMI", this, &ScanViewController::ignoreRobotsAction);
+  whenSaved(m_view.addMI, &editor, &AddEditDeleteSitesController::addNewSite);
+  whenSaved(m_view.editMI, &editor, &AddEditDeleteSitesController::editSite);
+  whenSaved(m_view.deleteMI, &editor, &AddEditDeleteSitesController::deleteSite);
+  whenSaved(m_view.scanMI, &m_parts.scan, &crawler::ScanController::scanSiteAction);
+  onAction(m_view.openFolderMI, this, [this] { openSiteFolder(); });
+  onAction(m_view.filtersMI, this, &ScanViewController::filterAddPanel);
+  onAction(m_view.ignoreRobotsMI, this, &ScanViewController::ignoreRobotsAction);
   // A screen reader toggles what others click.
-  connect(&control<QPushButton>(m_mainWindow, "filterDrawerButton"), &QPushButton::toggled, this,
-          &ScanViewController::filterAddPanel);
-  connect(&control<QCheckBox>(m_mainWindow, "ignoreRobotsButton"), &QCheckBox::toggled, this,
-          &ScanViewController::ignoreRobotsAction);
-  onAction("findSiteMI", this, [this] { control<QLineEdit>(m_mainWindow, "siteSearch").setFocus(); });
-  connect(&control<QToolButton>(m_mainWindow, "copyUrlButton"), &QToolButton::clicked, this,
-          [this] { QGuiApplication::clipboard()->setText(siteUrl()); });
+  connect(&m_view.filterDrawerButton, &QPushButton::toggled, this, &ScanViewController::filterAddPanel);
+  connect(&m_view.ignoreRobotsButton, &QCheckBox::toggled, this, &ScanViewController::ignoreRobotsAction);
+  onAction(m_view.findSiteMI, this, [this] { m_view.siteSearch.setFocus(); });
+  onClick(m_view.copyUrlButton, this, [this] { QGuiApplication::clipboard()->setText(siteUrl()); });
   connect(&editor, &AddEditDeleteSitesController::sitesChanged, this, [this] {
     populateSiteTable();
     tableViewSelectionDidChange();
@@ -165,18 +164,18 @@ void ScanViewController::connectCommands() {
   });
   connect(this, &ScanViewController::qzvskLFF, &m_parts.filters, &crawler::FilterController::loadFilterFile);
   // The drawer has a close button of its own; the buttons that show its state follow.
-  auto& drawer = control<QDockWidget>(m_mainWindow, "filterDrawer");
+  auto& drawer = m_view.filterDrawer;
   drawer.installEventFilter(this);
   connect(&drawer, &QDockWidget::visibilityChanged, this, [this](bool visible) {
-    auto& button = control<QPushButton>(m_mainWindow, "filterDrawerButton");
+    auto& button = m_view.filterDrawerButton;
     const QSignalBlocker quiet(button);
     button.setChecked(visible);
-    control<QAction>(m_mainWindow, "filtersMI").setChecked(visible);
+    m_view.filtersMI.setChecked(visible);
   });
 }
 
 void ScanViewController::buildContextMenus() {
-  auto& list = control<QListView>(m_mainWindow, "scannedLinksViewer");
+  auto& list = m_view.scannedLinksViewer;
   const auto selectedLinks = [&list] {
     QStringList links;
     for (const QModelIndex& index : list.selectionModel()->selectedIndexes())
@@ -185,25 +184,31 @@ void ScanViewController::buildContextMenus() {
   };
   addAddressActions(list, selectedLinks);
   // The key belongs to the table of sites alone: elsewhere it deletes a character or a filter.
-  auto& remove = control<QAction>(m_mainWindow, "deleteMI");
+  auto& remove = m_view.deleteMI;
   remove.setShortcut(QKeySequence::Delete);
   remove.setShortcutContext(Qt::WidgetShortcut);
   const auto separator = [this] {
-    auto* line = new QAction(&m_siteListTable);
+    auto* line = new QAction(&m_view.siteListTable);
     line->setSeparator(true);
     return line;
   };
-  m_siteListTable.addActions(
-      {&control<QAction>(m_mainWindow, "scanMI"), &control<QAction>(m_mainWindow, "editMI"), separator()});
-  addAddressActions(m_siteListTable, [this] {
+  m_view.siteListTable.addActions({&m_view.scanMI, &m_view.editMI, separator()});
+  addAddressActions(m_view.siteListTable, [this] {
     return m_parts.state.qzvskCurSite.empty() ? QStringList() : QStringList(siteUrl());
   });
-  m_siteListTable.addActions({&control<QAction>(m_mainWindow, "openFolderMI"), separator(), &remove});
+  m_view.siteListTable.addActions({&m_view.openFolderMI, separator(), &remove});
 }
 
 bool ScanViewController::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == m_siteListTable.viewport()) {
+  if (watched == m_view.siteListTable.viewport()) {
     if (event->type() == QEvent::Resize) fitColumns();
+  } else if (watched == &m_view.siteListTable) {
+    // What a screen reader selects in a list that is off would come into hand all the same.
+    if (event->type() == QEvent::EnabledChange) {
+      m_view.siteListTable.setSelectionMode(m_view.siteListTable.isEnabled()
+                                                ? QAbstractItemView::SingleSelection
+                                                : QAbstractItemView::NoSelection);
+    }
   } else if (event->type() == QEvent::Close) {
     // Hiding the drawer for another view is no such event, so that it comes back with the scan view.
     m_parts.state.qzvskPLastState = false;
@@ -223,14 +228,13 @@ void ScanViewController::populateSiteTable() {
   }
   measureColumns();
   m_noSiteFound->setText(m_sites.isEmpty() ? QString() : tr("No site has this in its name."));
-  auto& area = control<QStackedWidget>(m_mainWindow, "siteArea");
-  area.setCurrentWidget(&control<QWidget>(m_mainWindow, m_sites.isEmpty() ? "noSitesPage" : "sitePage"));
+  m_view.siteArea.setCurrentWidget(m_sites.isEmpty() ? &m_view.noSitesPage : &m_view.sitePage);
 }
 
 void ScanViewController::tableViewSelectionDidChange() {
   m_parts.state.qzvskBadLinkArray.clear();
   m_parts.state.qzvskBadLinkReasonArray.clear();
-  control<QLabel>(m_mainWindow, "linksScanned").clear();
+  m_view.linksScanned.clear();
   const std::string name = selectedName();
   if (name.empty()) {
     showNoSite();
@@ -242,11 +246,11 @@ void ScanViewController::tableViewSelectionDidChange() {
 void ScanViewController::showNoSite() {
   m_parts.state.qzvskCurSite.clear();
   setWindowTitle(QStringLiteral("Veskel2"));
-  for (const char* field :
-       {"totalLinksFound", "pagesFound", "brokenLinks", "linksScanned", "siteName", "siteURL"}) {
-    control<QLabel>(m_mainWindow, field).clear();
+  for (QLabel* field : {&m_view.totalLinksFound, &m_view.pagesFound, &m_view.brokenLinks,
+                        &m_view.linksScanned, &m_view.siteName, &m_view.siteURL}) {
+    field->clear();
   }
-  auto& broken = control<QPushButton>(m_mainWindow, "brokenLinksButton");
+  auto& broken = m_view.brokenLinksButton;
   broken.setEnabled(false);
   broken.hide();
   m_parts.scan.forgetLastScan();
@@ -267,15 +271,15 @@ void ScanViewController::showSite(const std::string& name) {
   setWindowTitle(QStringLiteral("Veskel2 - ") + toQString(details.name));
   showIgnoreRobots(details.ignoreRobots);
   m_parts.scan.setIgnoreRobots(details.ignoreRobots);
-  control<QLabel>(m_mainWindow, "totalLinksFound").setText(countText(details.totalLinks));
-  control<QLabel>(m_mainWindow, "pagesFound").setText(countText(details.pagesFound));
-  control<QLabel>(m_mainWindow, "linksScanned").setText(countText(details.pagesUsed));
+  m_view.totalLinksFound.setText(countText(details.totalLinks));
+  m_view.pagesFound.setText(countText(details.pagesFound));
+  m_view.linksScanned.setText(countText(details.pagesUsed));
   showBrokenLinksOf(name, details);
-  control<QLabel>(m_mainWindow, "siteName").setText(toQString(details.name));
-  control<QLabel>(m_mainWindow, "siteURL").setText(toQString(details.url));
+  m_view.siteName.setText(toQString(details.name));
+  m_view.siteURL.setText(toQString(details.url));
   // Without the name nothing can be done to the site that would not hit another one, or all of them.
   setSiteControlsEnabled(details.name.empty() ? tr("The record of this site cannot be read") : QString());
-  control<QAction>(m_mainWindow, "openFolderMI").setEnabled(true);
+  m_view.openFolderMI.setEnabled(true);
   m_parts.filters.reloadFilterTable();
   m_parts.state.qzvskViewChanged = true;
   m_parts.scan.forgetLastScan();
@@ -300,8 +304,8 @@ void ScanViewController::showBrokenLinksOf(const std::string& name, const store:
     m_parts.state.qzvskBadLinkReasonArray.push_back(std::move(page.reason));
   }
   const int count = static_cast<int>(details.badLinks.size());
-  control<QLabel>(m_mainWindow, "brokenLinks").setText(countText(count));
-  auto& button = control<QPushButton>(m_mainWindow, "brokenLinksButton");
+  m_view.brokenLinks.setText(countText(count));
+  auto& button = m_view.brokenLinksButton;
   button.setEnabled(count != 0);
   button.setVisible(count != 0);
 }
@@ -309,20 +313,21 @@ void ScanViewController::showBrokenLinksOf(const std::string& name, const store:
 void ScanViewController::setSiteControlsEnabled(const QString& whyNot) {
   constexpr const char* kUsualToolTip = "usualToolTip";
   const bool enabled = whyNot.isEmpty();
-  for (const char* name :
-       {"scanSiteButton", "filterDrawerButton", "addFilterButton", "delFilterButton", "newFilterInput",
-        "deleteSiteButton", "editSiteButton", "ignoreRobotsButton", "copyUrlButton"}) {
-    auto& widget = control<QWidget>(m_mainWindow, name);
-    if (!widget.property(kUsualToolTip).isValid()) widget.setProperty(kUsualToolTip, widget.toolTip());
-    widget.setEnabled(enabled);
-    widget.setToolTip(enabled ? widget.property(kUsualToolTip).toString() : whyNot);
+  for (QWidget* each : std::initializer_list<QWidget*>{
+           &m_view.scanSiteButton, &m_view.filterDrawerButton, &m_view.addFilterButton,
+           &m_view.delFilterButton, &m_view.newFilterInput, &m_view.deleteSiteButton, &m_view.editSiteButton,
+           &m_view.ignoreRobotsButton, &m_view.copyUrlButton}) {
+    if (!each->property(kUsualToolTip).isValid()) each->setProperty(kUsualToolTip, each->toolTip());
+    each->setEnabled(enabled);
+    each->setToolTip(enabled ? each->property(kUsualToolTip).toString() : whyNot);
   }
-  for (const char* action :
-       {"editMI", "deleteMI", "scanMI", "filtersMI", "addFilterMI", "ignoreRobotsMI", "openFolderMI",
-        "viewInBrowserMI", "exportBrokenTextMI", "exportBrokenHtmlMI", "copyAddressMI", "openAddressMI"}) {
-    control<QAction>(m_mainWindow, action).setEnabled(enabled);
+  for (QAction* each :
+       {&m_view.editMI, &m_view.deleteMI, &m_view.scanMI, &m_view.filtersMI, &m_view.addFilterMI,
+        &m_view.ignoreRobotsMI, &m_view.openFolderMI, &m_view.viewInBrowserMI, &m_view.exportBrokenTextMI,
+        &m_view.exportBrokenHtmlMI, &m_view.copyAddressMI, &m_view.openAddressMI}) {
+    each->setEnabled(enabled);
   }
-  control<QMenu>(m_mainWindow, "layoutMenu").menuAction()->setEnabled(enabled);
+  m_view.layoutMenu.menuAction()->setEnabled(enabled);
 }
 
 void ScanViewController::setWindowTitle(const QString& title) {
@@ -343,23 +348,23 @@ void ScanViewController::ignoreRobotsAction(bool ignore) {
 
 /// In the view and in the menu, of which one may show it already.
 void ScanViewController::showIgnoreRobots(bool ignore) {
-  auto& box = control<QCheckBox>(m_mainWindow, "ignoreRobotsButton");
+  auto& box = m_view.ignoreRobotsButton;
   const QSignalBlocker quiet(box);
   box.setChecked(ignore);
-  control<QAction>(m_mainWindow, "ignoreRobotsMI").setChecked(ignore);
+  m_view.ignoreRobotsMI.setChecked(ignore);
 }
 
 void ScanViewController::filterAddPanel(bool open) {
   m_parts.state.qzvskPLastState = open;
-  control<QDockWidget>(m_mainWindow, "filterDrawer").setVisible(open);
+  m_view.filterDrawer.setVisible(open);
 }
 
 /// Brings a site into sight; it is not selected.
 void ScanViewController::showSiteAt(const QString& name) {
   const QModelIndex site = m_sites.index(m_sites.rowOf(toUtf8(name)), SiteTableModel::siteColumn);
-  if (!m_found.mapFromSource(site).isValid()) control<QLineEdit>(m_mainWindow, "siteSearch").clear();
-  m_siteListTable.doItemsLayout();  // it has yet to hear how long the list is now
-  m_siteListTable.scrollTo(m_found.mapFromSource(site));
+  if (!m_found.mapFromSource(site).isValid()) m_view.siteSearch.clear();
+  m_view.siteListTable.doItemsLayout();  // it has yet to hear how long the list is now
+  m_view.siteListTable.scrollTo(m_found.mapFromSource(site));
 }
 
 void ScanViewController::openSiteFolder() const {
@@ -372,7 +377,7 @@ QString ScanViewController::siteUrl() const {
 }
 
 std::string ScanViewController::selectedName() const {
-  const QModelIndexList rows = m_siteListTable.selectionModel()->selectedRows();
+  const QModelIndexList rows = m_view.siteListTable.selectionModel()->selectedRows();
   return rows.isEmpty() ? std::string() : m_sites.siteName(m_found.mapToSource(rows.first()).row());
 }
 

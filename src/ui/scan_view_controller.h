@@ -17,9 +17,8 @@
 #include "store/shared_state.h"
 #include "store/site_list.h"
 #include "ui/empty_hint.h"
+#include "ui/scan_view_controls.h"
 #include "ui/site_table_model.h"
-
-class QTableView;
 
 namespace ui {
 
@@ -65,6 +64,7 @@ class ScanViewController : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void buildSitePage();
   void buildTable();
   void measureColumns();
   void fitColumns();
@@ -88,9 +88,9 @@ class ScanViewController : public QObject {
 
   QMainWindow& m_mainWindow;
   ScanViewParts m_parts;
+  ScanViewControls m_view;
   SiteTableModel m_sites;
   QSortFilterProxyModel m_found;
-  QTableView& m_siteListTable;
   QMap<int, int> m_columnWidths;       // in pixels, by column
   EmptyHint* m_noSiteFound = nullptr;  // the hints belong to their lists
   EmptyHint* m_noLinks;

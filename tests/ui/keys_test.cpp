@@ -197,6 +197,9 @@ void KeysTest::isOffUnderASheet() {
   desk.control<QAction>("aboutMI").trigger();
   QVERIFY(comesTrue([] { return topSheet() != nullptr; }));
   QVERIFY(commands(false));
+  auto* sites =
+      QAccessible::queryAccessibleInterface(&desk.control<QWidget>("siteListTable"))->tableInterface();
+  QVERIFY(!sites->selectRow(0));
   desk.control<QAction>("saveMI").setEnabled(true);  // as when something changes meanwhile
   QVERIFY(!desk.control<QAction>("saveMI").isEnabled());
   pressEscape(*topSheet());

@@ -4,13 +4,10 @@
 #include <QDockWidget>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QTableView>
-#include <QToolTip>
 
 #include "platform/qt_text.h"
 #include "store/site_record.h"
@@ -30,15 +27,14 @@ const char* const kSiteActions[] = {"scanMI",         "editMI",       "deleteMI"
                                     "ignoreRobotsMI", "openFolderMI", "copyAddressMI", "viewInBrowserMI"};
 
 bool allSiteControls(const Desk& desk, bool enabled) {
-  for (const char* name : kSiteControls) {
-    if (desk.enabled(name) != enabled) return qWarning("%s is not as it should be", name), false;
-  }
-  for (const char* name : kSiteActions) {
-    if (desk.control<QAction>(name).isEnabled() != enabled) {
-      return qWarning("%s is not as it should be", name), false;
-    }
-  }
-  return true;
+  const auto asWanted = [&](const char* name, bool isEnabled) {
+    if (isEnabled != enabled) qWarning("%s is not as it should be", name);
+    return isEnabled == enabled;
+  };
+  bool all = true;
+  for (const char* name : kSiteControls) all = asWanted(name, desk.enabled(name)) && all;
+  for (const char* name : kSiteActions) all = asWanted(name, desk.control<QAction>(name).isEnabled()) && all;
+  return all;
 }
 
 /// What a table shows in its first column.
@@ -60,7 +56,6 @@ class ScanViewTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void welcomesWithoutSites();
   void enablesWhatASelectedSiteAllows();
   void offersNothingForARecordThatCannotBeUsed();
   void showsTheRecord();
@@ -72,41 +67,30 @@ class ScanViewTest : public QObject {
   void shortensLongNamesAndAddresses();
 };
 
-void ScanViewTest::welcomesWithoutSites() {
-  Desk desk;
-  desk.open();
-  auto& area = desk.control<QStackedWidget>("siteArea");
-  QCOMPARE(area.currentWidget(), &desk.control<QWidget>("noSitesPage"));
-  QVERIFY(allSiteControls(desk, false));
-  QVERIFY(desk.nothingSelected());
-  QVERIFY(desk.click("firstSiteButton"));
-  QVERIFY(sheetNamed(QStringLiteral("aedWindow")));
-}
-
 void ScanViewTest::enablesWhatASelectedSiteAllows() {
   Desk desk;
-  desk.makeSite("Shop", "http://shop.test/");
   desk.open();
-  QVERIFY(allSiteControls(desk, false));
+  QVERIFY(desk.control<QWidget>("noSitesPage").isVisible());
+  QVERIFY(desk.nothingSelected() && allSiteControls(desk, false));
+  QVERIFY(desk.click("firstSiteButton"));
+  QVERIFY(sheetNamed(QStringLiteral("aedWindow")));
+  desk.makeSite("Shop", "http://shop.test/");
+  pressEscape(*topSheet());
+  QVERIFY(noSheetLeft());
   QVERIFY(desk.select(kShop));
   QVERIFY(allSiteControls(desk, true));
   QCOMPARE(desk.window().windowTitle(), QStringLiteral("Veskel2 - Shop"));
   QCOMPARE(desk.window().state().qzvskCurSite, std::string("Shop"));
-  QCOMPARE(desk.window().state().qzvskWinTit, std::string("Veskel2 - Shop"));
   QVERIFY(desk.window().state().qzvskViewChanged);
   QCOMPARE(desk.label("siteName"), kShop);
   QCOMPARE(desk.label("siteURL"), QStringLiteral("http://shop.test/"));
   // What a label says is for the eyes: commands go by the site in hand.
   desk.control<QLabel>("siteURL").setText(QStringLiteral("http://blog.test/"));
   desk.control<QLabel>("siteName").setText(kBlog);
-  for (const char* copies : {"copyAddressMI", "copyMI"}) {
-    desk.control<QAction>(copies).trigger();
-    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("http://shop.test/"));
-    QGuiApplication::clipboard()->clear();
-  }
+  desk.control<QAction>("copyAddressMI").trigger();
+  QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("http://shop.test/"));
   QVERIFY(desk.select(kShop, Qt::ControlModifier));
-  QVERIFY(desk.nothingSelected());
-  QVERIFY(allSiteControls(desk, false));
+  QVERIFY(desk.nothingSelected() && allSiteControls(desk, false));
 }
 
 void ScanViewTest::offersNothingForARecordThatCannotBeUsed() {
@@ -175,17 +159,13 @@ void ScanViewTest::turnsTheRobotsSwitch() {
   // A record without the switch cannot be changed, and nothing looks as if it was.
   QVERIFY(desk.select(kBlog));
   QVERIFY(robotsAreIgnored(desk, false));
-  for (const auto& turn :
-       std::initializer_list<std::function<void()>>{[&] { action.trigger(); }, [&] { box.toggle(); }}) {
-    turn();
-    const QString told = QStringLiteral("The robots switch could not be saved.");
-    QVERIFY(answer(message(told), QStringLiteral("OK")));
+  for (const bool byMenu : {true, false}) {
+    byMenu ? action.trigger() : box.toggle();
+    QVERIFY(answer(message(QStringLiteral("The robots switch could not be saved.")), QStringLiteral("OK")));
     QVERIFY(robotsAreIgnored(desk, false));
   }
   QVERIFY(desk.select(kShop));
   QVERIFY(robotsAreIgnored(desk, true));
-  QVERIFY(desk.select(kShop, Qt::ControlModifier));
-  QVERIFY(robotsAreIgnored(desk, false));
 }
 
 void ScanViewTest::searchesSites() {
@@ -200,10 +180,8 @@ void ScanViewTest::searchesSites() {
   QCOMPARE(desk.listedSites(), (QStringList{kShop, QStringLiteral("Workshop")}));
   // A site that is not to be seen is not in hand either.
   QVERIFY(desk.nothingSelected());
-  QVERIFY(allSiteControls(desk, false));
   QVERIFY(desk.select(QStringLiteral("Workshop")));
   search.clear();
-  QCOMPARE(desk.listedSites().size(), 3);
   QCOMPARE(desk.label("siteName"), QStringLiteral("Workshop"));
 }
 
@@ -211,25 +189,19 @@ void ScanViewTest::sortsByHeadings() {
   Desk desk;
   const std::pair<const char*, const char*> sites[] = {{"Zoo", "9"}, {"blog", "1204"}, {"Shop", "80"}};
   for (const auto& [name, pages] : sites) {
-    const std::string url = "http://a.test/";
-    desk.makeSite(name, "", store::newSiteRecord(name, url));
-    desk.writeFile(name, std::string(name) + ".qzVSK",
-                   "<siteName>" + std::string(name) + "</siteName>\n<siteURL>" + url +
-                       "</siteURL>\n<pagesFound>" + pages + "</pagesFound>");
+    desk.makeSite(name, "",
+                  "<siteName>" + std::string(name) + "</siteName>\n<pagesFound>" + pages + "</pagesFound>");
   }
   desk.open();
   QHeaderView& header = *desk.control<QTableView>("siteListTable").horizontalHeader();
-  const auto clickOn = [&](int column) {
+  QVERIFY(desk.select(kShop));
+  const std::pair<int, const char*> clicks[] = {
+      {0, "blog Shop Zoo"}, {1, "Zoo Shop blog"}, {1, "blog Shop Zoo"}, {1, "Shop Zoo blog"}};
+  for (const auto& [column, order] : clicks) {
     const QPoint place(header.sectionViewportPosition(column) + 20, header.height() / 2);
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
-    return desk.listedSites().join(QLatin1Char(' '));
-  };
-  QCOMPARE(desk.listedSites().join(QLatin1Char(' ')), QStringLiteral("Shop Zoo blog"));
-  QVERIFY(desk.select(kShop));
-  QCOMPARE(clickOn(0), QStringLiteral("blog Shop Zoo"));
-  QCOMPARE(clickOn(1), QStringLiteral("Zoo Shop blog"));
-  QCOMPARE(clickOn(1), QStringLiteral("blog Shop Zoo"));
-  QCOMPARE(clickOn(1), QStringLiteral("Shop Zoo blog"));
+    QCOMPARE(desk.listedSites().join(QLatin1Char(' ')), QLatin1String(order));
+  }
   QCOMPARE(desk.label("siteName"), kShop);
 }
 
@@ -245,7 +217,6 @@ void ScanViewTest::addsAndDeletesFilters() {
   QVERIFY(desk.select(kBlog));
   QCOMPARE(shown(desk, "filterTable"), QStringList());
   QVERIFY(desk.select(kShop));
-  QCOMPARE(desk.window().state().qzvskFiltersArray, (std::vector<std::string>{"/private", "#"}));
 
   // The menu leads to the field from every view; the labels have no say.
   desk.control<QLabel>("siteName").setText(kBlog);
@@ -259,10 +230,7 @@ void ScanViewTest::addsAndDeletesFilters() {
   QVERIFY(desk.click("addFilterButton"));
   QCOMPARE(input.text(), QString());
   QVERIFY(desk.click("addFilterButton"));
-  QMessageBox* alert = message(QStringLiteral("Cannot Add Filter"));
-  QVERIFY(alert);
-  QCOMPARE(alert->informativeText(), QStringLiteral("There is nothing to add!"));
-  QVERIFY(answer(alert, QStringLiteral("OK")));
+  QVERIFY(answer(message(QStringLiteral("Cannot Add Filter")), QStringLiteral("OK")));
   QVERIFY(desk.file("Shop", "filters.vskp").ends_with("#\n  /cart \n/private\n"));
   QCOMPARE(desk.file("Blog", "filters.vskp"), std::string());
 
@@ -284,7 +252,6 @@ void ScanViewTest::addsAndDeletesFilters() {
   selectFilter(0);
   QVERIFY(desk.click("delFilterButton"));
   QCOMPARE(desk.file("Shop", "filters.vskp"), std::string());
-  QCOMPARE(shown(desk, "filterTable"), QStringList());
 }
 
 void ScanViewTest::opensAndClosesTheDrawer() {
@@ -319,15 +286,10 @@ void ScanViewTest::shortensLongNamesAndAddresses() {
   QVERIFY(desk.select(platform::toQString(name)));
   QTest::qWait(0);
   QCOMPARE(desk.window().width(), width);
-  QCOMPARE(desk.label("siteName"), platform::toQString(name));
-  QCOMPARE(desk.label("siteURL"), platform::toQString(url));
   for (const char* field : {"siteName", "siteURL"}) {
     auto& label = desk.control<QLabel>(field);
     QVERIFY(label.width() < label.fontMetrics().horizontalAdvance(label.text()));
     QVERIFY(label.mapTo(&desk.window(), label.rect().bottomRight()).x() < width);
-    QHelpEvent hover(QEvent::ToolTip, label.rect().center(), label.mapToGlobal(label.rect().center()));
-    QApplication::sendEvent(&label, &hover);
-    QCOMPARE(QToolTip::text(), label.text());
   }
 }
 

@@ -47,18 +47,13 @@ class ScanWindowTest : public QObject {
  private slots:
   void scansFromTheButtonToTheFinalCounts();
   void showsHowFarItIs();
-  void startsByKey_data();
   void startsByKey();
   void endsExactlyHoweverFastLinksCome();
   void honoursFiltersAndTheRobotsSwitch();
   void forgetsTheBrokenPagesOfTheLastScan();
-  void listsBrokenPagesWithReasons();
-  void stopsInMidPage_data();
   void stopsInMidPage();
   void stopsWhileConnecting();
-  void asksAboutLooping_data();
   void asksAboutLooping();
-  void tellsOfAnUnreachableSite_data();
   void tellsOfAnUnreachableSite();
   void refusesASiteThatIsScannedElsewhere();
   void tellsOfALostDocument();
@@ -101,6 +96,11 @@ void ScanWindowTest::scansFromTheButtonToTheFinalCounts() {
     QVERIFY2(desk.control<QAction>(action).isEnabled(), action);
   }
   QCOMPARE(desk.window().windowTitle(), QStringLiteral("Veskel2 - Shop"));
+  QVERIFY(desk.click("brokenLinksButton"));
+  const QAbstractItemModel& broken = *desk.control<QTableView>("badLinkTable").model();
+  QCOMPARE(broken.rowCount(), 1);
+  QCOMPARE(broken.index(0, 0).data().toString(), platform::toQString(server.url("gone.html")));
+  QCOMPARE(broken.index(0, 1).data().toString(), QStringLiteral("404 - Not Found"));
 }
 
 void ScanWindowTest::showsHowFarItIs() {
@@ -142,25 +142,19 @@ void ScanWindowTest::showsHowFarItIs() {
   QVERIFY(desk.window().state().qzvskPLastState);
 }
 
-void ScanWindowTest::startsByKey_data() {
-  QTest::addColumn<QKeySequence>("keys");
-  for (const char* keys : {"F5", "Ctrl+R"}) {
-    QTest::newRow(keys) << QKeySequence(QString::fromLatin1(keys));
-  }
-}
-
 void ScanWindowTest::startsByKey() {
-  QFETCH(const QKeySequence, keys);
   const SiteServer server({{"/", page("Only", {})}});
   Desk desk;
   openWithShop(desk, server.url());
   desk.control<QAction>("xmlTBI").trigger();
-  QTest::keySequence(&desk.window(), keys);
-  QVERIFY(!desk.enabled("scanSiteButton"));
-  QVERIFY(scanHasEnded(desk));
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("1"));
-  QCOMPARE(desk.control<QTableView>("xmlTableView").model()->rowCount(),
-           1);  // the view that is open shows it
+  for (const char* keys : {"F5", "Ctrl+R"}) {
+    QTest::keySequence(&desk.window(), QKeySequence(QString::fromLatin1(keys)));
+    QVERIFY(!desk.enabled("scanSiteButton"));
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
+    QCOMPARE(desk.label("pagesFound"), QStringLiteral("1"));
+    QCOMPARE(desk.control<QTableView>("xmlTableView").model()->rowCount(), 1);  // the open view shows it
+    desk.control<QLabel>("pagesFound").clear();
+  }
 }
 
 void ScanWindowTest::endsExactlyHoweverFastLinksCome() {
@@ -209,57 +203,26 @@ void ScanWindowTest::forgetsTheBrokenPagesOfTheLastScan() {
   QCOMPARE(desk.file("Shop", "badLinks.txt"), std::string());
 }
 
-void ScanWindowTest::listsBrokenPagesWithReasons() {
-  const SiteServer server(smallSite());
-  Desk desk;
-  openWithShop(desk, server.url());
-  QVERIFY(scan(desk));
-  QVERIFY(desk.click("brokenLinksButton"));
-  const QAbstractItemModel& rows = *desk.control<QTableView>("badLinkTable").model();
-  QCOMPARE(rows.rowCount(), 1);
-  QCOMPARE(rows.index(0, 0).data().toString(), platform::toQString(server.url("gone.html")));
-  QCOMPARE(rows.index(0, 1).data().toString(), QStringLiteral("404 - Not Found"));
-
-  // They are still known to the next start of the program.
-  desk.close();
-  desk.open();
-  QVERIFY(desk.select(kShop));
-  QVERIFY(desk.click("brokenLinksButton"));
-  QCOMPARE(desk.control<QTableView>("badLinkTable").model()->index(0, 1).data().toString(),
-           QStringLiteral("404 - Not Found"));
-}
-
-void ScanWindowTest::stopsInMidPage_data() {
-  QTest::addColumn<bool>("escape");
-  QTest::newRow("Cancel") << false;
-  QTest::newRow("Escape") << true;
-}
-
 void ScanWindowTest::stopsInMidPage() {
-  QFETCH(const bool, escape);
   const SlowSite site(smallSite(), "/b.html");
   Desk desk;
   openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QDialog* sheet = sheetNamed(kProgress);
-  QVERIFY(sheet);
-  QVERIFY(comesTrue([] { return counter("caPagesScanned") == QLatin1String("2"); }));
-  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
-  if (escape) {
-    pressEscape(*sheet);
-  } else {
-    QVERIFY(click(platform::control<QPushButton>(*sheet, "cancelScanButton")));
+  for (const bool escape : {false, true}) {
+    QVERIFY(desk.click("scanSiteButton"));
+    QDialog* sheet = sheetNamed(kProgress);
+    QVERIFY(sheet);
+    QVERIFY(comesTrue([&] { return counter("caPagesScanned") == QLatin1String("2") && site.isWaitedFor(); }));
+    if (escape) pressEscape(*sheet);
+    if (!escape) QVERIFY(click(platform::control<QPushButton>(*sheet, "cancelScanButton")));
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
+    // Found are also the pages that were never visited.
+    QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
+    QCOMPARE(shownLinks(desk).size(), 5);
+    QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+    QCOMPARE(store::recordCount(desk.record("Shop"), store::kPagesFound), std::optional(5));
+    QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(),
+             QStringLiteral("Stopped the scan of \"Shop\""));
   }
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(noSheetLeft());
-  QVERIFY(site.isWaitedFor());
-  // Found are also the pages that were never visited.
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
-  QCOMPARE(shownLinks(desk).size(), 5);
-  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
-  QCOMPARE(store::recordCount(desk.record("Shop"), store::kPagesFound), std::optional(5));
-  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(),
-           QStringLiteral("Stopped the scan of \"Shop\""));
 }
 
 void ScanWindowTest::stopsWhileConnecting() {
@@ -277,68 +240,49 @@ void ScanWindowTest::stopsWhileConnecting() {
   QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
 }
 
-void ScanWindowTest::asksAboutLooping_data() {
-  QTest::addColumn<QString>("choice");
-  QTest::addColumn<QString>("pagesUsed");
-  QTest::newRow("go on") << QStringLiteral("Continue") << QStringLiteral("2");
-  QTest::newRow("stop") << QStringLiteral("Cancel Scan") << QStringLiteral("1");
-  QTest::newRow("Escape") << QString() << QStringLiteral("1");
-}
-
 void ScanWindowTest::asksAboutLooping() {
-  QFETCH(const QString, choice);
-  QFETCH(const QString, pagesUsed);
   const SiteServer server({{"/", page("Start", {kLoop, "b.html"})}, {"/b.html", page("B", {})}});
   Desk desk;
   openWithShop(desk, server.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QMessageBox* question = message(kLooping);
-  QVERIFY(question);
-  QCOMPARE(question->informativeText(),
-           QStringLiteral("URL parameters have been found containing multiple ?s which may be invalid."));
-  QVERIFY(hasButtons(*question, {QStringLiteral("Continue"), QStringLiteral("Cancel Scan")}));
-  // One sheet at a time, and the scan waits behind it.
-  QVERIFY(!platform::control<QDialog>(desk.window(), "scanCustomAlertPanel").isVisible());
-  QVERIFY(!desk.enabled("scanSiteButton"));
-  QCOMPARE(server.timesAsked("GET /b.html"), 0);
-  if (choice.isEmpty()) {
-    pressEscape(*question);
-  } else {
-    QVERIFY(answer(question, choice));
+  for (const char* choice : {"", "Cancel Scan", "Continue"}) {
+    QVERIFY(desk.click("scanSiteButton"));
+    QMessageBox* question = message(kLooping);
+    QVERIFY(question);
+    QCOMPARE(question->informativeText(),
+             QStringLiteral("URL parameters have been found containing multiple ?s which may be invalid."));
+    QVERIFY(hasButtons(*question, {QStringLiteral("Continue"), QStringLiteral("Cancel Scan")}));
+    // One sheet at a time, and the scan waits behind it.
+    QVERIFY(!platform::control<QDialog>(desk.window(), "scanCustomAlertPanel").isVisible());
+    QVERIFY(!desk.enabled("scanSiteButton"));
+    QCOMPARE(server.timesAsked("GET /b.html"), 0);
+    if (*choice == '\0') pressEscape(*question);
+    if (*choice != '\0') QVERIFY(answer(question, QString::fromLatin1(choice)));
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
+    QCOMPARE(desk.label("linksScanned"),
+             *choice == 'C' && choice[1] == 'o' ? QStringLiteral("2") : QStringLiteral("1"));
+    QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
   }
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(noSheetLeft());
-  QCOMPARE(desk.label("linksScanned"), pagesUsed);
-  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
-}
-
-void ScanWindowTest::tellsOfAnUnreachableSite_data() {
-  QTest::addColumn<bool>("serverIsUp");
-  QTest::addColumn<QString>("told");
-  QTest::newRow("no server") << false << QStringLiteral("Error Code: 0 - ");
-  QTest::newRow("no such page") << true << QStringLiteral("Error Code: 404 - Not Found");
 }
 
 void ScanWindowTest::tellsOfAnUnreachableSite() {
-  QFETCH(const bool, serverIsUp);
-  QFETCH(const QString, told);
   auto server = std::make_unique<SiteServer>(SiteServer::Pages{});
   Desk desk;
   openWithShop(desk, server->url());
-  if (!serverIsUp) server.reset();
-  QVERIFY(desk.click("filterDrawerButton"));
-  QVERIFY(desk.click("scanSiteButton"));
   const QString title = QStringLiteral("The Site URL Could Not Be Reached");
-  QMessageBox* alert = message(title);
-  QVERIFY(alert);
-  QVERIFY2(alert->informativeText().startsWith(told), qPrintable(alert->informativeText()));
-  QVERIFY(hasButtons(*alert, {QStringLiteral("OK")}));
-  QVERIFY(answer(alert, QStringLiteral("OK")));
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(noSheetLeft());
-  QVERIFY(desk.control<QAction>("addMI").isEnabled());
-  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), title);
-  QVERIFY(!desk.control<QDockWidget>("filterDrawer").isVisible());
+  for (const char* told : {"Error Code: 404 - Not Found", "Error Code: 0 - "}) {
+    QVERIFY(desk.click("filterDrawerButton"));
+    QVERIFY(desk.click("scanSiteButton"));
+    QMessageBox* alert = message(title);
+    QVERIFY(alert);
+    QVERIFY2(alert->informativeText().startsWith(QLatin1String(told)), qPrintable(alert->informativeText()));
+    QVERIFY(hasButtons(*alert, {QStringLiteral("OK")}));
+    QVERIFY(answer(alert, QStringLiteral("OK")));
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
+    QVERIFY(desk.control<QAction>("addMI").isEnabled());
+    QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), title);
+    QVERIFY(!desk.control<QDockWidget>("filterDrawer").isVisible());
+    server.reset();
+  }
 }
 
 void ScanWindowTest::refusesASiteThatIsScannedElsewhere() {

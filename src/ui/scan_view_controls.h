@@ -1,0 +1,70 @@
+// The controls of the scan view, found when the window is made.
+#pragma once
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDockWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QToolButton>
+
+#include "platform/named_controls.h"
+
+namespace ui {
+
+struct ScanViewControls {
+  const QMainWindow& window;
+
+  QLineEdit& siteSearch = platform::control<QLineEdit>(window, "siteSearch");
+  QTableView& siteListTable = platform::control<QTableView>(window, "siteListTable");
+  QPushButton& addSiteButton = platform::control<QPushButton>(window, "addSiteButton");
+  QPushButton& firstSiteButton = platform::control<QPushButton>(window, "firstSiteButton");
+  QPushButton& editSiteButton = platform::control<QPushButton>(window, "editSiteButton");
+  QPushButton& deleteSiteButton = platform::control<QPushButton>(window, "deleteSiteButton");
+
+  QStackedWidget& siteArea = platform::control<QStackedWidget>(window, "siteArea");
+  QWidget& noSitesPage = platform::control<QWidget>(window, "noSitesPage");
+  QWidget& sitePage = platform::control<QWidget>(window, "sitePage");
+  QLabel& siteName = platform::control<QLabel>(window, "siteName");
+  QLabel& siteURL = platform::control<QLabel>(window, "siteURL");
+  QToolButton& copyUrlButton = platform::control<QToolButton>(window, "copyUrlButton");
+  QCheckBox& ignoreRobotsButton = platform::control<QCheckBox>(window, "ignoreRobotsButton");
+  QPushButton& filterDrawerButton = platform::control<QPushButton>(window, "filterDrawerButton");
+  QPushButton& scanSiteButton = platform::control<QPushButton>(window, "scanSiteButton");
+  QLabel& pagesFound = platform::control<QLabel>(window, "pagesFound");
+  QLabel& linksScanned = platform::control<QLabel>(window, "linksScanned");
+  QLabel& totalLinksFound = platform::control<QLabel>(window, "totalLinksFound");
+  QLabel& brokenLinks = platform::control<QLabel>(window, "brokenLinks");
+  QPushButton& brokenLinksButton = platform::control<QPushButton>(window, "brokenLinksButton");
+  QLabel& scanNotice = platform::control<QLabel>(window, "scanNotice");
+  QListView& scannedLinksViewer = platform::control<QListView>(window, "scannedLinksViewer");
+
+  QDockWidget& filterDrawer = platform::control<QDockWidget>(window, "filterDrawer");
+  QLineEdit& newFilterInput = platform::control<QLineEdit>(window, "newFilterInput");
+  QPushButton& addFilterButton = platform::control<QPushButton>(window, "addFilterButton");
+  QPushButton& delFilterButton = platform::control<QPushButton>(window, "delFilterButton");
+
+  QAction& addMI = platform::control<QAction>(window, "addMI");
+  QAction& editMI = platform::control<QAction>(window, "editMI");
+  QAction& deleteMI = platform::control<QAction>(window, "deleteMI");
+  QAction& openFolderMI = platform::control<QAction>(window, "openFolderMI");
+  QAction& viewInBrowserMI = platform::control<QAction>(window, "viewInBrowserMI");
+  QAction& exportBrokenTextMI = platform::control<QAction>(window, "exportBrokenTextMI");
+  QAction& exportBrokenHtmlMI = platform::control<QAction>(window, "exportBrokenHtmlMI");
+  QAction& copyAddressMI = platform::control<QAction>(window, "copyAddressMI");
+  QAction& openAddressMI = platform::control<QAction>(window, "openAddressMI");
+  QAction& findSiteMI = platform::control<QAction>(window, "findSiteMI");
+  QMenu& layoutMenu = platform::control<QMenu>(window, "layoutMenu");
+  QAction& scanMI = platform::control<QAction>(window, "scanMI");
+  QAction& filtersMI = platform::control<QAction>(window, "filtersMI");
+  QAction& addFilterMI = platform::control<QAction>(window, "addFilterMI");
+  QAction& ignoreRobotsMI = platform::control<QAction>(window, "ignoreRobotsMI");
+};
+
+}  // namespace ui
