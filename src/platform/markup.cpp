@@ -5,12 +5,10 @@
 #include <memory>
 
 #include <libxml/HTMLparser.h>
-#include <libxml/HTMLtree.h>
 #include <libxml/SAX2.h>
 #include <libxml/dict.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
-#include <libxml/tree.h>
 
 namespace platform {
 
@@ -23,14 +21,9 @@ std::string_view view(const xmlChar* text) {
   return text == nullptr ? std::string_view{} : reinterpret_cast<const char*>(text);
 }
 
-const xmlChar* xmlText(const std::string& text) {
-  return reinterpret_cast<const xmlChar*>(text.c_str());
-}
-
 /// What the parser's callbacks know. They are called from C, so nothing may be thrown through them.
 struct Reading {
   MarkupHandler& handler;
-  const std::stop_token& stop;
   const MarkupLimits& limits;
   std::string_view rest;                         // of the text, not handed to the parser yet
   htmlParserCtxtPtr parser = nullptr;            // owned by readHtml()
@@ -43,7 +36,7 @@ struct Reading {
   bool exhausted() const {
     // All attributes of a tag are compared with each other before any is told of.
     const auto attributesInTag = static_cast<std::uint64_t>(parser->maxatts / 2);
-    return stop.stop_requested() || steps > limits.steps || parser->nameNr > limits.depth ||
+    return steps > limits.steps || parser->nameNr > limits.depth ||
            attributesInTag * bytesInToken > limits.stepsInTag ||
            xmlDictGetUsage(parser->dict) > limits.nameBytes;
   }
@@ -137,14 +130,6 @@ struct FreeContext {
   void operator()(htmlParserCtxtPtr context) const { htmlFreeParserCtxt(context); }
 };
 
-struct FreeDocument {
-  void operator()(xmlDocPtr document) const { xmlFreeDoc(document); }
-};
-
-struct FreeBuffer {
-  void operator()(xmlBufferPtr buffer) const { xmlBufferFree(buffer); }
-};
-
 /// Lets the parser read through onRead(). False without memory.
 bool connectInput(htmlParserCtxtPtr parser, Reading& state) {
   const xmlParserInputBufferPtr buffer =
@@ -170,12 +155,11 @@ void initialiseOnce() {
 
 }  // namespace
 
-void readHtml(std::string_view utf8, MarkupHandler& handler, std::stop_token stop,
-              const MarkupLimits& limits) {
+void readHtml(std::string_view utf8, MarkupHandler& handler, const MarkupLimits& limits) {
   if (utf8.empty()) return;
   initialiseOnce();
   const std::unique_ptr<htmlParserCtxt, FreeContext> parser(htmlNewParserCtxt());
-  Reading state{handler, stop, limits, utf8, parser.get()};
+  Reading state{handler, limits, utf8, parser.get()};
   if (!parser || !connectInput(parser.get(), state)) return;
   // The text is decoded already: no declaration in it may change that.
   htmlCtxtUseOptions(parser.get(), HTML_PARSE_RECOVER | HTML_PARSE_NONET | HTML_PARSE_IGNORE_ENC);
@@ -187,23 +171,6 @@ void readHtml(std::string_view utf8, MarkupHandler& handler, std::stop_token sto
   *parser->sax = kCallbacks;
   parser->userData = &state;
   htmlParseDocument(parser.get());
-}
-
-std::string serialiseStartTag(std::string_view name, const std::vector<MarkupAttribute>& attributes) {
-  const std::unique_ptr<xmlDoc, FreeDocument> document(htmlNewDocNoDtD(nullptr, nullptr));
-  const std::unique_ptr<xmlBuffer, FreeBuffer> buffer(xmlBufferCreate());
-  if (!document || !buffer) return {};
-  document->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>("UTF-8"));
-  const xmlNodePtr node = xmlNewDocNode(document.get(), nullptr, xmlText(std::string(name)), nullptr);
-  if (node == nullptr) return {};
-  xmlDocSetRootElement(document.get(), node);
-  for (const MarkupAttribute& attribute : attributes) {
-    xmlNewProp(node, xmlText(std::string(attribute.name)), xmlText(std::string(attribute.value)));
-  }
-  htmlNodeDump(buffer.get(), document.get(), node);
-  std::string markup(view(xmlBufferContent(buffer.get())));
-  while (markup.ends_with('\n')) markup.pop_back();
-  return markup;
 }
 
 }  // namespace platform

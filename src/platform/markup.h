@@ -3,8 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <stop_token>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -47,11 +45,7 @@ struct MarkupLimits {
 /// Reads `utf8` (valid UTF-8) as HTML. Never fails: every text yields some document, and the same text always
 /// the same one. A text made to exhaust its reader is read up to some point and counts as ending there: where
 /// elements nest hundreds of thousands deep, where a tag has tens of thousands of attributes, or where the
-/// parser has searched in vain for too long. A stop ends the text likewise, within a fraction of a second.
-void readHtml(std::string_view utf8, MarkupHandler& handler, std::stop_token stop = {},
-              const MarkupLimits& limits = {});
-
-/// An element's start tag as a serialiser writes it back: values quoted, "&", "<" and ">" in them escaped.
-std::string serialiseStartTag(std::string_view name, const std::vector<MarkupAttribute>& attributes);
+/// parser has searched in vain for too long.
+void readHtml(std::string_view utf8, MarkupHandler& handler, const MarkupLimits& limits = {});
 
 }  // namespace platform

@@ -19,26 +19,18 @@ TEST(WeekDate, FormatsByTheWeeksOfTheLocale) {
   const Case cases[] = {
       {"in the middle of a year", american, "Tue, 15 Jun 2010 12:00:00 GMT", "2010-06-15"},
       {"the last days of a year", american, "Mon, 31 Dec 2012 23:59:59 GMT", "2013-12-31"},
-      {"the last days by other weeks", german, "Mon, 31 Dec 2012 00:00:00 GMT", "2013-12-31"},
       {"a Sunday begins the American week", american, "Sun, 30 Dec 2012 12:00:00 GMT", "2013-12-30"},
       {"a Sunday ends the German week", german, "Sun, 30 Dec 2012 12:00:00 GMT", "2012-12-30"},
       {"the first days in the week of 1 January", american, "Fri, 01 Jan 2010 12:00:00 GMT", "2010-01-01"},
       {"the first days in the week before", german, "Fri, 01 Jan 2010 12:00:00 GMT", "2009-01-01"},
-      {"RFC 850", american, "Sunday, 06-Nov-94 08:49:37 GMT", "1994-11-06"},
-      {"asctime", american, "Sun Nov  6 08:49:37 1994", "1994-11-06"},
       {"an offset", american, "Tue, 15 Jun 2010 23:30:00 -0100", "2010-06-16"},
-      {"a zone ahead", {"en_US", "Asia/Tokyo"}, "Tue, 15 Jun 2010 20:00:00 GMT", "2010-06-16"},
-      {"a zone behind", {"en_US", "America/New_York"}, "Tue, 15 Jun 2010 02:00:00 GMT", "2010-06-14"},
       {"a zone moves the year", {"en_US", "Asia/Tokyo"}, "Sat, 31 Dec 2011 16:00:00 GMT", "2012-01-01"},
       {"the calendar of another locale", {"th_TH", "UTC"}, "Tue, 15 Jun 2010 12:00:00 GMT", "2010-06-15"},
       {"the digits of another locale", {"ar_EG", "UTC"}, "Tue, 15 Jun 2010 12:00:00 GMT", "2010-06-15"},
       {"a locale that nobody knows", {"xx_YY", "UTC"}, "Tue, 15 Jun 2010 12:00:00 GMT", "2010-06-15"},
       {"before 1970", american, "Thu, 12 Jun 1969 12:00:00 GMT", "1969-06-12"},
-      {"after 2038", american, "Tue, 15 Jun 2100 12:00:00 GMT", "2100-06-15"},
       {"nothing", american, "", ""},
       {"garbage", american, "yesterday", ""},
-      {"a day that is none", american, "Tue, 32 Jun 2010 12:00:00 GMT", ""},
-      {"a number", american, "1276603200", ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -62,10 +54,9 @@ TEST(EnvironmentDateStyle, TakesTheFirstThatIsSet) {
     const char* expected;
   };
   const Case cases[] = {
-      {nullptr, nullptr, nullptr, "en_US"},      {"", "", "", "en_US"},
-      {"C", "de_DE.UTF-8", "fr_FR", "en_US"},    {"", "de_DE.UTF-8", "fr_FR", "de_DE"},
-      {nullptr, nullptr, "fr_FR@euro", "fr_FR"}, {"POSIX", nullptr, nullptr, "en_US"},
-      {"C.UTF-8", nullptr, nullptr, "en_US"},    {"sr_RS.UTF-8@latin", nullptr, nullptr, "sr_RS"},
+      {nullptr, nullptr, nullptr, "en_US"},      {"", "de_DE.UTF-8", "fr_FR", "de_DE"},
+      {nullptr, nullptr, "fr_FR@euro", "fr_FR"}, {"POSIX", "de_DE", nullptr, "en_US"},
+      {"C.UTF-8", nullptr, nullptr, "en_US"},
   };
   for (const Case& c : cases) {
     setVariable("LC_ALL", c.all);

@@ -50,21 +50,14 @@ TEST(HostileSite, BreaksOffOrTalksNonsense) {
   const Case cases[] = {
       {"nothing", ""},
       {"half a status line", "HTTP/1.1 2"},
-      {"half a header", kOkHead + "Content-Ty"},
-      {"no end of headers", kOkHead + "Content-Type: a/b\r\n"},
       {"less than its length", kOkHead + "Content-Type: a/b\r\nContent-Length: 3\r\n\r\nhi"},
-      {"length beyond any memory", kOkHead + "Content-Length: 9223372036854775807\r\n\r\nhi"},
       {"negative length", kOkHead + "Content-Length: -5\r\n\r\nhi"},
       {"half a chunk", kOkHead + kChunked + "5\r\nhi"},
-      {"no last chunk", kOkHead + kChunked + "2\r\nhi\r\n"},
       {"no HTTP", "<html><body>hello, this is a page without any header</body></html>"},
       {"status 000", "HTTP/1.1 000 Zero\r\n\r\nhi"},
       {"NUL in a header", std::string("HTTP/1.1 200 OK\r\nContent-Type: a\0b\r\n\r\nhi", 41)},
-      {"only interim answers", "HTTP/1.1 100 Continue\r\n\r\n"},
       {"header line of 200 KB", kOkHead + "X: " + longLine + "\r\n\r\nhi", FetchFailure::tooLarge},
       {"broken gzip", rawAnswer("200 OK", "Content-Encoding: gzip\r\n", "no gzip"),
-       FetchFailure::undecodable},
-      {"broken brotli", rawAnswer("200 OK", "Content-Encoding: br\r\n", "\xFF\xFF"),
        FetchFailure::undecodable},
       {"unknown encoding", rawAnswer("200 OK", "Content-Encoding: rot13\r\n", "uv"),
        FetchFailure::undecodable},
@@ -90,11 +83,8 @@ TEST(HostileSite, SendsWithoutEnd) {
   const std::string chunk = "2710\r\n" + junk + "\r\n";
   const Case cases[] = {
       {"body", kOkHead + "\r\n", junk},
-      {"chunks", kOkHead + kChunked, chunk},
-      {"one chunk", kOkHead + kChunked + "7fffffffffffffff\r\n", junk},
       {"what is said beside a chunk", kOkHead + kChunked + "1;", junk},
       {"header line", kOkHead + "X: ", junk},
-      {"headers", kOkHead, "X: " + junk + "\r\n"},
       {"small headers", kOkHead, "a: b\r\n"},
       {"interim answers", "", "HTTP/1.1 103 Early Hints\r\nLink: x\r\n\r\n"},
       {"trailers", kOkHead + kChunked + "0\r\n", "a: b\r\n"},
@@ -129,10 +119,7 @@ TEST(HostileSite, IsCutWhereTheCallerWants) {
   const Case cases[] = {
       {"fits exactly", rawAnswer("200 OK", "", "abcd"), 4, FetchFailure::none, "abcd"},
       {"one too many", rawAnswer("200 OK", "", "abcd"), 3, FetchFailure::tooLarge, "abc"},
-      {"chunks fit exactly", chunks, 4, FetchFailure::none, "abcd"},
       {"within the second chunk", chunks, 3, FetchFailure::tooLarge, "abc"},
-      {"nothing allowed", rawAnswer("200 OK", "", "abcd"), 0, FetchFailure::tooLarge, ""},
-      {"nothing allowed, nothing sent", rawAnswer("200 OK", "", ""), 0, FetchFailure::none, ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -163,10 +150,7 @@ TEST(HostileSite, TakesItsTime) {
       {"so does next to nothing", body, "x", kImpatient},
       {"the request's own limit", body, "x", kPatient, 100ms},
       {"the limit for all", body, "x", kHasty, 600s, FetchFailure::tookTooLong},
-      {"within the headers", kOkHead + "X: ", "x", kHasty, 0ms, FetchFailure::tookTooLong},
       {"beside a chunk", kOkHead + kChunked + "1;", "x", kHasty, 0ms, FetchFailure::tookTooLong},
-      {"before the end of the chunks", kOkHead + kChunked, "1\r\nx\r\n", kHasty, 0ms,
-       FetchFailure::tookTooLong},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -205,7 +189,7 @@ TEST(HostileSite, CannotBeConnectedTo) {
   };
   for (const auto& [url, expected] : cases) {
     SCOPED_TRACE(url);
-    CurlHttpClient client("test", kImpatient);
+    CurlHttpClient client("test", expected == FetchFailure::timedOut ? kImpatient : kPatient);
     expectFailure(client.fetch({.url = url}, {}), expected);
   }
 }
@@ -243,7 +227,6 @@ TEST(StoppedFetch, EndsWhereverItIs) {
       {"in a TLS handshake", "", "", "https"},
       {"within the headers", kOkHead + "X: ", "x"},
       {"in a silent body", kOkHead + "\r\nhi", ""},
-      {"in a slow body", kOkHead + "\r\n", "x"},
       {"in an endless body", kOkHead + "Content-Encoding: gzip\r\n\r\n" + nothing, std::string(10'000, 'x')},
       {"beside an endless chunk", kOkHead + kChunked + "1;", std::string(10'000, 'x')},
   };

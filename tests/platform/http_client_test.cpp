@@ -30,10 +30,8 @@ HttpAnswer fetch(CurlHttpClient& client, const std::string& url, HttpMethod meth
 
 TEST(ReasonPhrase, FallsBackToTheClass) {
   const std::pair<int, const char*> cases[] = {
-      {100, "Continue"},      {404, "Not Found"},      {511, "Network Authentication Required"},
-      {199, "Informational"}, {299, "Success"},        {306, "Redirection"},
-      {418, "Client Error"},  {599, "Server Error"},   {600, "Unknown Status"},
-      {99, "Unknown Status"}, {-200, "Unknown Status"}};
+      {404, "Not Found"},    {199, "Informational"},  {299, "Success"},       {306, "Redirection"},
+      {418, "Client Error"}, {600, "Unknown Status"}, {99, "Unknown Status"}, {-200, "Unknown Status"}};
   for (const auto& [status, expected] : cases) EXPECT_EQ(platform::reasonPhrase(status), expected) << status;
 }
 
@@ -52,13 +50,10 @@ TEST(CurlHttpClient, SendsTheUrlAsHeld) {
     const char* expected;
   };
   const Case cases[] = {
-      {"plain", "/a/b?c=d&e", "/a/b?c=d&e"},
       {"no path", "", "/"},
       {"query right after the host", "?q", "/?q"},
-      {"fragment", "/a#b?c", "/a"},
       {"dot segments", "/a/../b/./c", "/a/../b/./c"},
       {"line break", "/a\r\nHost: evil", "/a%0D%0AHost:%20evil"},
-      {"NUL", std::string("/a\0b", 4), "/a%00b"},
   };
   RawServer server(RawServer::answering([](const RawRequest&) { return rawAnswer("200 OK", "", ""); }));
   CurlHttpClient client("veskel-test/1");
@@ -77,9 +72,8 @@ TEST(CurlHttpClient, SendsTheUrlAsHeld) {
 TEST(CurlHttpClient, RefusesWhatIsNoHttpUrl) {
   CurlHttpClient client("test");
   const std::string urls[] = {
-      "",           "127.0.0.1",     "//127.0.0.1/",       "/etc/passwd", "file:///etc/passwd",
-      "ftp://h/",   "http://",       "http:///etc/passwd", "http:a",      "http://h:99999/",
-      "mailto:a@b", "http://[::1/x", std::string("\0", 1), "https://:80/"};
+      "",       "//127.0.0.1/",       "file:///etc/passwd", "ftp://h/",      "http://",
+      "http:a", "http:///etc/passwd", "http://h:99999/",    "http://[::1/x", "https://:80/"};
   for (const std::string& url : urls)
     EXPECT_EQ(fetch(client, url).failure, FetchFailure::invalidAddress) << url;
   std::string endless = "http://127.0.0.1/";
@@ -98,25 +92,16 @@ TEST(CurlHttpClient, ReadsEveryFormOfAnswer) {
        "HTTP/1.1 200 OK\r\nContent-Length: 2\r\ncontent-type:  text/html; charset=x \r\nLAST-MODIFIED: "
        "yesterday\r\n\r\nhi",
        {.status = 200, .contentType = "text/html; charset=x", .lastModified = "yesterday", .body = "hi"}},
-      {"until the end", "HTTP/1.0 404 Gone away\r\n\r\nhi", {.status = 404, .body = "hi"}},
       {"in chunks",
        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2;x=y\r\nhi\r\n1\r\n!\r\n0\r\n\r\n",
        {.status = 200, .body = "hi!"}},
       {"trailer is no header",
        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n0\r\nContent-Type: text/evil\r\n\r\n",
        {.status = 200}},
-      {"not modified", "HTTP/1.1 304\r\nLast-Modified: x\r\n\r\n", {.status = 304, .lastModified = "x"}},
       {"interim answers",
        "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 103 Early Hints\r\nContent-Type: a/b\r\n\r\n"
        "HTTP/1.1 503 No\r\nContent-Length: 0\r\n\r\n",
        {.status = 503}},
-      {"bare line feeds",
-       "HTTP/1.1 200 OK\nContent-Type: a/b\n\nhi",
-       {.status = 200, .contentType = "a/b", .body = "hi"}},
-      {"non-ASCII header",
-       "HTTP/1.1 200 \xFF\r\nContent-Type: \xC3\xA4\xFF\r\nX-\xFF: y\r\n\r\n",
-       {.status = 200, .contentType = "\xC3\xA4\xFF"}},
-      {"unassigned status", "HTTP/1.1 999 Request denied\r\n\r\n", {.status = 999}},
       {"any byte in the body",
        std::string("HTTP/1.1 200 OK\r\n\r\n\0\xFF\r\n", 23),
        {.status = 200, .body = std::string("\0\xFF\r\n", 4)}},
@@ -151,7 +136,7 @@ TEST(CurlHttpClient, SurvivesServersThatCloseKeptConnections) {
   });
   CurlHttpClient client("test");
   // Often enough that it also closes between the check of a kept connection and its use.
-  for (int i = 0; i < 500; ++i) EXPECT_EQ(fetch(client, server.url()).body, "x");
+  for (int i = 0; i < 200; ++i) EXPECT_EQ(fetch(client, server.url()).body, "x");
 }
 
 TEST(CurlHttpClient, TakesNoLeftoverForTheNextAnswer) {
@@ -246,11 +231,7 @@ TEST(CurlHttpClient, FollowsRedirectsToHttpOnly) {
   const std::pair<const char*, FetchFailure> cases[] = {
       {"file:///etc/passwd", FetchFailure::forbiddenRedirect},
       {"ftp://127.0.0.1/", FetchFailure::forbiddenRedirect},
-      {"gopher://127.0.0.1/", FetchFailure::forbiddenRedirect},
-      {"mailto:a@b.test", FetchFailure::forbiddenRedirect},
       {"http://h:99999/", FetchFailure::forbiddenRedirect},
-      {"/loop", FetchFailure::tooManyRedirects},
-      {"http://nonexistent.invalid/", FetchFailure::nameNotResolved},
       {"/garbage", FetchFailure::connectionClosed},
   };
   for (const auto& [location, expected] : cases) {
