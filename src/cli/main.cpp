@@ -7,6 +7,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
@@ -15,6 +16,7 @@
 #include "cli/scan_command.h"
 #include "cli/site_commands.h"
 #include "cli/validate_command.h"
+#include "sitemaps/layouts.h"
 
 namespace {
 
@@ -205,9 +207,11 @@ void addExportCommand(CLI::App& app, Command& chosen) {
       ->type_name("")
       ->check(CLI::IsMember({"html", "xml", "broken"}).description(""));
   const auto* output = addText(command, "--output", "FILE", "Where to write; - is standard output");
-  const auto* layout =
-      addText(command, "--layout", "3c|2c|1c|3cpo|2cpo|1cpo", "html: columns; po lists the pages only [3c]")
-          ->check(CLI::IsMember({"3c", "2c", "1c", "3cpo", "2cpo", "1cpo"}).description(""));
+  std::vector<std::string> layouts;
+  for (const sitemaps::Layout* each : sitemaps::kLayoutsOffered) layouts.emplace_back(each->shortName);
+  const auto* layout = addText(command, "--layout", CLI::detail::join(layouts, "|"),
+                               "html: columns; po lists the pages only [3c]")
+                           ->check(CLI::IsMember(layouts).description(""));
   const auto* format = addText(command, "--format", "txt|html|csv", "broken: how they are listed [txt]")
                            ->check(CLI::IsMember({"txt", "html", "csv"}).description(""));
   const auto* split =

@@ -8,6 +8,7 @@
 #include "crawler/titles.h"
 #include "platform/text.h"
 #include "sitemaps/completion.h"
+#include "sitemaps/html_format.h"
 #include "sitemaps/xml_format.h"
 
 namespace crawler {

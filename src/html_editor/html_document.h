@@ -12,7 +12,7 @@
 #include "html_editor/link_selection.h"
 #include "html_editor/recovery_copies.h"
 #include "platform/files.h"
-#include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
 

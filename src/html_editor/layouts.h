@@ -1,16 +1,16 @@
-// The six layouts as the layout chooser names them, and the files behind the names.
+// The chooser of layouts: its items, and the files behind them.
 #pragma once
 
 #include <array>
 #include <string_view>
 
-#include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 
 namespace html_editor {
 
-/// The names of the layouts. An entry stands for the chooser's item in the same place, and opens the file
-/// that the item's title names, not the one that it names itself: see layoutOfEntry().
-extern const std::array<std::string_view, 6> sitemapTypeArray;
+/// The names of the layouts, the plainest first. An entry stands for the chooser's item in the same place,
+/// and opens the file that the item's title names, not the one that it names itself: see layoutOfEntry().
+extern const std::array<std::string_view, sitemaps::kLayouts.size()> sitemapTypeArray;
 
 /// An item of the chooser.
 struct LayoutItem {
@@ -20,12 +20,9 @@ struct LayoutItem {
 
 /// In the order shown. Switching and rebuilding lead to the same file for each item; the first one's is the
 /// document of the first load.
-extern const std::array<LayoutItem, 6> sitemapTypeItems;
+extern const std::array<LayoutItem, sitemaps::kLayouts.size()> sitemapTypeItems;
 
 /// The layout that switching opens for an entry of sitemapTypeArray; null for any other text.
 const sitemaps::Layout* layoutOfEntry(std::string_view entry);
-
-/// The layout that a rebuild writes for an item's title; null for any other text.
-const sitemaps::Layout* layoutOfTitle(std::string_view title);
 
 }  // namespace html_editor

@@ -33,19 +33,15 @@ void appendEntries(std::string& text, const TableCell& cell) {
   for (const std::string& entry : cell.entries) text.append("\n\t\t\t").append(entry);
 }
 
-/// Rows of one cell each.
-void appendSingleColumn(std::string& text, const std::vector<TableCell>& cells) {
-  for (const TableCell& cell : cells) {
-    text.append(kRowStart).append("\n\t\t<td>");
-    appendEntries(text, cell);
-    text.append(kCellEnd).append(kRowEnd);
-  }
-  text.append(kClosing);
+/// The columns of a table share its width, but for a rest that keeps them apart.
+std::string cellStartOf(int columns) {
+  if (columns == 1) return "\n\t\t<td>";
+  return "\n\t\t<td width=\"" + std::to_string(98 / columns) + "%\">";
 }
 
 /// Rows of `columns` cells; fillers complete the last one.
-void appendColumns(std::string& text, const std::vector<TableCell>& cells, std::size_t columns) {
-  const std::string_view cellStart = columns == 3 ? "\n\t\t<td width=\"32%\">" : "\n\t\t<td width=\"49%\">";
+void appendColumns(std::string& text, const std::vector<TableCell>& cells, std::string_view cellStart,
+                   std::size_t columns) {
   std::size_t inRow = 0;
   for (const TableCell& cell : cells) {
     if (inRow == 0) text.append(kRowStart);
@@ -69,11 +65,7 @@ void appendColumns(std::string& text, const std::vector<TableCell>& cells, std::
 std::string rebuildSitemaps(std::string_view fileText, const std::vector<TableCell>& cells, int columns) {
   std::string text(headOf(fileText));
   text.append("<body>\n").append(sitemaps::kTableStart);
-  if (columns == 1) {
-    appendSingleColumn(text, cells);
-    return text;
-  }
-  appendColumns(text, cells, static_cast<std::size_t>(columns));
+  appendColumns(text, cells, cellStartOf(columns), static_cast<std::size_t>(columns));
   return columns == 3 ? platform::replaceText(text, kEmptyRow, "") : text;
 }
 

@@ -58,15 +58,6 @@ const std::string_view kHtmlHeader =
 
 const std::string_view kTableStart = "<table width=\"100%\" border=\"0\" cellpadding=\"10\">";
 
-const std::array<Layout, 6> kLayouts = {{
-    {"sitemap1cpo.html", 1, Listing::pagesOnly},
-    {"sitemap1c.html", 1, Listing::allLinks},
-    {"sitemap2cpo.html", 2, Listing::pagesOnly},
-    {"sitemap2c.html", 2, Listing::allLinks},
-    {"sitemap3cpo.html", 3, Listing::pagesOnly},
-    {"sitemap3c.html", 3, Listing::allLinks},
-}};
-
 namespace {
 
 constexpr std::string_view kRowStart = "\n\t<tr valign=\"top\">\n\t\t<td>";
@@ -137,14 +128,16 @@ Cell wrapCell(std::string_view block, int columns, int cellsInRow) {
   return {join(block, kRowEnd), 0};
 }
 
-std::string_view documentClosing(int columns, int cellsInRow) {
+std::string documentClosing(int columns, int cellsInRow) {
   if (columns == 1) return "\n</body>\n</html>";
-  if (cellsInRow == 0) return "\n</table>\n</body>\n</html>";
-  // The next cell is open already: it gets a blank, and so does every further cell of the row.
-  if (columns == 3 && cellsInRow == 1) {
-    return "&nbsp;</td>\n\t\t<td>&nbsp;</td>\n\t</tr>\n</table>\n</body>\n</html>";
+  std::string text;
+  if (cellsInRow > 0) {
+    // The next cell is open already: it gets a blank, and so does every further cell of the row.
+    text += "&nbsp;</td>";
+    for (int cell = cellsInRow + 1; cell < columns; ++cell) text += "\n\t\t<td>&nbsp;</td>";
+    text += "\n\t</tr>";
   }
-  return "&nbsp;</td>\n\t</tr>\n</table>\n</body>\n</html>";
+  return text += "\n</table>\n</body>\n</html>";
 }
 
 }  // namespace sitemaps

@@ -4,7 +4,6 @@
 // indentation, line feeds and the order of the style blocks included.
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -15,22 +14,6 @@ extern const std::string_view kHtmlHeader;
 
 /// Follows the header at once in documents of two and three columns.
 extern const std::string_view kTableStart;
-
-/// What a document lists.
-enum class Listing {
-  pagesOnly,
-  allLinks,  // each page, and below it the links found on it
-};
-
-/// One of the six documents of a site.
-struct Layout {
-  std::string_view fileName;
-  int columns;  // 1 to 3
-  Listing listing;
-};
-
-/// All six, in the order in which they are started and closed.
-extern const std::array<Layout, 6> kLayouts;
 
 /// A document's text before the first page.
 std::string documentOpening(int columns);
@@ -63,6 +46,6 @@ struct Cell {
 Cell wrapCell(std::string_view block, int columns, int cellsInRow);
 
 /// What ends a document whose last row holds `cellsInRow` cells.
-std::string_view documentClosing(int columns, int cellsInRow);
+std::string documentClosing(int columns, int cellsInRow);
 
 }  // namespace sitemaps

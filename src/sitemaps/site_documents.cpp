@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "sitemaps/html_format.h"
 #include "sitemaps/xml_format.h"
 
 namespace sitemaps {

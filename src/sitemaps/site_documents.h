@@ -1,4 +1,4 @@
-// The seven documents that a scan writes into a site's folder, growing page by page.
+// The documents that a scan writes into a site's folder, growing page by page.
 #pragma once
 
 #include <array>
@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/files.h"
-#include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 
 namespace sitemaps {
 
@@ -24,13 +24,13 @@ class SiteDocuments {
  public:
   explicit SiteDocuments(std::filesystem::path siteFolder);
 
-  /// Replaces all seven documents by their openings. False when one of them could not be written.
+  /// Replaces all documents by their openings. False when one of them could not be written.
   bool start();
 
-  /// Adds a page to the three pages-only documents. `entry` is its pageEntry().
+  /// Adds a page to the pages-only documents. `entry` is its pageEntry().
   void appendPage(std::string_view entry);
 
-  /// Adds a page's entry with the entries of its links to the three all-links documents.
+  /// Adds a page's entry with the entries of its links to the all-links documents.
   void appendLinks(std::string_view block);
 
   /// Adds a page to the XML sitemap. `entry` is its xmlEntry().

@@ -35,13 +35,6 @@ ExportedDocument readDocument(const store::GlobalControls& controls, std::string
 
 }  // namespace
 
-const Layout* layoutNamed(std::string_view name) {
-  for (const Layout& layout : kLayouts) {
-    if (layout.fileName == "sitemap" + std::string(name) + ".html") return &layout;
-  }
-  return nullptr;
-}
-
 ExportedDocument exportedHtml(const store::GlobalControls& controls, std::string_view siteName,
                               const Layout& layout, const CleaningProgress& progress) {
   ExportedDocument document = readDocument(controls, siteName, layout.fileName);

@@ -8,7 +8,7 @@
 
 #include "platform/files.h"
 #include "sitemaps/html_cleaning.h"
-#include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 #include "sitemaps/split_sitemaps.h"
 #include "store/global_controls.h"
 
@@ -21,10 +21,6 @@ inline constexpr std::string_view kExportMissing =
     "exporting.";
 inline constexpr std::string_view kExportUnusable =
     "An error has occurred while exporting your sitemap, you may need to re-scan the site.\n";
-
-/// The layout of a short name: the number of columns and "c", then "po" for pages only ("3c", "1cpo"); null
-/// for any other name.
-const Layout* layoutNamed(std::string_view name);
 
 enum class ExportFailure {
   none,
@@ -41,7 +37,7 @@ struct [[nodiscard]] ExportedDocument {
   std::string text = {};
 };
 
-/// One of the six HTML sitemaps, without its markers.
+/// One of the HTML sitemaps, without its markers.
 ExportedDocument exportedHtml(const store::GlobalControls& controls, std::string_view siteName,
                               const Layout& layout, const CleaningProgress& progress = {});
 

@@ -31,18 +31,6 @@ using platform::toUtf8;
 
 namespace {
 
-struct LayoutBox {
-  const char* box;
-  const char* layout;
-};
-
-/// In the order in which they are looked at.
-constexpr std::array<LayoutBox, 6> kBoxes = {{{"threeCSF", "3c"},
-                                              {"twoCSF", "2c"},
-                                              {"oneCSF", "1c"},
-                                              {"threeCST", "3cpo"},
-                                              {"twoCST", "2cpo"},
-                                              {"oneCST", "1cpo"}}};
 constexpr int kPictogramSize = 48;
 
 /// The user sees one sheet go before the next one comes.
@@ -104,16 +92,17 @@ ExportController::ExportController(QMainWindow& mainWindow, platform::SheetQueue
 ExportController::~ExportController() = default;
 
 void ExportController::gatherLayouts() {
-  for (std::size_t i = 0; i < kBoxes.size(); ++i) {
-    m_layouts->addButton(&control<QCheckBox>(m_mainWindow, kBoxes[i].box), static_cast<int>(i));
+  for (std::size_t i = 0; i < sitemaps::kLayouts.size(); ++i) {
+    m_layouts->addButton(&control<QCheckBox>(m_mainWindow, sitemaps::kLayouts[i].checkBox),
+                         static_cast<int>(i));
   }
 }
 
 void ExportController::drawPictograms() {
-  for (const LayoutBox& each : kBoxes) {
-    auto& box = control<QCheckBox>(m_mainWindow, each.box);
+  for (const sitemaps::Layout& layout : sitemaps::kLayouts) {
+    auto& box = control<QCheckBox>(m_mainWindow, layout.checkBox);
     box.setIcon(
-        namedIcon(QStringLiteral("veskel-layout-") + QLatin1String(each.layout), m_mainWindow.palette()));
+        namedIcon(QStringLiteral("veskel-layout-") + toQString(layout.shortName), m_mainWindow.palette()));
     box.setIconSize({kPictogramSize, kPictogramSize});
   }
 }
@@ -143,7 +132,7 @@ std::string ExportController::pickedSite() const {
 
 const sitemaps::Layout* ExportController::tickedLayout() const {
   const int ticked = m_layouts->checkedId();
-  return ticked < 0 ? nullptr : sitemaps::layoutNamed(kBoxes[static_cast<std::size_t>(ticked)].layout);
+  return ticked < 0 ? nullptr : &sitemaps::kLayouts[static_cast<std::size_t>(ticked)];
 }
 
 ExportJob ExportController::jobNow(ExportMode mode) const {

@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/gzip.h"
 #include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 #include "sitemaps/split_sitemaps.h"
 #include "sitemaps/xml_format.h"
 #include "store/broken_reasons.h"

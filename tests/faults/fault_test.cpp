@@ -8,6 +8,7 @@
 
 #include "platform/files.h"
 #include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 #include "sitemaps/xml_format.h"
 #include "support/waiting.h"
 

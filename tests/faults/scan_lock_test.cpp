@@ -4,6 +4,7 @@
 #include "fault_test.h"
 #include "platform/files.h"
 #include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 #include "support/slow_site.h"
 #include "support/waiting.h"
 

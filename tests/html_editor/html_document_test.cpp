@@ -31,7 +31,7 @@ class HtmlDocumentTest : public testing::Test {
     std::ofstream(folder() / name, std::ios::binary) << text;
   }
   std::string read(const std::string& name) const { return platform::readFile(folder() / name).text; }
-  static const sitemaps::Layout& layout(std::string_view title) { return *layoutOfTitle(title); }
+  static const sitemaps::Layout& layout(std::string_view name) { return *sitemaps::layoutNamed(name); }
   bool hasCopy(const std::string& name, const std::string& original) const {
     return m_copies.load(folder() / name, original).has_value();
   }
@@ -48,7 +48,7 @@ class HtmlDocumentTest : public testing::Test {
   store::SharedState state;
   RecoveryCopies m_copies{store::StateFolder(std::filesystem::path(m_home.path()) / "state")};
   HtmlDocument document{state, m_controls, m_copies};
-  const sitemaps::Layout& two = layout("Two Columns, All Links");
+  const sitemaps::Layout& two = layout("2c");
   const std::string three = samples::document(3, blocks(6));
   const std::string twoColumns = samples::document(2, blocks(6));
 };
@@ -117,7 +117,7 @@ TEST_F(HtmlDocumentTest, LeavesNothingOfAnEditButWhereItBelongs) {
       {"saved, another layout",
        [&] {
          EXPECT_TRUE(document.saveOrKeep().ok());
-         document.switchTo(layout("Three Columns, All Links"));
+         document.switchTo(layout("3c"));
        },
        true, false, false},
       {"discarded", [&] { document.discard(); }, false, false, false},

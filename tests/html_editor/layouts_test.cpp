@@ -1,38 +1,35 @@
 #include "html_editor/layouts.h"
 
-#include <set>
-
 #include <gtest/gtest.h>
 
 namespace html_editor {
 namespace {
 
-TEST(Layouts, AnItemSwitchesToTheFileThatItRebuildsAndNames) {
-  std::set<std::string_view> files;
-  for (const LayoutItem& item : sitemapTypeItems) {
-    SCOPED_TRACE(item.title);
-    const sitemaps::Layout* layout = layoutOfTitle(item.title);
+TEST(Layouts, AnItemOpensTheFileThatItsTitleNamesAndItsEntryDoesNot) {
+  const struct {
+    std::string_view title, entry, file, shortName;
+  } expected[] = {
+      {"Three Columns, All Links", "Single Column, Pages Only", "sitemap3c.html", "3c"},
+      {"Two Columns, All Links", "Two Columns, Pages Only", "sitemap2c.html", "2c"},
+      {"Single Column, All Links", "Three Columns, Pages Only", "sitemap1c.html", "1c"},
+      {"Three Columns, Pages Only", "Single Column, All Links", "sitemap3cpo.html", "3cpo"},
+      {"Two Columns, Pages Only", "Two Columns, All Links", "sitemap2cpo.html", "2cpo"},
+      {"Single Column, Pages Only", "Three Columns, All Links", "sitemap1cpo.html", "1cpo"},
+  };
+  ASSERT_EQ(sitemapTypeItems.size(), std::size(expected));
+  for (std::size_t i = 0; i < sitemapTypeItems.size(); ++i) {
+    SCOPED_TRACE(expected[i].title);
+    EXPECT_EQ(sitemapTypeItems[i].title, expected[i].title);
+    EXPECT_EQ(sitemapTypeItems[i].representedObject, expected[i].entry);
+    const sitemaps::Layout* layout = layoutOfEntry(expected[i].entry);
     ASSERT_NE(layout, nullptr);
-    EXPECT_EQ(layoutOfEntry(item.representedObject), layout);
-    EXPECT_EQ(item.title.ends_with("Pages Only"), layout->listing == sitemaps::Listing::pagesOnly);
-    constexpr std::string_view kWords[] = {"Single", "Two", "Three"};
-    EXPECT_TRUE(item.title.starts_with(kWords[layout->columns - 1]));
-    files.insert(layout->fileName);
+    EXPECT_EQ(layout->fileName, expected[i].file);
+    EXPECT_EQ(layout, sitemaps::layoutNamed(expected[i].shortName));
+    EXPECT_EQ(layout->listing == sitemaps::Listing::pagesOnly, layout->title.ends_with("Pages Only"));
+    EXPECT_EQ(layout->columns, layout->fileName[7] - '0');
   }
-  EXPECT_EQ(files.size(), 6U);
-  EXPECT_EQ(layoutOfTitle(sitemapTypeItems[0].title)->fileName, "sitemap3c.html");
   EXPECT_EQ(layoutOfEntry("Four Columns"), nullptr);
-  EXPECT_EQ(layoutOfTitle(""), nullptr);
-}
-
-TEST(Layouts, EntriesOpenFilesByTheirPlaceAndNotByTheirWording) {
-  const std::string_view files[] = {"sitemap3c.html",   "sitemap2c.html",   "sitemap1c.html",
-                                    "sitemap3cpo.html", "sitemap2cpo.html", "sitemap1cpo.html"};
-  for (std::size_t i = 0; i < sitemapTypeArray.size(); ++i) {
-    EXPECT_EQ(layoutOfEntry(sitemapTypeArray[i])->fileName, files[i]);
-  }
-  EXPECT_EQ(layoutOfEntry("Single Column, Pages Only")->fileName, "sitemap3c.html");
-  EXPECT_EQ(layoutOfTitle("Single Column, Pages Only")->fileName, "sitemap1cpo.html");
+  EXPECT_EQ(sitemaps::layoutNamed("3C"), nullptr);
 }
 
 }  // namespace

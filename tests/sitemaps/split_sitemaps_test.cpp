@@ -216,13 +216,5 @@ TEST_F(SiteExportTest, LargeSitesWantSplitting) {
   EXPECT_TRUE(wantsSplitting(m_controls, "S"));
 }
 
-TEST(LayoutNames, AreThoseOfTheSixDocuments) {
-  for (const Layout& layout : kLayouts) {
-    const std::string name(layout.fileName.substr(7, layout.fileName.size() - 12));
-    EXPECT_EQ(layoutNamed(name), &layout);
-  }
-  for (const char* other : {"", "4c", "3", "3C", "3c.html"}) EXPECT_EQ(layoutNamed(other), nullptr) << other;
-}
-
 }  // namespace
 }  // namespace sitemaps

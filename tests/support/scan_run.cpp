@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/regex.h"
 #include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 #include "sitemaps/xml_format.h"
 
 namespace support {

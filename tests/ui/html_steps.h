@@ -12,6 +12,7 @@
 #include "html_editor/sample_document.h"
 #include "scan_steps.h"
 #include "sitemaps/html_format.h"
+#include "sitemaps/layouts.h"
 #include "window_test.h"
 
 namespace window_tests {

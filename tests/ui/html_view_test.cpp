@@ -122,7 +122,7 @@ void HtmlViewTest::opensEveryLayout() {
   HtmlDesk desk(samples::blocks(300));
   desk.openAt(2);
   for (const html_editor::LayoutItem& item : html_editor::sitemapTypeItems) {
-    const sitemaps::Layout& layout = *html_editor::layoutOfTitle(item.title);
+    const sitemaps::Layout& layout = *html_editor::layoutOfEntry(item.representedObject);
     desk.inPage(QStringLiteral("scrollTo(0, 500)"));
     QVERIFY(desk.clickLink(QStringLiteral("Page 100")));
     QVERIFY(desk.choose("sitemapTypePopup", toQString(item.title)));
