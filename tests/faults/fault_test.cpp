@@ -1,8 +1,7 @@
 #include "fault_test.h"
 
-#include <algorithm>
+#include <fstream>
 #include <string_view>
-#include <utility>
 
 #include <unistd.h>
 
@@ -18,6 +17,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+const std::string kFolder = "(folder)";
+
 /// $1: where to mount, $2: options, $3: what to copy in, $4: what of it to make read-only.
 constexpr const char* kHolderScript = R"(
 mount -t tmpfs -o "$2" tmpfs "$1" || exit
@@ -32,25 +33,22 @@ std::string page(const std::string& title, const std::vector<std::string>& links
   return text + "</body></html>";
 }
 
-}  // namespace
-
-Snapshot snapshotOf(const fs::path& folder) {
-  Snapshot snapshot;
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
-    const std::string name = entry.path().lexically_relative(folder).string();
-    snapshot[name] = entry.is_directory() ? "(folder)" : platform::readFile(entry.path()).text;
+/// Whether `text` is what a scan has written to `file` after some whole number of pages, by the text that it
+/// has in the end.
+bool endsBehindACell(const std::string& file, const std::string& text, const std::string& whole) {
+  if (text == whole) return true;
+  if (!whole.starts_with(text)) return false;
+  if (file == sitemaps::kXmlSitemapFile) return text == sitemaps::kXmlHeader || text.ends_with("\n\t</url>");
+  for (const sitemaps::Layout& layout : sitemaps::kLayouts) {
+    if (layout.fileName != file) continue;
+    if (text == sitemaps::documentOpening(layout.columns)) return true;
+    if (layout.columns == 1) return text.ends_with("\n<div class=\"clearer\">&nbsp;</div>");
+    return text.ends_with("\n\t\t</td>\n\t\t<td>") || text.ends_with("\n\t\t</td>\n\t</tr>");
   }
-  return snapshot;
+  return false;
 }
 
-bool isLeftover(const std::string& file) {
-  return fs::path(file).filename().string().starts_with(".veskel-");
-}
-
-Snapshot withoutLeftovers(Snapshot snapshot) {
-  std::erase_if(snapshot, [](const auto& file) { return isLeftover(file.first); });
-  return snapshot;
-}
+}  // namespace
 
 support::SiteServer::Pages manyPages(int count) {
   const auto name = [count](int number) { return "page" + std::to_string(number % count) + ".html"; };
@@ -67,23 +65,27 @@ support::SiteServer::Pages manyPages(int count) {
   return pages;
 }
 
-bool endsBehindACell(const std::string& file, const std::string& text, const std::string& whole) {
-  if (text == whole) return true;
-  if (!whole.starts_with(text)) return false;
-  if (file == sitemaps::kXmlSitemapFile) return text == sitemaps::kXmlHeader || text.ends_with("\n\t</url>");
-  for (const sitemaps::Layout& layout : sitemaps::kLayouts) {
-    if (layout.fileName != file) continue;
-    if (text == sitemaps::documentOpening(layout.columns)) return true;
-    if (layout.columns == 1) return text.ends_with("\n<div class=\"clearer\">&nbsp;</div>");
-    return text.ends_with("\n\t\t</td>\n\t\t<td>") || text.ends_with("\n\t\t</td>\n\t</tr>");
+void expectNothingLost(const Snapshot& now, const Snapshot& before, const Snapshot& after) {
+  for (const auto& [file, text] : before) EXPECT_TRUE(now.contains(file)) << file;
+  for (const auto& [file, text] : now) {
+    SCOPED_TRACE(file);
+    const auto old = before.find(file);
+    const auto whole = after.find(file);
+    ASSERT_NE(whole, after.end());
+    EXPECT_TRUE((old != before.end() && text == old->second) ||
+                endsBehindACell(fs::path(file).filename(), text, whole->second))
+        << text.substr(0, 2000);
   }
-  return false;
+}
+
+Arguments inOwnMounts() {
+  if (geteuid() == 0) return {"unshare", "--mount"};
+  return {"unshare", "--mount", "--map-root-user"};
 }
 
 MountedFolder::MountedFolder(const std::string& options, const fs::path& content,
                              const std::string& readOnly) {
-  Arguments arguments = {"unshare", "--mount"};
-  if (geteuid() != 0) arguments.push_back("--map-root-user");
+  Arguments arguments = inOwnMounts();
   arguments.insert(arguments.end(), {"sh", "-c", kHolderScript, "sh", m_place.path().string(), options,
                                      content.string(), readOnly});
   m_holder.emplace("/usr/bin/env", arguments);
@@ -110,6 +112,56 @@ support::ProgramResult FaultTest::runUnder(Arguments launcher, const Arguments& 
   launcher.push_back(VESKEL_CLI);
   launcher.insert(launcher.end(), arguments.begin(), arguments.end());
   return support::runProgram("/usr/bin/env", launcher, options());
+}
+
+std::vector<SystemCall> FaultTest::callsOf(const Arguments& watched, const Arguments& arguments) const {
+  const fs::path trace = ownHome.path() / "trace";
+  Arguments strace = {"strace", "-f", "-y", "--seccomp-bpf", "-o", trace};
+  strace.insert(strace.end(), watched.begin(), watched.end());
+  runUnder(strace, arguments);
+  std::vector<SystemCall> calls;
+  std::map<std::string, int> counts;  // of calls of a name by a thread, as strace counts them
+  std::ifstream lines(trace);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.find("<... ") != line.npos) continue;  // the end of a call that another thread's came between
+    const std::string threadAndName = line.substr(0, line.find('('));
+    const int number = ++counts[threadAndName];
+    if (line.find(" = -1 ") != line.npos || line.find(ownHome.path()) == line.npos) continue;
+    calls.push_back({threadAndName.substr(threadAndName.rfind(' ') + 1), number, line});
+  }
+  return calls;
+}
+
+support::ProgramResult FaultTest::runWith(const std::string& what, const SystemCall& call,
+                                          const Arguments& watched, const Arguments& arguments) const {
+  Arguments strace = {"strace", "-f", "-o", "/dev/null"};
+  // There, strace loses the signal.
+  if (!what.starts_with("signal=")) strace.push_back("--seccomp-bpf");
+  strace.insert(strace.end(), watched.begin(), watched.end());
+  strace.insert(strace.end(),
+                {"-e", "inject=" + call.name + ":" + what + ":when=" + std::to_string(call.number)});
+  return runUnder(strace, arguments);
+}
+
+Snapshot FaultTest::snapshot() const {
+  Snapshot snapshot;
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(data())) {
+    const std::string name = entry.path().lexically_relative(data()).string();
+    snapshot[name] = entry.is_directory() ? kFolder : platform::readFile(entry.path()).text;
+  }
+  return snapshot;
+}
+
+void FaultTest::restore(const Snapshot& snapshot) const {
+  fs::remove_all(data());
+  fs::create_directories(data());
+  for (const auto& [name, text] : snapshot) {
+    if (text == kFolder) {
+      fs::create_directory(data() / name);
+    } else {
+      std::ofstream(data() / name) << text;
+    }
+  }
 }
 
 void FaultTest::prepare(const Arguments& arguments, int expectedCode) const {

