@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/files.h"
+#include "sitemaps/html_format.h"
 #include "support/scan_run.h"
 #include "support/site_server.h"
 
