@@ -19,24 +19,12 @@ TEST(Robots, OnlyExactDisallowLinesCount) {
   EXPECT_EQ(robotsAddress("http://h/dir/"), "http://h/dir//robots.txt");
 }
 
-TEST(Exclusions, TellTheFirstTextThatStandsInALink) {
-  const Exclusions exclusions({"/Private", "", "\xC3\x84rger",
-                               "stra\xC3\x9F"
-                               "e",
-                               "vat", "/private", "a/pri"});
-  struct Case {
-    const char* link;
-    std::optional<std::size_t> which;
-  };
-  const Case cases[] = {
-      {"http://h/a/PRIVATE/x", 0},  // the longest and the earliest in the link come behind in the list
-      {"http://h/a/pri/vat", 4},   {"http://h/\xC3\xA4rger", 2},     {"http://h/STRASSE", 3},
-      {"http://h/privat", 4},      {"http://h/priva", std::nullopt}, {"", std::nullopt},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.link);
-    EXPECT_EQ(exclusions.find(c.link), c.which);
-  }
+TEST(Exclusions, IgnoreCaseAndEmptyTexts) {
+  const Exclusions exclusions({"/Private", "", "\xC3\x84rger", "stra\u00DFe"});
+  EXPECT_EQ(exclusions.find("http://h/a/PRIVATE/x"), 0u);
+  EXPECT_EQ(exclusions.find("http://h/\xC3\xA4rger"), 2u);
+  EXPECT_EQ(exclusions.find("http://h/STRASSE"), 3u);
+  EXPECT_EQ(exclusions.find("http://h/privat"), std::nullopt);
   EXPECT_TRUE(Exclusions({""}).empty());
 }
 
@@ -59,7 +47,7 @@ TEST(Exclusions, FindWhatOneLookForEachTextFinds) {
   }
 }
 
-/// Some 60,000 rules in 1 MiB, each of which nearly stands at every place of the link.
+/// Each of the texts nearly stands at every place of the link.
 TEST(Exclusions, TakeNoLongerForManyTexts) {
   std::vector<std::string> texts;
   for (int i = 0; i < 60'000; ++i) texts.push_back("/a/a/a/a/" + std::to_string(i));

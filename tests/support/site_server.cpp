@@ -12,11 +12,11 @@ ServedPage pageOf(const SiteServer::Pages& pages, const std::string& target) {
   return found != pages.end() ? found->second : ServedPage{.body = "<title>Missing</title>", .status = 404};
 }
 
-SiteServer::SiteServer(Pages pages, int port)
-    : SiteServer([pages = std::move(pages)](const std::string& target, int) { return pageOf(pages, target); },
-                 port) {}
+SiteServer::SiteServer(Pages pages)
+    : SiteServer(
+          [pages = std::move(pages)](const std::string& target, int) { return pageOf(pages, target); }) {}
 
-SiteServer::SiteServer(Handler handler, int port)
+SiteServer::SiteServer(Handler handler)
     : m_server(std::make_unique<httplib::Server>()), m_handler(std::move(handler)) {
   m_server->set_tcp_nodelay(true);
   // A thread stays with its connection as long as that is kept: too few, and connections wait for each other.
@@ -38,8 +38,7 @@ SiteServer::SiteServer(Handler handler, int port)
     response.body = page.body;
     if (!page.contentType.empty()) response.set_header("Content-Type", page.contentType);
   });
-  m_port = port != 0 && m_server->bind_to_port("127.0.0.1", port) ? port : -1;
-  if (port == 0) m_port = m_server->bind_to_any_port("127.0.0.1");
+  m_port = m_server->bind_to_any_port("127.0.0.1");
   if (m_port < 0) throw std::runtime_error("no free port");
   m_thread = std::thread([this] { m_server->listen_after_bind(); });
   while (!m_server->is_running()) std::this_thread::yield();  // stop() does nothing before

@@ -32,9 +32,8 @@ class SiteServer {
   /// Decides an answer by the target and how often it was asked for with GET, from 1.
   using Handler = std::function<ServedPage(const std::string& target, int times)>;
 
-  /// At any free port unless one is named.
-  explicit SiteServer(Pages pages, int port = 0);
-  explicit SiteServer(Handler handler, int port = 0);
+  explicit SiteServer(Pages pages);
+  explicit SiteServer(Handler handler);
   ~SiteServer();
 
   /// "http://127.0.0.1:PORT/" and the rest of the path.
