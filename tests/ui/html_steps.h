@@ -17,13 +17,9 @@
 
 namespace window_tests {
 
-inline const std::vector<samples::Block> kNeverScanned;
-
 inline const QString kSaveChanges = QStringLiteral("Save Changes");
 inline const QString kDiscard = QStringLiteral("Discard");
 inline const QString kDiscardChanges = QStringLiteral("Discard Changes");
-inline const QString kCancel = QStringLiteral("Cancel");
-inline const QString kOk = QStringLiteral("OK");
 inline const QString kRestoreChanges = QStringLiteral("Restore Changes");
 inline const QString kLeaveQuestion =
     QStringLiteral("Changes have been made to this sitemap, would you like to save before proceeding?");

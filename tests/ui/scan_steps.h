@@ -9,7 +9,6 @@
 
 namespace window_tests {
 
-inline const QString kShop = QStringLiteral("Shop");
 inline const QString kConnecting = QStringLiteral("establishConnectionSheet");
 inline const QString kProgress = QStringLiteral("scanCustomAlertPanel");
 inline const QString kLooping = QStringLiteral("There may be an issue with the site you are scanning.");

@@ -22,6 +22,10 @@
 
 namespace window_tests {
 
+inline const QString kShop = QStringLiteral("Shop");
+inline const QString kOk = QStringLiteral("OK");
+inline const QString kCancel = QStringLiteral("Cancel");
+
 constexpr int kPatience = static_cast<int>(support::kPatience.count());
 
 /// Whether `condition` comes true, while the window goes on working.

@@ -19,9 +19,7 @@ namespace window_tests {
 
 namespace {
 
-const QString kOk = QStringLiteral("OK");
 const QString kDeleteLink = QStringLiteral("Delete Link");
-const QString kShop = QStringLiteral("Shop");
 const QString kDeleteQuestion =
     QStringLiteral("Do you really want to delete the selected link?\nDeleting links cannot be undone!");
 
@@ -77,15 +75,18 @@ class XmlDesk : public Desk {
     const auto isOpen = [this] { return table().viewport()->findChild<QLineEdit*>() != nullptr; };
     return comesTrue(isOpen) ? table().viewport()->findChild<QLineEdit*>() : nullptr;
   }
-  /// Opens the editor by its key, types a text in place of the old one, and presses a key.
-  bool type(int row, int column, const QString& text, Qt::Key end = Qt::Key_Return) const {
+  /// Opens the editor by its key, types a text in place of the old one, and presses Return.
+  bool type(int row, int column, const QString& text) const {
     goTo(row, column);
     QTest::keyClick(&table(), Qt::Key_F2);
     QLineEdit* line = editor();
     if (line == nullptr) return false;
     line->selectAll();
     text.isEmpty() ? QTest::keyClick(line, Qt::Key_Delete) : QTest::keyClicks(line, text);
-    QTest::keyClick(line, end);
+    QTest::keyClick(line, Qt::Key_Return);
+    return editorIsClosed();
+  }
+  bool editorIsClosed() const {
     return comesTrue([this] { return table().viewport()->findChild<QLineEdit*>() == nullptr; });
   }
   /// The menu that is up.
@@ -103,7 +104,6 @@ class XmlViewTest : public QObject {
  private slots:
   void writesWhatIsTyped();
   void writesWhatIsChosen();
-  void popsTheMenuUpInTheCell();
   void sortsByItsHeadings();
   void searchesAddresses();
   void deletesOnlyWhenToldTo();
@@ -115,7 +115,6 @@ class XmlViewTest : public QObject {
 void XmlViewTest::writesWhatIsTyped() {
   XmlDesk desk;
   QVERIFY(desk.type(1, 0, QStringLiteral("http://shop.test/$1?x&y")));
-  QCOMPARE(desk.cell(1, 0), QStringLiteral("http://shop.test/$1?x&y"));
   QVERIFY(desk.type(2, 1, QStringLiteral("2011-02-03")));
   const std::string written = sitemap(entry("http://shop.test/?a=1&b=2") + entry("http://shop.test/$1?x&y") +
                                       entry("http://shop.test/c", "2011-02-03"));
@@ -126,7 +125,7 @@ void XmlViewTest::writesWhatIsTyped() {
   QCOMPARE(desk.editor()->accessibleName(), QStringLiteral("URL"));
   QTest::keyClicks(desk.editor(), QStringLiteral("other"));
   QTest::keyClick(desk.editor(), Qt::Key_Escape);
-  QVERIFY(comesTrue([&] { return desk.table().viewport()->findChild<QLineEdit*>() == nullptr; }));
+  QVERIFY(desk.editorIsClosed());
   QVERIFY(desk.type(0, 1, {}));
   QVERIFY(answer(message(QStringLiteral("The Last Updated field cannot be left blank")), kOk));
   QCOMPARE(desk.cell(0, 1), QStringLiteral("2010-06-15"));
@@ -137,59 +136,30 @@ void XmlViewTest::writesWhatIsTyped() {
   desk.control<QAction>("xmlTBI").trigger();
   QCOMPARE(desk.label("xmlCount"), QStringLiteral("1 entry"));
   // An empty date would be refused; an editor that is left as it was is not asked.
-  desk.goTo(0, 1);
-  QTest::keyClick(&desk.table(), Qt::Key_F2);
-  QVERIFY(desk.editor() != nullptr);
-  QTest::keyClick(desk.editor(), Qt::Key_Return);
-  QVERIFY(comesTrue([&] { return desk.table().viewport()->findChild<QLineEdit*>() == nullptr; }));
+  QVERIFY(desk.type(0, 1, {}));
   QVERIFY(noSheetLeft());
 }
 
 void XmlViewTest::writesWhatIsChosen() {
-  const char* const actions[] = {"alwaysMenuItem",  "hourlyMenuItem", "dailyMenuItem",  "weeklyMenuItem",
-                                 "monthlyMenuItem", "yearlyMenuItem", "neverMenuItem",  "pZeroPriority",
-                                 "ponePriority",    "ptwoPriority",   "pthreePriority", "pfourPriority",
-                                 "pfivePriority",   "psixPriority",   "psevenPriority", "peightPriority",
-                                 "pninePriority",   "highestPriority"};
   XmlDesk desk;
-  desk.control<QAction>(actions[0]).trigger();  // without a selection nothing happens
+  desk.control<QAction>("alwaysMenuItem").trigger();  // without a selection nothing happens
   QCOMPARE(desk.onDisk(), kThree);
-  desk.goTo(1, 0);
-  std::string frequency;
-  for (int i = 0; i < 18; ++i) {
-    auto& action = desk.control<QAction>(actions[i]);
-    action.trigger();
-    const bool isPriority = i >= 7;
-    if (!isPriority) frequency = platform::toUtf8(action.text());
-    const std::string priority = !isPriority ? "0.5" : i == 17 ? "1" : "0." + std::to_string(i - 7);
-    QVERIFY(desk.onDisk().find(entry("http://shop.test/b", "2010-06-15", frequency, priority)) !=
-            std::string::npos);
-    QCOMPARE(desk.cell(1, isPriority ? 3 : 2), action.text());
-  }
-  desk.goTo(1, 3);
-  QTest::keyClick(&desk.table(), Qt::Key_F2);
-  QVERIFY(XmlDesk::menu() != nullptr);
-  QCOMPARE(XmlDesk::menu()->activeAction()->objectName(), QStringLiteral("highestPriority"));
-  XmlDesk::menu()->close();
-}
-
-void XmlViewTest::popsTheMenuUpInTheCell() {
-  XmlDesk desk;
   QTest::mouseClick(desk.table().viewport(), Qt::LeftButton, {}, desk.middle(1, 2));  // selects only
-  QCOMPARE(desk.currentRow(), 1);
   QVERIFY(QApplication::activePopupWidget() == nullptr);
+  desk.control<QAction>("hourlyMenuItem").trigger();
+  desk.control<QAction>("highestPriority").trigger();
   // On the arrow of another row it selects that first.
   QTest::mouseClick(desk.table().viewport(), Qt::LeftButton, {}, desk.arrow(2, 3));
   QVERIFY(XmlDesk::menu() != nullptr);
   QCOMPARE(XmlDesk::menu()->objectName(), QStringLiteral("prMenu"));
-  QCOMPARE(desk.currentRow(), 2);
-  QTest::keyClick(XmlDesk::menu(), Qt::Key_Down);
+  QTest::keyClick(XmlDesk::menu(), Qt::Key_Down);  // from the value that it has
   QTest::keyClick(XmlDesk::menu(), Qt::Key_Return);
-  QCOMPARE(desk.cell(2, 3), QStringLiteral("0.6"));
+  QCOMPARE(desk.onDisk(), sitemap(entry("http://shop.test/?a=1&b=2") +
+                                  entry("http://shop.test/b", "2010-06-15", "hourly", "1") +
+                                  entry("http://shop.test/c", "", "monthly", "0.6")));
   desk.doubleClick(desk.middle(0, 2));
-  const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {
-      {Qt::Key_Return, {}}, {Qt::Key_Enter, {}}, {Qt::Key_Space, {}}, {Qt::Key_Down, Qt::AltModifier}};
-  for (const auto& [key, modifiers] : keys) {
+  for (const auto& [key, modifiers] : {std::pair(Qt::Key_Return, Qt::KeyboardModifiers()),
+                                       std::pair(Qt::Key_Down, Qt::KeyboardModifiers(Qt::AltModifier))}) {
     QVERIFY(XmlDesk::menu() != nullptr);
     QCOMPARE(XmlDesk::menu()->objectName(), QStringLiteral("chFreqMenu"));
     XmlDesk::menu()->close();
@@ -197,40 +167,30 @@ void XmlViewTest::popsTheMenuUpInTheCell() {
   }
   QVERIFY(XmlDesk::menu() != nullptr);
   XmlDesk::menu()->close();
-  QCOMPARE(desk.cell(0, 2), QStringLiteral("monthly"));
 }
 
 void XmlViewTest::sortsByItsHeadings() {
   XmlDesk desk(sitemap(entry("http://shop.test/b", "2010-06-15", "never") +
                        entry("http://shop.test/c", "2010-06-14", "daily") +
                        entry("http://shop.test/a", "2010-06-16", "often")));
-  const auto clickHeading = [&](int column) {
-    QHeaderView& header = *desk.table().horizontalHeader();
-    const QPoint place(header.sectionViewportPosition(column) + 20, header.height() / 2);
-    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
-  };
   const auto order = [&] {
     QString letters;
     for (int row = 0; row < desk.rows(); ++row) letters += desk.cell(row, 0).back();
     return letters;
   };
-  QCOMPARE(order(), QStringLiteral("bca"));
-  clickHeading(0);
-  QCOMPARE(order(), QStringLiteral("abc"));
-  clickHeading(0);
-  QCOMPARE(order(), QStringLiteral("cba"));
-  clickHeading(0);
-  QCOMPARE(order(), QStringLiteral("bca"));
-  clickHeading(2);  // from always to never, and what is none of those
-  QCOMPARE(order(), QStringLiteral("cba"));
+  // By the address there and back, as in the sitemap, and from always to never and what is none of those.
+  for (const auto& [column, letters] :
+       {std::pair(0, "abc"), std::pair(0, "cba"), std::pair(0, "bca"), std::pair(2, "cba")}) {
+    QHeaderView& header = *desk.table().horizontalHeader();
+    const QPoint place(header.sectionViewportPosition(column) + 20, header.height() / 2);
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
+    QCOMPARE(order(), QLatin1String(letters));
+  }
   desk.goTo(0, 0);
   desk.control<QAction>("yearlyMenuItem").trigger();
-  QVERIFY(desk.type(1, 1, QStringLiteral("2011-02-03")));
-  QCOMPARE(order(), QStringLiteral("cba"));
   desk.goTo(1, 0);
   QTest::keyClick(&desk.table(), Qt::Key_Delete);
   QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
-  QCOMPARE(order(), QStringLiteral("ca"));
   QCOMPARE(desk.onDisk(), sitemap(entry("http://shop.test/c", "2010-06-14", "yearly") +
                                   entry("http://shop.test/a", "2010-06-16", "often")));
 }
@@ -243,18 +203,16 @@ void XmlViewTest::searchesAddresses() {
   QVERIFY(field.hasFocus());
   QTest::keyClicks(&field, QStringLiteral("TEST/b"));
   QCOMPARE(desk.label("xmlCount"), QStringLiteral("1 of 3 entries"));
-  QCOMPARE(desk.table().model()->headerData(0, Qt::Vertical).toString(), QStringLiteral("2"));
   QVERIFY(desk.enabled("delLinkButton"));
   // What the search hides is no longer selected, nor is anything in its place.
-  field.setText(QStringLiteral("?a=1&b"));
+  field.setText(QStringLiteral("/c"));
   QCOMPARE(desk.rows(), 1);
   QVERIFY(!desk.enabled("delLinkButton"));
   desk.goTo(0, 0);
   desk.control<QAction>("copyMI").trigger();
-  QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("http://shop.test/?a=1&b=2"));
-  field.setText(QStringLiteral("/c"));
-  desk.goTo(0, 0);
+  QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("http://shop.test/c"));
   desk.control<QAction>("neverMenuItem").trigger();
+  QVERIFY(desk.onDisk().find(entry("http://shop.test/c", "", "never")) != std::string::npos);
   QVERIFY(desk.click("delLinkButton"));
   QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
   QCOMPARE(desk.onDisk(), sitemap(entry("http://shop.test/?a=1&b=2") + entry("http://shop.test/b")));
@@ -262,11 +220,10 @@ void XmlViewTest::searchesAddresses() {
 }
 
 void XmlViewTest::deletesOnlyWhenToldTo() {
-  XmlDesk desk;
+  XmlDesk desk(sitemap(entry("http://shop.test/b")));
   QTest::keyClick(&desk.table(), Qt::Key_Delete);  // nothing is selected
   QVERIFY(topSheet() == nullptr);
   desk.goTo(0, 1);
-  QVERIFY(desk.control<QAction>("delLinkMI").isEnabled());
   desk.control<QAction>("scanTBI").trigger();
   QVERIFY(!desk.control<QAction>("delLinkMI").isEnabled());
   desk.control<QAction>("xmlTBI").trigger();
@@ -274,18 +231,14 @@ void XmlViewTest::deletesOnlyWhenToldTo() {
   QVERIFY(desk.click("delLinkButton"));
   QMessageBox* sheet = message(kDeleteQuestion);
   QVERIFY(sheet != nullptr);
-  QCOMPARE(sheet->informativeText(), QStringLiteral("http://shop.test/?a=1&b=2"));
+  QCOMPARE(sheet->informativeText(), QStringLiteral("http://shop.test/b"));
   pressEscape(*sheet);
   QVERIFY(noSheetLeft());
-  QCOMPARE(desk.onDisk(), kThree);
-  for (int left = 2; left >= 0; --left) {
-    desk.window().activateWindow();
-    desk.table().setFocus();
-    QTest::keyClick(&desk.table(), Qt::Key_Delete);
-    QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
-    QCOMPARE(desk.rows(), left);
-    QVERIFY(noSheetLeft());
-  }
+  QCOMPARE(desk.rows(), 1);
+  desk.table().setFocus();
+  QTest::keyClick(&desk.table(), Qt::Key_Delete);
+  QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
+  QVERIFY(noSheetLeft());
   QCOMPARE(desk.onDisk(), sitemap(""));
   QCOMPARE(desk.label("xmlEmptyHint"), QStringLiteral("The XML sitemap of Shop has no entries."));
 }
@@ -338,7 +291,6 @@ void XmlViewTest::leadsToFindings() {
 void XmlViewTest::saysWhatToDoWithoutEntries() {
   XmlDesk desk({}, "http://127.0.0.1:1/");
   QCOMPARE(desk.label("xmlEmptyHint"), QStringLiteral("Shop has no XML sitemap yet. A scan writes it."));
-  QVERIFY(!desk.table().isVisible());
   QVERIFY(desk.click("xmlScanButton"));  // leads to the scan of the site; no server is there
   QCOMPARE(desk.window().state().qzvskCurrentView, 1);
   QVERIFY(comesTrue([] { return qobject_cast<QMessageBox*>(topSheet()) != nullptr; }));
