@@ -1,23 +1,15 @@
 #include "crawler/scan_controller.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QDockWidget>
-#include <QLabel>
-#include <QListView>
 #include <QLocale>
-#include <QPushButton>
 
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
 
 namespace crawler {
 
-using platform::control;
 using platform::toQString;
 
 /// All that one scan needs, in the order in which it is taken apart last.
@@ -40,19 +32,18 @@ ScanController::ScanController(QMainWindow& mainWindow, platform::SheetQueue& sh
       m_controls(controls),
       m_state(state),
       m_reasons(reasons),
+      m_page{mainWindow},
       m_establishConnectionSheet(&mainWindow, "establishConnectionSheet", "ecsPBar",
                                  WaitingSheet::GiveUp::offered),
       m_scanCustomAlertPanel(&mainWindow),
       m_endAlertPanel(&mainWindow, "endAlertPanel", "endProgressBar", WaitingSheet::GiveUp::impossible),
       m_questions(mainWindow) {
   m_endAlertPanel.setText(tr("Finishing the sitemaps..."));
-  auto& list = control<QListView>(mainWindow, "scannedLinksViewer");
-  list.setModel(&m_links);
+  m_page.scannedLinksViewer.setModel(&m_links);
   connect(&m_view, &CoalescingView::news, this, &ScanController::onNews);
   connect(&m_establishConnectionSheet, &WaitingSheet::givenUp, this, &ScanController::cancelScan);
   connect(&m_scanCustomAlertPanel, &ProgressSheet::cancelled, this, &ScanController::cancelScan);
-  connect(&control<QPushButton>(mainWindow, "scanSiteButton"), &QPushButton::clicked, this,
-          &ScanController::scanSiteAction);
+  connect(&m_page.scanSiteButton, &QPushButton::clicked, this, &ScanController::scanSiteAction);
 }
 
 ScanController::~ScanController() = default;
@@ -63,9 +54,8 @@ std::array<QDialog*, 3> ScanController::scanSheets() {
 
 void ScanController::scanSiteAction() {
   if (isScanning()) return;
-  auto& drawer = control<QDockWidget>(m_mainWindow, "filterDrawer");
-  m_reopenFilterDrawer = drawer.isVisible();
-  drawer.hide();
+  m_reopenFilterDrawer = m_page.filterDrawer.isVisible();
+  m_page.filterDrawer.hide();
   lockControls();
   forgetLastScan();
   ScanSettings settings{.siteName = m_state.qzvskCurSite,
@@ -86,9 +76,9 @@ void ScanController::cancelScan() {
 
 void ScanController::forgetLastScan() {
   m_links.clear();
-  auto& notice = control<QLabel>(m_mainWindow, "scanNotice");
-  notice.clear();
-  notice.hide();
+  m_notices.clear();
+  m_page.scanNotice.clear();
+  m_page.scanNotice.hide();
 }
 
 void ScanController::askToStop(std::function<void()> quit) {
@@ -161,13 +151,12 @@ void ScanController::endStartAlert() {
 void ScanController::updateAllScanDetails(const ScanResult& result) {
   const QLocale locale;
   const int broken = result.progress.brokenLinks;
-  control<QLabel>(m_mainWindow, "totalLinksFound").setText(locale.toString(result.statistics.totalLinks));
-  control<QLabel>(m_mainWindow, "pagesFound").setText(locale.toString(result.statistics.pagesFound));
-  control<QLabel>(m_mainWindow, "brokenLinks").setText(locale.toString(broken));
-  control<QLabel>(m_mainWindow, "linksScanned").setText(locale.toString(result.statistics.pagesUsed));
-  auto& button = control<QPushButton>(m_mainWindow, "brokenLinksButton");
-  button.setEnabled(broken > 0);
-  button.setVisible(broken > 0);
+  m_page.totalLinksFound.setText(locale.toString(result.statistics.totalLinks));
+  m_page.pagesFound.setText(locale.toString(result.statistics.pagesFound));
+  m_page.brokenLinks.setText(locale.toString(broken));
+  m_page.linksScanned.setText(locale.toString(result.statistics.pagesUsed));
+  m_page.brokenLinksButton.setEnabled(broken > 0);
+  m_page.brokenLinksButton.setVisible(broken > 0);
   for (const store::BrokenPage& page : result.brokenPages) {
     m_state.qzvskBadLinkArray.push_back(page.url);
     m_state.qzvskBadLinkReasonArray.push_back(page.reason);
@@ -182,7 +171,7 @@ void ScanController::scanFinished(const ScanResult& result) {
   unlockControls();
   if (result.hasCounts()) updateAllScanDetails(result);
   // Where nothing was found there is nothing to filter.
-  if (m_reopenFilterDrawer && result.end != ScanEnd::unreachable) reopenFilterDrawer();
+  if (m_reopenFilterDrawer && result.end != ScanEnd::unreachable) m_page.filterDrawer.show();
   if (result.pages->size() > 0) m_links.setPages(result.pages);
   tellEnd(result);
   emit scanned(toQString(result.siteName));
@@ -236,12 +225,11 @@ void ScanController::tellEnd(const ScanResult& result) {
 }
 
 void ScanController::addNotice(const QString& text) {
-  auto& notice = control<QLabel>(m_mainWindow, "scanNotice");
-  notice.setText(notice.text().isEmpty() ? text : notice.text() + QLatin1Char('\n') + text);
-  notice.show();
+  m_notices.append(text);
+  m_page.scanNotice.setText(m_notices.join(QLatin1Char('\n')));
+  m_page.scanNotice.show();
 }
 
-/// Whatever would bring another site into hand, or change the one that is scanned.
 void ScanController::lockControls() {
   m_focus = m_mainWindow.focusWidget();
   m_locked.clear();
@@ -250,15 +238,8 @@ void ScanController::lockControls() {
     control.setEnabled(false);
     m_locked.push_back(&control);
   };
-  for (const char* action :
-       {"addMI", "editMI", "deleteMI", "scanMI", "filtersMI", "addFilterMI", "ignoreRobotsMI"}) {
-    lock(control<QAction>(m_mainWindow, action));
-  }
-  for (const char* widget :
-       {"siteListTable", "siteSearch", "addSiteButton", "editSiteButton", "deleteSiteButton",
-        "scanSiteButton", "filterDrawerButton", "ignoreRobotsButton"}) {
-    lock(control<QWidget>(m_mainWindow, widget));
-  }
+  for (QAction* action : m_page.lockedActions) lock(*action);
+  for (QWidget* widget : m_page.lockedWidgets) lock(*widget);
 }
 
 void ScanController::unlockControls() {
@@ -266,10 +247,6 @@ void ScanController::unlockControls() {
     if (control) control->setProperty("enabled", true);
   }
   if (m_focus && m_focus->isVisible()) m_focus->setFocus();
-}
-
-void ScanController::reopenFilterDrawer() {
-  control<QDockWidget>(m_mainWindow, "filterDrawer").show();
 }
 
 }  // namespace crawler

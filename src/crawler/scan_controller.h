@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <array>
 #include <functional>
 #include <memory>
@@ -12,6 +13,7 @@
 
 #include "crawler/coalescing_view.h"
 #include "crawler/link_list_model.h"
+#include "crawler/scan_controls.h"
 #include "crawler/scan_sheets.h"
 #include "platform/sheet_queue.h"
 #include "store/broken_reasons.h"
@@ -74,13 +76,13 @@ class ScanController : public QObject, private ScanView {
   void addNotice(const QString& text);
   void lockControls();
   void unlockControls();
-  void reopenFilterDrawer();
 
   QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
   const store::GlobalControls& m_controls;
   store::SharedState& m_state;
   const store::BrokenReasons& m_reasons;
+  ScanControls m_page;
 
   WaitingSheet m_establishConnectionSheet;
   ProgressSheet m_scanCustomAlertPanel;
@@ -88,6 +90,7 @@ class ScanController : public QObject, private ScanView {
   platform::SheetQueue m_questions;  // above whatever sheet the scan shows
   LinkListModel m_links;
   CoalescingView m_view;
+  QStringList m_notices;  // of the last scan
   bool m_ignoreRobots = false;
   bool m_reopenFilterDrawer = false;
   bool m_asksToStop = false;

@@ -1,27 +1,15 @@
 #include "html_editor/html_view_controller.h"
 
 #include <QApplication>
-#include <QComboBox>
-#include <QDockWidget>
 #include <QFrame>
-#include <QGridLayout>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QVBoxLayout>
 
 #include "html_editor/fixed_pages.h"
 #include "html_editor/layouts.h"
 #include "platform/files.h"
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 
 namespace html_editor {
 
-using platform::control;
 using platform::toQString;
 using platform::toUtf8;
 
@@ -41,22 +29,15 @@ HTMLViewController::HTMLViewController(const HTMLViewServices& services)
       m_document(services.state, services.controls, services.recovery),
       m_pt(services.mainWindow, EntryClass::pageTitle),
       m_pl(services.mainWindow, EntryClass::pageLink),
-      m_urlToLoad(control<QLineEdit>(services.mainWindow, "urlToLoad")),
-      m_sitemapTypePopup(control<QComboBox>(services.mainWindow, "sitemapTypePopup")),
-      m_siteTypeLabel(control<QLabel>(services.mainWindow, "siteTypeLabel")),
-      m_saveChangesButton(control<QPushButton>(services.mainWindow, "saveChangesButton")),
-      m_vibButton(control<QPushButton>(services.mainWindow, "vibButton")),
-      m_deleteButton(control<QPushButton>(services.mainWindow, "deleteButton")),
-      m_titleEditInput(control<QLineEdit>(services.mainWindow, "titleEditInput")),
-      m_linkEditInput(control<QLineEdit>(services.mainWindow, "linkEditInput")) {
+      m_view{services.mainWindow} {
   for (const LayoutItem& item : sitemapTypeItems) {
-    m_sitemapTypePopup.addItem(toQString(item.title), toQString(item.representedObject));
+    m_view.sitemapTypePopup.addItem(toQString(item.title), toQString(item.representedObject));
   }
   // It can be copied from, but is no field to type in.
-  QPalette plain = m_urlToLoad.palette();
+  QPalette plain = m_view.urlToLoad.palette();
   plain.setColor(QPalette::Base, Qt::transparent);
-  m_urlToLoad.setPalette(plain);
-  m_siteTypeLabel.hide();  // its text is that of another layout than the chooser's
+  m_view.urlToLoad.setPalette(plain);
+  m_view.siteTypeLabel.hide();  // its text is that of another layout than the chooser's
   m_recoveryTimer.setSingleShot(true);
   m_recoveryTimer.setInterval(kRecoveryDelay);
   prepareWindow(services.mainWindow);
@@ -70,12 +51,12 @@ void HTMLViewController::connectControls() {
   connectStyle(m_pt);
   connectStyle(m_pl);
   connect(&m_recoveryTimer, &QTimer::timeout, this, [this] { m_document.keepCopy(); });
-  connect(&m_sitemapTypePopup, &QComboBox::activated, this, &HTMLViewController::changeMapType);
-  connect(&m_saveChangesButton, &QPushButton::clicked, this, &HTMLViewController::saveRecentChanges);
-  connect(&m_vibButton, &QPushButton::clicked, this, &HTMLViewController::viewSitemapButton);
-  connect(&m_deleteButton, &QPushButton::clicked, this, &HTMLViewController::deleteLinkAction);
-  connect(&m_titleEditInput, &QLineEdit::returnPressed, this, &HTMLViewController::titleEditInputAction);
-  connect(&m_linkEditInput, &QLineEdit::returnPressed, this, &HTMLViewController::linkEditInputAction);
+  connect(&m_view.sitemapTypePopup, &QComboBox::activated, this, &HTMLViewController::changeMapType);
+  connect(&m_view.saveChangesButton, &QPushButton::clicked, this, &HTMLViewController::saveRecentChanges);
+  connect(&m_view.vibButton, &QPushButton::clicked, this, &HTMLViewController::viewSitemapButton);
+  connect(&m_view.deleteButton, &QPushButton::clicked, this, &HTMLViewController::deleteLinkAction);
+  connect(&m_view.titleEditInput, &QLineEdit::returnPressed, this, &HTMLViewController::titleEditInputAction);
+  connect(&m_view.linkEditInput, &QLineEdit::returnPressed, this, &HTMLViewController::linkEditInputAction);
   connect(qApp, &QApplication::focusChanged, this, &HTMLViewController::focusMoved);
 }
 
@@ -150,15 +131,15 @@ void HTMLViewController::firstLoad() {
 
 /// The document that was opened, or why there is none.
 void HTMLViewController::showOpened(const Opened& opened) {
-  m_urlToLoad.setText(kFileScheme + toQString(m_document.file().native()));
-  m_urlToLoad.setCursorPosition(0);
+  m_view.urlToLoad.setText(kFileScheme + toQString(m_document.file().native()));
+  m_view.urlToLoad.setCursorPosition(0);
   showSelection();
   chooserFollowsFile();
   if (!m_document.isThere()) {
     saveActive();
     showPage(nothingToShowPage(opened.state, opened.bytes));
     // Another layout may be there, or be small enough.
-    if (opened.state != DocumentState::missing) enableUnless(m_sitemapTypePopup, {});
+    if (opened.state != DocumentState::missing) enableUnless(m_view.sitemapTypePopup, {});
     return;
   }
   m_documentIsNew = true;
@@ -181,17 +162,17 @@ void HTMLViewController::saveActive() {
   } else {
     m_recoveryTimer.stop();
   }
-  enableUnless(m_saveChangesButton, dirty ? QString() : tr("Everything is saved"));
+  enableUnless(m_view.saveChangesButton, dirty ? QString() : tr("Everything is saved"));
   emit needsSaveChanged(dirty);
 }
 
 void HTMLViewController::enableOptions(bool enabled) {
   const QString whyNot = enabled ? QString() : tr("There is no sitemap to work on");
-  control<QGroupBox>(m_services.mainWindow, "selectedLinkGroup").setEnabled(enabled);
+  m_view.selectedLinkGroup.setEnabled(enabled);
   m_pt.setEnabled(whyNot);
   m_pl.setEnabled(whyNot);
-  for (QWidget* each : std::initializer_list<QWidget*>{&m_saveChangesButton, &m_siteTypeLabel, &m_vibButton,
-                                                       &m_sitemapTypePopup}) {
+  for (QWidget* each : std::initializer_list<QWidget*>{&m_view.saveChangesButton, &m_view.siteTypeLabel,
+                                                       &m_view.vibButton, &m_view.sitemapTypePopup}) {
     enableUnless(*each, whyNot);
   }
 }
@@ -226,46 +207,39 @@ void HTMLViewController::makeWebView() {
 /// The viewer and the style editor share the sitemap and the controls: these move to the one that is shown.
 void HTMLViewController::takePlace(int view) {
   makeWebView();
-  const QMainWindow& window = m_services.mainWindow;
   const bool viewer = view == kViewer;
-  auto& bar = control<QWidget>(window, "sitemapBar");
-  control<QVBoxLayout>(window, viewer ? "htmlWindowViewLayout" : "htmlEditorWindowViewLayout")
-      .insertWidget(0, &bar);
-  control<QVBoxLayout>(window, viewer ? "htmlSitemapPlace" : "htmlEditorSitemapPlace")
-      .addWidget(m_scanWebView->parentWidget());
-  auto& titles = control<QWidget>(window, "ptTabView");
-  auto& links = control<QWidget>(window, "plTabView");
-  auto& tabs = control<QTabWidget>(window, "styleTabs");
+  (viewer ? m_view.htmlWindowViewLayout : m_view.htmlEditorWindowViewLayout)
+      .insertWidget(0, &m_view.sitemapBar);
+  (viewer ? m_view.htmlSitemapPlace : m_view.htmlEditorSitemapPlace).addWidget(m_scanWebView->parentWidget());
   if (viewer) {
-    tabs.insertTab(0, &titles, tr("&Page titles"));
-    tabs.insertTab(1, &links, tr("Page &links"));
-    tabs.setCurrentIndex(0);
+    m_view.styleTabs.insertTab(0, &m_pt.tabView, tr("&Page titles"));
+    m_view.styleTabs.insertTab(1, &m_pl.tabView, tr("Page &links"));
+    m_view.styleTabs.setCurrentIndex(0);
   } else {
-    control<QVBoxLayout>(window, "pageTitlesPlace").addWidget(&titles);
-    control<QVBoxLayout>(window, "pageLinksPlace").addWidget(&links);
-    titles.show();  // a tab that is not in front is hidden
-    links.show();
+    m_view.pageTitlesPlace.addWidget(&m_pt.tabView);
+    m_view.pageLinksPlace.addWidget(&m_pl.tabView);
+    m_pt.tabView.show();  // a tab that is not in front is hidden
+    m_pl.tabView.show();
   }
-  for (const char* name : {"ptStyleLayout", "plStyleLayout"}) {
-    auto& layout = control<QGridLayout>(window, name);
+  for (QGridLayout* layout : {&m_pt.styleLayout, &m_pl.styleLayout}) {
     // Beside each other's frames they do without margins, so that both fit into a small window.
-    viewer ? layout.unsetContentsMargins() : layout.setContentsMargins({});
-    layout.setVerticalSpacing(viewer ? -1 : layout.horizontalSpacing() / 2);
+    viewer ? layout->unsetContentsMargins() : layout->setContentsMargins({});
+    layout->setVerticalSpacing(viewer ? -1 : layout->horizontalSpacing() / 2);
   }
   orderTabs(viewer);
 }
 
 /// The Tab key goes as one reads. What moves to another place is last in its order otherwise.
 void HTMLViewController::orderTabs(bool viewer) {
-  std::vector<QWidget*> order = {&m_sitemapTypePopup, &m_vibButton, &m_saveChangesButton};
+  std::vector<QWidget*> order = {&m_view.sitemapTypePopup, &m_view.vibButton, &m_view.saveChangesButton};
   std::vector<QWidget*> styles = m_pt.tabOrder();
   for (QWidget* each : m_pl.tabOrder()) styles.push_back(each);
   if (viewer) {
-    order.insert(order.end(), {m_scanWebView, &m_titleEditInput, &m_linkEditInput, &m_deleteButton,
-                               &control<QTabWidget>(m_services.mainWindow, "styleTabs")});
+    order.insert(order.end(), {m_scanWebView, &m_view.titleEditInput, &m_view.linkEditInput,
+                               &m_view.deleteButton, &m_view.styleTabs});
   }
   order.insert(order.end(), styles.begin(), styles.end());
-  order.push_back(viewer ? &m_urlToLoad : static_cast<QWidget*>(m_scanWebView));
+  order.push_back(viewer ? &m_view.urlToLoad : static_cast<QWidget*>(m_scanWebView));
   for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
@@ -287,7 +261,7 @@ void HTMLViewController::showDocument() {
 }
 
 void HTMLViewController::markBusy(bool busy) {
-  control<QProgressBar>(m_services.mainWindow, "sitemapBusy").setVisible(busy);
+  m_view.sitemapBusy.setVisible(busy);
 }
 
 bool HTMLViewController::isCurrentView() const {

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "html_editor/html_document.h"
+#include "html_editor/html_view_controls.h"
 #include "html_editor/sitemap_web_view.h"
 #include "html_editor/style_controls_view.h"
 #include "platform/files.h"
@@ -22,12 +23,6 @@
 #include "sitemaps/script_text.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
-
-class QAction;
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPushButton;
 
 namespace html_editor {
 
@@ -174,14 +169,7 @@ class HTMLViewController : public QObject {
   HtmlDocument m_document;
   StyleControlsView m_pt;
   StyleControlsView m_pl;
-  QLineEdit& m_urlToLoad;
-  QComboBox& m_sitemapTypePopup;
-  QLabel& m_siteTypeLabel;
-  QPushButton& m_saveChangesButton;
-  QPushButton& m_vibButton;
-  QPushButton& m_deleteButton;
-  QLineEdit& m_titleEditInput;
-  QLineEdit& m_linkEditInput;
+  HtmlViewControls m_view;
   QPointer<SitemapWebView> m_scanWebView;  // made when it is first needed, as is
   QPointer<QLabel> m_notice;               // what the user should know of the document
 

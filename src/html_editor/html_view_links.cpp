@@ -1,18 +1,13 @@
 // Editing and deleting single links in the HTML viewer.
 #include <QAction>
 #include <QClipboard>
-#include <QComboBox>
 #include <QDesktopServices>
 #include <QGuiApplication>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QPushButton>
 #include <QTimer>
 #include <QUrl>
 
 #include "html_editor/html_view_controller.h"
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 
 namespace html_editor {
@@ -39,7 +34,7 @@ void HTMLViewController::linkClicked(const QString& href, const QString& label, 
   if (m_document.select(toUtf8(href), toUtf8(label))) {
     showSelection();
   } else {
-    m_deleteButton.setEnabled(false);
+    m_view.deleteButton.setEnabled(false);
   }
 }
 
@@ -88,11 +83,11 @@ void HTMLViewController::showSelection() {
     field.setEnabled(any);
     field.setToolTip(any ? toolTip : tr("Click a link in the sitemap first"));
   };
-  fill(m_titleEditInput, toQString(link.titleEditInput), toQString(link.titleEditInput));
-  fill(m_linkEditInput, toQString(link.linkEditInput), toQString(link.linkEditInput));
-  m_deleteButton.setEnabled(any);
-  m_deleteButton.setToolTip(any ? tr("Remove this link from the layout that is shown")
-                                : tr("Click a link in the sitemap first"));
+  fill(m_view.titleEditInput, toQString(link.titleEditInput), toQString(link.titleEditInput));
+  fill(m_view.linkEditInput, toQString(link.linkEditInput), toQString(link.linkEditInput));
+  m_view.deleteButton.setEnabled(any);
+  m_view.deleteButton.setToolTip(any ? tr("Remove this link from the layout that is shown")
+                                     : tr("Click a link in the sitemap first"));
   markSelection();
 }
 
@@ -112,7 +107,8 @@ void HTMLViewController::clearLinkFields() {
 /// to the button that deletes the link.
 void HTMLViewController::focusMoved(const QWidget* from, const QWidget* to) {
   const auto isOfLink = [this](const QWidget* widget) {
-    return widget == &m_titleEditInput || widget == &m_linkEditInput || widget == &m_deleteButton;
+    return widget == &m_view.titleEditInput || widget == &m_view.linkEditInput ||
+           widget == &m_view.deleteButton;
   };
   // A look at another window is no end.
   if (to == nullptr || to->window() != &m_services.mainWindow) return;
@@ -121,8 +117,8 @@ void HTMLViewController::focusMoved(const QWidget* from, const QWidget* to) {
 
 void HTMLViewController::commitFields() {
   if (!m_document.selection()) return;
-  switch (html_editor::commitFields(*m_document.selection(), toUtf8(m_linkEditInput.text()),
-                                    toUtf8(m_titleEditInput.text()))) {
+  switch (html_editor::commitFields(*m_document.selection(), toUtf8(m_view.linkEditInput.text()),
+                                    toUtf8(m_view.titleEditInput.text()))) {
     case FieldCommit::edit:
       return editLinkAndTitle();
     case FieldCommit::titleBlank:
@@ -135,7 +131,8 @@ void HTMLViewController::commitFields() {
 }
 
 void HTMLViewController::editLinkAndTitle() {
-  const bool found = m_document.editLink(toUtf8(m_linkEditInput.text()), toUtf8(m_titleEditInput.text()));
+  const bool found =
+      m_document.editLink(toUtf8(m_view.linkEditInput.text()), toUtf8(m_view.titleEditInput.text()));
   showSelection();
   showDocument();
   saveNow(SaveMarker::closewindow);

@@ -1,8 +1,5 @@
 // Saving the document in hand, asking about unsaved changes, and what waits for the answers.
-#include <QComboBox>
 #include <QDesktopServices>
-#include <QLabel>
-#include <QPushButton>
 #include <QUrl>
 
 #include "html_editor/fixed_pages.h"
@@ -99,9 +96,9 @@ void HTMLViewController::offerNotWritten(const platform::FileResult& result, std
 
 /// Shows which document is in hand.
 void HTMLViewController::chooserFollowsFile() {
-  for (int i = 0; i < m_sitemapTypePopup.count(); ++i) {
-    const auto* layout = layoutOfEntry(toUtf8(m_sitemapTypePopup.itemData(i).toString()));
-    if (layout == m_document.layout()) m_sitemapTypePopup.setCurrentIndex(i);
+  for (int i = 0; i < m_view.sitemapTypePopup.count(); ++i) {
+    const auto* layout = layoutOfEntry(toUtf8(m_view.sitemapTypePopup.itemData(i).toString()));
+    if (layout == m_document.layout()) m_view.sitemapTypePopup.setCurrentIndex(i);
   }
 }
 
@@ -117,13 +114,13 @@ void HTMLViewController::changeMapType() {
 }
 
 void HTMLViewController::switchLayout() {
-  const QString entry = m_sitemapTypePopup.currentData().toString();
+  const QString entry = m_view.sitemapTypePopup.currentData().toString();
   const sitemaps::Layout* layout = layoutOfEntry(toUtf8(entry));
   if (layout == nullptr) return;
-  m_siteTypeLabel.setText(entry);
+  m_view.siteTypeLabel.setText(entry);
   m_savedScrollPosition = {};
   showOpened(m_document.switchTo(*layout));
-  enableUnless(m_sitemapTypePopup, {});  // where this one is missing the others may be there
+  enableUnless(m_view.sitemapTypePopup, {});  // where this one is missing the others may be there
 }
 
 void HTMLViewController::checkSave(std::function<void()> then) {

@@ -57,6 +57,8 @@ Colour fromQColor(const QColor& colour) {
 
 StyleControlsView::StyleControlsView(const QObject& window, EntryClass entryClass)
     : entries(entryClass),
+      tabView(find<QWidget>(window, entryClass, "TabView")),
+      styleLayout(find<QGridLayout>(window, entryClass, "StyleLayout")),
       fontFace(find<QComboBox>(window, entryClass, "FontFace")),
       fontSize(find<QComboBox>(window, entryClass, "FontSize")),
       boldButton(find<QCheckBox>(window, entryClass, "BoldButton")),

@@ -4,6 +4,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QObject>
 #include <QPushButton>
@@ -39,6 +40,8 @@ class StyleControlsView {
   void setColour(const Colour& colour);
 
   EntryClass entries;
+  QWidget& tabView;
+  QGridLayout& styleLayout;
   QComboBox& fontFace;
   QComboBox& fontSize;
   QCheckBox& boldButton;

@@ -2,13 +2,10 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTableView>
 #include <QVBoxLayout>
 
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "store/site_input.h"
 #include "store/site_record.h"
@@ -17,7 +14,6 @@ namespace store {
 
 namespace {
 
-using platform::control;
 using platform::toQString;
 using platform::toUtf8;
 
@@ -30,8 +26,7 @@ AddEditDeleteSitesController::AddEditDeleteSitesController(QMainWindow& mainWind
                                                            const GlobalControls& controls,
                                                            const StateFolder& stateFolder,
                                                            const SharedState& state)
-    : m_mainWindow(mainWindow),
-      m_sheets(sheets),
+    : m_sheets(sheets),
       m_controls(controls),
       m_state(state),
       m_sites(controls, stateFolder),
@@ -173,20 +168,15 @@ void AddEditDeleteSitesController::sheetDidEndShouldDelete(bool deleteIt, const 
   } else if (result.outcome == SaveOutcome::busy) {
     return;
   }
-  control<QTableView>(m_mainWindow, "siteListTable").clearSelection();
   emit sitesChanged();
 }
 
 void AddEditDeleteSitesController::resetAndClose() {
   m_calledBy.clear();
-  for (const char* field : {"siteName", "siteURL", "totalLinksFound", "pagesFound", "brokenLinks"}) {
-    control<QLabel>(m_mainWindow, field).clear();
-  }
   m_siteName->clear();
   m_siteURL->clear();
   m_sheets.close(m_aedWindow);
   m_siteName->setFocus();  // the next sheet starts with the name
-  control<QTableView>(m_mainWindow, "siteListTable").clearSelection();
   emit sitesChanged();
 }
 

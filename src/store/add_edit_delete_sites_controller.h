@@ -13,10 +13,8 @@
 #include "store/shared_state.h"
 #include "store/state_folder.h"
 
-class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTableView;
 
 namespace store {
 
@@ -37,7 +35,7 @@ class AddEditDeleteSitesController : public QObject {
   void deleteSite();
 
  signals:
-  /// The list of sites has to be read anew; no site is selected any more.
+  /// The list of sites has to be read anew, and no site is to be selected any more.
   void sitesChanged();
   /// A site has this name now, and its user wants to see it in the list.
   void siteNamed(const QString& name);
@@ -61,7 +59,6 @@ class AddEditDeleteSitesController : public QObject {
   void tellFailure(platform::SheetQueue& sheets, const QString& what, const std::filesystem::path& path,
                    const platform::FileResult& result);
 
-  QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
   const GlobalControls& m_controls;
   const SharedState& m_state;

@@ -1,11 +1,7 @@
 #include "ui/export_controller.h"
 
 #include <QButtonGroup>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QEvent>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTimer>
 #include <array>
 #include <chrono>
@@ -67,24 +63,23 @@ ExportController::ExportController(QMainWindow& mainWindow, platform::SheetQueue
       m_controls(controls),
       m_state(state),
       m_passedScripts(passedScripts),
+      m_view{mainWindow},
       m_layouts(new QButtonGroup(this)),
       m_exportCustomPanel(&mainWindow),
       m_split(mainWindow, sheets, m_exportCustomPanel) {
   gatherLayouts();
   drawPictograms();
   mainWindow.installEventFilter(this);
-  const auto onClick = [this](const char* name, void (ExportController::*slot)()) {
-    connect(&control<QPushButton>(m_mainWindow, name), &QPushButton::clicked, this, slot);
+  const auto onClick = [this](const QPushButton& button, void (ExportController::*slot)()) {
+    connect(&button, &QPushButton::clicked, this, slot);
   };
-  onClick("htmlExportButton", &ExportController::exportHTMLSitemaps);
-  onClick("xmlExportButton", &ExportController::exportXMLSitemap);
-  onClick("exportBrokenAsHTMLButton", &ExportController::exportBrokenAsHTMLAction);
-  onClick("exportBrokenAsTXTButton", &ExportController::exportBrokenAsTXTAction);
-  onClick("saveToButton", &ExportController::saveToButton);
-  connect(&control<QComboBox>(mainWindow, "sitePickerPopUp"), &QComboBox::currentTextChanged, this,
-          &ExportController::showSplitChoice);
-  auto& gzip = control<QCheckBox>(mainWindow, "gzipXmlBox");
-  connect(&control<QCheckBox>(mainWindow, "splitXmlBox"), &QCheckBox::toggled, &gzip, &QWidget::setEnabled);
+  onClick(m_view.htmlExportButton, &ExportController::exportHTMLSitemaps);
+  onClick(m_view.xmlExportButton, &ExportController::exportXMLSitemap);
+  onClick(m_view.exportBrokenAsHTMLButton, &ExportController::exportBrokenAsHTMLAction);
+  onClick(m_view.exportBrokenAsTXTButton, &ExportController::exportBrokenAsTXTAction);
+  onClick(m_view.saveToButton, &ExportController::saveToButton);
+  connect(&m_view.sitePickerPopUp, &QComboBox::currentTextChanged, this, &ExportController::showSplitChoice);
+  connect(&m_view.splitXmlBox, &QCheckBox::toggled, &m_view.gzipXmlBox, &QWidget::setEnabled);
   connect(&m_split, &SplitExport::report, this, &ExportController::report);
   showSplitChoice();
 }
@@ -99,11 +94,11 @@ void ExportController::gatherLayouts() {
 }
 
 void ExportController::drawPictograms() {
-  for (const sitemaps::Layout& layout : sitemaps::kLayouts) {
-    auto& box = control<QCheckBox>(m_mainWindow, layout.checkBox);
-    box.setIcon(
+  for (QAbstractButton* box : m_layouts->buttons()) {
+    const sitemaps::Layout& layout = sitemaps::kLayouts[static_cast<std::size_t>(m_layouts->id(box))];
+    box->setIcon(
         namedIcon(QStringLiteral("veskel-layout-") + toQString(layout.shortName), m_mainWindow.palette()));
-    box.setIconSize({kPictogramSize, kPictogramSize});
+    box->setIconSize({kPictogramSize, kPictogramSize});
   }
 }
 
@@ -116,18 +111,17 @@ bool ExportController::eventFilter(QObject* watched, QEvent* event) {
 /// refuse it.
 void ExportController::showSplitChoice() {
   const std::string site = pickedSite();
-  control<QComboBox>(m_mainWindow, "sitePickerPopUp").setToolTip(toQString(site));
+  m_view.sitePickerPopUp.setToolTip(toQString(site));
   const bool wanted = !site.empty() && sitemaps::wantsSplitting(m_controls, site);
-  auto& split = control<QCheckBox>(m_mainWindow, "splitXmlBox");
-  split.setEnabled(wanted);
-  split.setChecked(wanted);
-  split.setToolTip(wanted
-                       ? tr("sitemap-1.xml, sitemap-2.xml and so on, and sitemap-index.xml that names them")
-                       : tr("For sites of more than 50,000 pages"));
+  m_view.splitXmlBox.setEnabled(wanted);
+  m_view.splitXmlBox.setChecked(wanted);
+  m_view.splitXmlBox.setToolTip(
+      wanted ? tr("sitemap-1.xml, sitemap-2.xml and so on, and sitemap-index.xml that names them")
+             : tr("For sites of more than 50,000 pages"));
 }
 
 std::string ExportController::pickedSite() const {
-  return toUtf8(control<QComboBox>(m_mainWindow, "sitePickerPopUp").currentText());
+  return toUtf8(m_view.sitePickerPopUp.currentText());
 }
 
 const sitemaps::Layout* ExportController::tickedLayout() const {
@@ -142,9 +136,8 @@ ExportJob ExportController::jobNow(ExportMode mode) const {
       job.layout = tickedLayout();
       break;
     case ExportMode::xml:
-      job.split = control<QCheckBox>(m_mainWindow, "splitXmlBox").isChecked();
-      if (control<QCheckBox>(m_mainWindow, "gzipXmlBox").isChecked())
-        job.compression = sitemaps::Compression::gzip;
+      job.split = m_view.splitXmlBox.isChecked();
+      if (m_view.gzipXmlBox.isChecked()) job.compression = sitemaps::Compression::gzip;
       break;
     case ExportMode::brokenHtml:
     case ExportMode::brokenText:
@@ -351,14 +344,10 @@ void ExportController::saveToButton() {
                });
 }
 
-QString ExportController::saveFolder() const {
-  return control<QLineEdit>(m_mainWindow, "saveToInput").text();
-}
-
 void ExportController::setSaveFolder(const QString& folder) {
-  auto& input = control<QLineEdit>(m_mainWindow, "saveToInput");
-  input.setText(folder);
-  input.setToolTip(folder);
+  m_saveFolder = folder;
+  m_view.saveToInput.setText(folder);
+  m_view.saveToInput.setToolTip(folder);
 }
 
 }  // namespace ui

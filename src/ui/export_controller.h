@@ -20,6 +20,7 @@
 #include "sitemaps/site_export.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
+#include "ui/export_controls.h"
 #include "ui/export_sheet.h"
 #include "ui/split_export.h"
 
@@ -67,7 +68,7 @@ class ExportController : public QObject {
 
   /// Asks for a folder and shows it: where the dialogs of all exports begin.
   void saveToButton();
-  QString saveFolder() const;
+  const QString& saveFolder() const { return m_saveFolder; }
   void setSaveFolder(const QString& folder);
 
   /// Makes `text` the whole content of a file.
@@ -112,6 +113,8 @@ class ExportController : public QObject {
   const store::GlobalControls& m_controls;
   const store::SharedState& m_state;
   sitemaps::PassedScripts& m_passedScripts;
+  ExportControls m_view;
+  QString m_saveFolder;
   QButtonGroup* m_layouts;
   ExportSheet m_exportCustomPanel;
   SplitExport m_split;

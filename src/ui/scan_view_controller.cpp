@@ -154,6 +154,7 @@ void ScanViewController::connectCommands() {
   onAction(m_view.findSiteMI, this, [this] { m_view.siteSearch.setFocus(); });
   onClick(m_view.copyUrlButton, this, [this] { QGuiApplication::clipboard()->setText(siteUrl()); });
   connect(&editor, &AddEditDeleteSitesController::sitesChanged, this, [this] {
+    m_view.siteListTable.clearSelection();
     populateSiteTable();
     tableViewSelectionDidChange();
   });

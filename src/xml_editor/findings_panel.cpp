@@ -3,20 +3,15 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLabel>
-#include <QListView>
 #include <QLocale>
-#include <QToolButton>
 #include <chrono>
 
 #include "platform/files.h"
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "sitemaps/site_export.h"
 
 namespace xml_editor {
 
-using platform::control;
 using platform::toQString;
 
 namespace {
@@ -34,8 +29,7 @@ QString findingText(const sitemaps::XmlFinding& finding) {
 
 }  // namespace
 
-FindingsPanel::FindingsPanel(QMainWindow& mainWindow)
-    : m_mainWindow(mainWindow), m_list(control<QListView>(mainWindow, "xmlFindings")) {
+FindingsPanel::FindingsPanel(const QMainWindow& mainWindow) : m_view{mainWindow}, m_list(m_view.xmlFindings) {
   m_list.setModel(&m_texts);
   m_list.setMinimumHeight(m_list.fontMetrics().lineSpacing() * 6);
   auto* copy = new QAction(tr("Copy"), &m_list);
@@ -50,8 +44,7 @@ FindingsPanel::FindingsPanel(QMainWindow& mainWindow)
   };
   connect(&m_list, &QListView::activated, this, want);
   connect(&m_list, &QListView::clicked, this, want);
-  connect(&control<QToolButton>(mainWindow, "closeFindingsButton"), &QToolButton::clicked, this,
-          &FindingsPanel::close);
+  connect(&m_view.closeFindingsButton, &QToolButton::clicked, this, &FindingsPanel::close);
   m_again.setSingleShot(true);
   m_again.setInterval(kAgainDelay);
   connect(&m_again, &QTimer::timeout, this, &FindingsPanel::check);
@@ -65,12 +58,13 @@ void FindingsPanel::validate(const std::filesystem::path& sitemap, const std::st
 }
 
 void FindingsPanel::validateSoonAgain() {
-  if (control<QWidget>(m_mainWindow, "xmlFindingsPanel").isVisibleTo(&m_mainWindow)) m_again.start();
+  if (m_shown) m_again.start();
 }
 
 void FindingsPanel::close() {
   m_again.stop();
-  control<QWidget>(m_mainWindow, "xmlFindingsPanel").hide();
+  m_shown = false;
+  m_view.xmlFindingsPanel.hide();
 }
 
 void FindingsPanel::check() {
@@ -100,12 +94,12 @@ void FindingsPanel::show(const QString& outcome) {
   m_texts.setStringList(texts);
   if (place >= 0) m_list.setCurrentIndex(m_texts.index(std::min<int>(place, m_texts.rowCount() - 1)));
   m_list.setVisible(!m_findings.empty());
-  control<QLabel>(m_mainWindow, "xmlFindingsLabel").setText(outcome);
-  auto& panel = control<QWidget>(m_mainWindow, "xmlFindingsPanel");
+  m_view.xmlFindingsLabel.setText(outcome);
   // Without a list there is nothing to make room for.
   const QSizePolicy::Policy height = m_findings.empty() ? QSizePolicy::Fixed : QSizePolicy::Preferred;
-  panel.setSizePolicy(QSizePolicy::Preferred, height);
-  panel.show();
+  m_view.xmlFindingsPanel.setSizePolicy(QSizePolicy::Preferred, height);
+  m_shown = true;
+  m_view.xmlFindingsPanel.show();
 }
 
 }  // namespace xml_editor

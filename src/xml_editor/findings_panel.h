@@ -10,8 +10,7 @@
 #include <vector>
 
 #include "sitemaps/xml_validation.h"
-
-class QListView;
+#include "xml_editor/xml_view_controls.h"
 
 namespace xml_editor {
 
@@ -20,7 +19,7 @@ class FindingsPanel : public QObject {
   Q_OBJECT
 
  public:
-  explicit FindingsPanel(QMainWindow& mainWindow);
+  explicit FindingsPanel(const QMainWindow& mainWindow);
 
   /// Checks the file `sitemap` of a site that starts at `siteUrl`, as the export would write it, and shows
   /// the outcome.
@@ -37,13 +36,14 @@ class FindingsPanel : public QObject {
   void check();
   void show(const QString& outcome);
 
-  QMainWindow& m_mainWindow;
+  FindingsControls m_view;
   QListView& m_list;
   QStringListModel m_texts;
   std::vector<sitemaps::XmlFinding> m_findings;
   std::filesystem::path m_sitemap;
   std::string m_siteUrl;
   QTimer m_again;
+  bool m_shown = false;
 };
 
 }  // namespace xml_editor

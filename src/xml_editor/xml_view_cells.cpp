@@ -1,17 +1,13 @@
 // The table of the view, its pop-up cells and its menus.
-#include <QAction>
 #include <QActionGroup>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMenu>
-#include <QTableView>
 #include <QUrl>
 #include <algorithm>
 
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "xml_editor/cell_delegates.h"
 #include "xml_editor/menu_values.h"
@@ -19,7 +15,6 @@
 
 namespace xml_editor {
 
-using platform::control;
 using platform::toQString;
 
 namespace {
@@ -34,36 +29,36 @@ bool hasMenu(const QModelIndex& cell) {
 }  // namespace
 
 void XMLViewController::buildTable() {
-  m_xmlTableView.setModel(&m_found);
-  m_xmlTableView.installEventFilter(this);
-  m_xmlTableView.setCornerButtonEnabled(false);
-  QHeaderView* numbers = m_xmlTableView.verticalHeader();
+  m_view.xmlTableView.setModel(&m_found);
+  m_view.xmlTableView.installEventFilter(this);
+  m_view.xmlTableView.setCornerButtonEnabled(false);
+  QHeaderView* numbers = m_view.xmlTableView.verticalHeader();
   // One height for all, so that a long table opens as fast as a short one.
   numbers->setSectionResizeMode(QHeaderView::Fixed);
   numbers->setDefaultAlignment(Qt::AlignCenter);  // at their right end they would touch the addresses
   numbers->setHighlightSections(false);
-  QHeaderView* header = m_xmlTableView.horizontalHeader();
+  QHeaderView* header = m_view.xmlTableView.horizontalHeader();
   header->setHighlightSections(false);
   // A third click on a heading leads back to the order of the sitemap.
   header->setSortIndicatorClearable(true);
   header->setSortIndicator(-1, Qt::AscendingOrder);
-  m_xmlTableView.setSortingEnabled(true);
+  m_view.xmlTableView.setSortingEnabled(true);
   header->setSectionResizeMode(static_cast<int>(Field::loc), QHeaderView::Stretch);
-  const int character = m_xmlTableView.fontMetrics().averageCharWidth();
+  const int character = m_view.xmlTableView.fontMetrics().averageCharWidth();
   numbers->setMinimumWidth(character * 4);
   header->resizeSection(static_cast<int>(Field::lastmod), character * 17);
   header->resizeSection(kFrequencyColumn, character * 22);
   header->resizeSection(kPriorityColumn, character * 14);
-  connect(m_xmlTableView.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+  connect(m_view.xmlTableView.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &XMLViewController::enableCommands);
 }
 
 void XMLViewController::buildCells() {
-  m_xmlTableView.setItemDelegate(new TextCell(&m_xmlTableView));
+  m_view.xmlTableView.setItemDelegate(new TextCell(&m_view.xmlTableView));
   const auto popUpCell = [this](const char* name, int column) {
-    auto* cell = new PopUpCell(&m_xmlTableView);
+    auto* cell = new PopUpCell(&m_view.xmlTableView);
     cell->setObjectName(QLatin1String(name));
-    m_xmlTableView.setItemDelegateForColumn(column, cell);
+    m_view.xmlTableView.setItemDelegateForColumn(column, cell);
     connect(cell, &PopUpCell::menuWanted, this, &XMLViewController::popUpMenu);
   };
   popUpCell("cfPopCell", kFrequencyColumn);
@@ -71,8 +66,8 @@ void XMLViewController::buildCells() {
 }
 
 void XMLViewController::buildMenus() {
-  fillMenu(m_chFreqMenu, Field::changefreq);
-  fillMenu(m_prMenu, Field::priority);
+  fillMenu(m_view.chFreqMenu, Field::changefreq);
+  fillMenu(m_view.prMenu, Field::priority);
 }
 
 void XMLViewController::fillMenu(QMenu& menu, Field field) {
@@ -94,23 +89,23 @@ void XMLViewController::fillMenu(QMenu& menu, Field field) {
 }
 
 void XMLViewController::buildContextMenu() {
-  auto& edit = control<QAction>(m_mainWindow, "editEntryMI");
-  auto& remove = control<QAction>(m_mainWindow, "delLinkMI");
+  QAction& edit = m_view.editEntryMI;
+  QAction& remove = m_view.delLinkMI;
   // These keys belong to the table alone: elsewhere they mean something else.
   edit.setShortcut(Qt::Key_F2);
   edit.setShortcutContext(Qt::WidgetShortcut);
   remove.setShortcut(QKeySequence::Delete);
   remove.setShortcutContext(Qt::WidgetShortcut);
-  auto* copy = new QAction(tr("&Copy Address"), &m_xmlTableView);
+  auto* copy = new QAction(tr("&Copy Address"), &m_view.xmlTableView);
   copy->setObjectName(QStringLiteral("copySelection"));  // what the Edit menu's Copy does here
-  auto* open = new QAction(tr("&Open in Browser"), &m_xmlTableView);
+  auto* open = new QAction(tr("&Open in Browser"), &m_view.xmlTableView);
   open->setObjectName(QStringLiteral("openSelection"));
-  auto* first = new QAction(&m_xmlTableView);
-  auto* second = new QAction(&m_xmlTableView);
+  auto* first = new QAction(&m_view.xmlTableView);
+  auto* second = new QAction(&m_view.xmlTableView);
   first->setSeparator(true);
   second->setSeparator(true);
-  m_xmlTableView.addActions(
-      {&edit, m_chFreqMenu.menuAction(), m_prMenu.menuAction(), first, copy, open, second, &remove});
+  m_view.xmlTableView.addActions({&edit, m_view.chFreqMenu.menuAction(), m_view.prMenu.menuAction(), first,
+                                  copy, open, second, &remove});
   connect(&edit, &QAction::triggered, this, &XMLViewController::editCell);
   connect(&remove, &QAction::triggered, this, &XMLViewController::delLinkAction);
   connect(copy, &QAction::triggered, this, [this] {
@@ -129,21 +124,21 @@ void XMLViewController::markChosen(QActionGroup& group, Field field) const {
 }
 
 void XMLViewController::editCell() {
-  const QModelIndex cell = m_xmlTableView.currentIndex();
+  const QModelIndex cell = m_view.xmlTableView.currentIndex();
   if (!cell.isValid()) return;
-  m_xmlTableView.scrollTo(cell);
+  m_view.xmlTableView.scrollTo(cell);
   if (hasMenu(cell)) {
     popUpMenu(cell);
   } else {
-    m_xmlTableView.edit(cell);
+    m_view.xmlTableView.edit(cell);
   }
 }
 
 void XMLViewController::popUpMenu(const QModelIndex& cell) {
-  m_xmlTableView.setCurrentIndex(cell);
-  QMenu& menu = cell.column() == kFrequencyColumn ? m_chFreqMenu : m_prMenu;
-  const QRect place = m_xmlTableView.visualRect(cell);
-  menu.popup(m_xmlTableView.viewport()->mapToGlobal(place.bottomLeft()));
+  m_view.xmlTableView.setCurrentIndex(cell);
+  QMenu& menu = cell.column() == kFrequencyColumn ? m_view.chFreqMenu : m_view.prMenu;
+  const QRect place = m_view.xmlTableView.visualRect(cell);
+  menu.popup(m_view.xmlTableView.viewport()->mapToGlobal(place.bottomLeft()));
   for (QAction* action : menu.actions()) {
     if (action->isChecked()) menu.setActiveAction(action);
   }
@@ -155,7 +150,7 @@ bool XMLViewController::eventFilter(QObject* watched, QEvent* event) {
   const bool opens = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter ||
                      key->key() == Qt::Key_Space ||
                      (key->key() == Qt::Key_Down && key->modifiers().testFlag(Qt::AltModifier));
-  const QModelIndex cell = m_xmlTableView.currentIndex();
+  const QModelIndex cell = m_view.xmlTableView.currentIndex();
   if (!opens || !hasMenu(cell)) return QObject::eventFilter(watched, event);
   editCell();
   return true;

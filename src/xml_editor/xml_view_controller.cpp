@@ -1,17 +1,9 @@
 #include "xml_editor/xml_view_controller.h"
 
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
-#include <QMenu>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QStackedWidget>
-#include <QTableView>
 #include <algorithm>
 
-#include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "sitemaps/xml_format.h"
 #include "store/site_list.h"
@@ -19,7 +11,6 @@
 
 namespace xml_editor {
 
-using platform::control;
 using platform::toQString;
 using platform::toUtf8;
 
@@ -48,41 +39,34 @@ XMLViewController::XMLViewController(QMainWindow& mainWindow, platform::SheetQue
       m_controls(controls),
       m_state(state),
       m_found(m_model),
-      m_xmlTableView(control<QTableView>(mainWindow, "xmlTableView")),
-      m_chFreqMenu(control<QMenu>(mainWindow, "chFreqMenu")),
-      m_prMenu(control<QMenu>(mainWindow, "prMenu")),
+      m_view{mainWindow},
       m_findings(mainWindow) {
   buildTable();
   buildCells();
   buildMenus();
   buildContextMenu();
   connectCommands();
-  control<QLabel>(mainWindow, "xmlNotice").hide();
+  m_view.xmlNotice.hide();
   enableCommands();
 }
 
 void XMLViewController::connectCommands() {
-  const auto onClick = [this](const char* name, auto slot) {
-    connect(&control<QPushButton>(m_mainWindow, name), &QPushButton::clicked, this, slot);
-  };
-  onClick("delLinkButton", [this] { delLinkAction(); });
-  onClick("validateXmlButton", [this] { validate(); });
-  onClick("xmlScanButton", [this] {
-    control<QAction>(m_mainWindow, "scanTBI").trigger();
-    if (!m_state.qzvskCurSite.empty()) control<QAction>(m_mainWindow, "scanMI").trigger();
+  connect(&m_view.delLinkButton, &QPushButton::clicked, this, &XMLViewController::delLinkAction);
+  connect(&m_view.validateXmlButton, &QPushButton::clicked, this, &XMLViewController::validate);
+  connect(&m_view.xmlScanButton, &QPushButton::clicked, this, [this] {
+    m_view.scanTBI.trigger();
+    if (!m_state.qzvskCurSite.empty()) m_view.scanMI.trigger();
   });
-  connect(&control<QAction>(m_mainWindow, "validateXmlMI"), &QAction::triggered, this,
-          &XMLViewController::validate);
-  connect(&control<QLineEdit>(m_mainWindow, "xmlSearch"), &QLineEdit::textChanged, this,
-          &XMLViewController::search);
-  connect(&control<QAction>(m_mainWindow, "findSiteMI"), &QAction::triggered, this, [this] {
-    if (m_state.qzvskCurrentView == kXmlView) control<QLineEdit>(m_mainWindow, "xmlSearch").setFocus();
+  connect(&m_view.validateXmlMI, &QAction::triggered, this, &XMLViewController::validate);
+  connect(&m_view.xmlSearch, &QLineEdit::textChanged, this, &XMLViewController::search);
+  connect(&m_view.findSiteMI, &QAction::triggered, this, [this] {
+    if (m_state.qzvskCurrentView == kXmlView) m_view.xmlSearch.setFocus();
   });
   // A sheet that came up while a cell's editor is at work would take the focus from it, and be asked for
   // again.
   connect(&m_model, &XmlTableModel::notSaved, this, &XMLViewController::tell, Qt::QueuedConnection);
   connect(&m_model, &XmlTableModel::saved, this, [this] {
-    control<QLabel>(m_mainWindow, "xmlNotice").hide();
+    m_view.xmlNotice.hide();
     showCount();
     m_findings.validateSoonAgain();
     emit report(tr("Saved %1").arg(toQString(sitemaps::kXmlSitemapFile)));
@@ -94,7 +78,7 @@ void XMLViewController::viewTBIAction(int number) {
   if (number != kXmlView) return enableCommands();
   m_mainWindow.setWindowTitle(toQString(m_state.qzvskWinTit));
   createTableContent();
-  m_xmlTableView.setFocus();
+  m_view.xmlTableView.setFocus();
 }
 
 void XMLViewController::siteChanged() {
@@ -105,7 +89,7 @@ void XMLViewController::createTableContent() {
   m_findings.close();
   const auto file = m_controls.siteFolder(m_state.qzvskCurSite) / sitemaps::kXmlSitemapFile;
   // What was searched for in one site means nothing in the next.
-  if (m_model.sitemap().file() != file) control<QLineEdit>(m_mainWindow, "xmlSearch").clear();
+  if (m_model.sitemap().file() != file) m_view.xmlSearch.clear();
   if (m_state.qzvskCurSite.empty()) {
     m_model.clear();
     showEmpty(tr("Select a site to see its XML sitemap."));
@@ -124,23 +108,20 @@ void XMLViewController::showOutcome(const platform::FileResult& loaded) {
     return showEmpty(tr("The XML sitemap of %1 cannot be read: %2").arg(site, toQString(loaded.error)));
   }
   if (m_model.rowCount() == 0) return showEmpty(tr("The XML sitemap of %1 has no entries.").arg(site));
-  control<QStackedWidget>(m_mainWindow, "xmlArea")
-      .setCurrentWidget(&control<QWidget>(m_mainWindow, "xmlTablePage"));
-  auto& notice = control<QLabel>(m_mainWindow, "xmlNotice");
-  notice.setText(tr("This sitemap holds elements that Veskel does not edit. The first change drops them."));
-  notice.setVisible(m_model.sitemap().otherElements());
+  m_view.xmlArea.setCurrentWidget(&m_view.xmlTablePage);
+  m_view.xmlNotice.setText(
+      tr("This sitemap holds elements that Veskel does not edit. The first change drops them."));
+  m_view.xmlNotice.setVisible(m_model.sitemap().otherElements());
   showCount();
 }
 
 void XMLViewController::showEmpty(const QString& why) {
-  control<QLabel>(m_mainWindow, "xmlEmptyHint").setText(why);
-  auto& scan = control<QPushButton>(m_mainWindow, "xmlScanButton");
+  m_view.xmlEmptyHint.setText(why);
   const bool hasSite = !m_state.qzvskCurSite.empty();
-  scan.setText(hasSite ? tr("S&can Site") : tr("Si&tes"));
-  scan.setAccessibleName(hasSite ? tr("Scan Site") : tr("Sites"));
-  control<QPushButton>(m_mainWindow, "xmlWindowViewFolder").setVisible(hasSite);
-  control<QStackedWidget>(m_mainWindow, "xmlArea")
-      .setCurrentWidget(&control<QWidget>(m_mainWindow, "xmlEmptyPage"));
+  m_view.xmlScanButton.setText(hasSite ? tr("S&can Site") : tr("Si&tes"));
+  m_view.xmlScanButton.setAccessibleName(hasSite ? tr("Scan Site") : tr("Sites"));
+  m_view.xmlWindowViewFolder.setVisible(hasSite);
+  m_view.xmlArea.setCurrentWidget(&m_view.xmlEmptyPage);
 }
 
 void XMLViewController::showCount() {
@@ -150,16 +131,16 @@ void XMLViewController::showCount() {
   if (m_found.searches()) {
     text = found == 0 ? tr("Not found in %1").arg(text) : tr("%1 of %2").arg(countText(found), text);
   }
-  control<QLabel>(m_mainWindow, "xmlCount").setText(text);
+  m_view.xmlCount.setText(text);
 }
 
 /// When the search hides the selected entry none is selected.
 void XMLViewController::search(const QString& text) {
-  const QModelIndex selected = m_model.index(selectedRow(), m_xmlTableView.currentIndex().column());
+  const QModelIndex selected = m_model.index(selectedRow(), m_view.xmlTableView.currentIndex().column());
   m_found.search(text);
   const QModelIndex shown = m_found.mapFromSource(selected);
-  m_xmlTableView.setCurrentIndex(shown);
-  if (shown.isValid()) m_xmlTableView.scrollTo(shown);
+  m_view.xmlTableView.setCurrentIndex(shown);
+  if (shown.isValid()) m_view.xmlTableView.scrollTo(shown);
   enableCommands();
   showCount();
 }
@@ -167,14 +148,10 @@ void XMLViewController::search(const QString& text) {
 void XMLViewController::enableCommands() {
   const bool shown = m_state.qzvskCurrentView == kXmlView;
   const bool selected = shown && selectedRow() >= 0;
-  for (const char* name : {"editEntryMI", "delLinkMI"}) {
-    control<QAction>(m_mainWindow, name).setEnabled(selected);
-  }
-  for (QAction* action : m_xmlTableView.actions()) action->setEnabled(selected);
-  auto& remove = control<QPushButton>(m_mainWindow, "delLinkButton");
-  remove.setEnabled(selected);
-  remove.setToolTip(selected ? tr("Delete the selected entry") : tr("Select an entry first"));
-  control<QAction>(m_mainWindow, "validateXmlMI").setEnabled(shown && m_model.rowCount() > 0);
+  for (QAction* action : m_view.xmlTableView.actions()) action->setEnabled(selected);
+  m_view.delLinkButton.setEnabled(selected);
+  m_view.delLinkButton.setToolTip(selected ? tr("Delete the selected entry") : tr("Select an entry first"));
+  m_view.validateXmlMI.setEnabled(shown && m_model.rowCount() > 0);
 }
 
 void XMLViewController::cfMenuChangeUpdates(std::string_view value) {
@@ -197,16 +174,16 @@ void XMLViewController::delLinkAction() {
 void XMLViewController::deleteSelected() {
   const int row = selectedRow();
   if (row < 0) return;
-  const QModelIndex cell = m_xmlTableView.currentIndex();
-  const int scrolled = m_xmlTableView.verticalScrollBar()->value();
+  const QModelIndex cell = m_view.xmlTableView.currentIndex();
+  const int scrolled = m_view.xmlTableView.verticalScrollBar()->value();
   m_model.remove(row);
   if (m_model.rowCount() == 0) {
     showEmpty(tr("The XML sitemap of %1 has no entries.").arg(toQString(m_state.qzvskCurSite)));
     m_findings.close();
   }
-  m_xmlTableView.verticalScrollBar()->setValue(scrolled);
+  m_view.xmlTableView.verticalScrollBar()->setValue(scrolled);
   const int next = std::min(cell.row(), m_found.rowCount() - 1);
-  if (next >= 0) m_xmlTableView.setCurrentIndex(m_found.index(next, cell.column()));
+  if (next >= 0) m_view.xmlTableView.setCurrentIndex(m_found.index(next, cell.column()));
   enableCommands();
 }
 
@@ -229,16 +206,16 @@ void XMLViewController::tell(const Change& change) {
 void XMLViewController::selectRow(int row, int column) {
   const QModelIndex cell = m_model.index(row, column);
   if (!cell.isValid()) return;
-  if (!m_found.mapFromSource(cell).isValid()) control<QLineEdit>(m_mainWindow, "xmlSearch").clear();
+  if (!m_found.mapFromSource(cell).isValid()) m_view.xmlSearch.clear();
   const QModelIndex shown = m_found.mapFromSource(cell);
-  m_xmlTableView.setCurrentIndex(shown);
-  m_xmlTableView.scrollTo(shown, QAbstractItemView::PositionAtCenter);
-  m_xmlTableView.setFocus();
+  m_view.xmlTableView.setCurrentIndex(shown);
+  m_view.xmlTableView.scrollTo(shown, QAbstractItemView::PositionAtCenter);
+  m_view.xmlTableView.setFocus();
 }
 
 /// Of the sitemap, not of the table, which may show a part of it; -1 for none.
 int XMLViewController::selectedRow() const {
-  const QModelIndexList rows = m_xmlTableView.selectionModel()->selectedRows();
+  const QModelIndexList rows = m_view.xmlTableView.selectionModel()->selectedRows();
   return rows.isEmpty() ? -1 : m_found.mapToSource(rows.first()).row();
 }
 

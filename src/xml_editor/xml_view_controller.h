@@ -11,10 +11,9 @@
 #include "xml_editor/findings_panel.h"
 #include "xml_editor/found_rows.h"
 #include "xml_editor/xml_table_model.h"
+#include "xml_editor/xml_view_controls.h"
 
 class QActionGroup;
-class QMenu;
-class QTableView;
 
 namespace xml_editor {
 
@@ -64,7 +63,6 @@ class XMLViewController : public QObject {
 
   // xml_view_controller.cpp
   void connectCommands();
-
   void showOutcome(const platform::FileResult& loaded);
   void showEmpty(const QString& why);
   void showCount();
@@ -84,9 +82,7 @@ class XMLViewController : public QObject {
   store::SharedState& m_state;
   XmlTableModel m_model;
   FoundRows m_found;
-  QTableView& m_xmlTableView;
-  QMenu& m_chFreqMenu;
-  QMenu& m_prMenu;
+  XmlViewControls m_view;
   FindingsPanel m_findings;
 };
 
