@@ -29,6 +29,7 @@ FetchedPage visitPage(platform::HttpClient& client, std::string_view url, std::s
   page.failure = answer.failure;
   page.status = answer.status;
   page.mime = platform::mimeType(answer.contentType);
+  page.lastModified = std::move(answer.lastModified);
   page.hasContent = !answer.body.empty();
   page.fingerprint = std::hash<std::string>{}(answer.body);
   page.contents = readBody(answer, stop);
@@ -45,14 +46,6 @@ std::string askLastModified(platform::HttpClient& client, std::string_view url, 
   const platform::HttpRequest request{
       .url = std::string(url), .method = platform::HttpMethod::head, .timeout = kLastModifiedTimeout};
   return client.fetch(request, stop).lastModified;
-}
-
-std::shared_ptr<const FetchedPage> DirectPages::page(std::string_view url, std::stop_token stop) {
-  return std::make_shared<const FetchedPage>(visitPage(m_client, url, stop));
-}
-
-std::string DirectPages::lastModified(std::string_view url, std::stop_token stop) {
-  return askLastModified(m_client, url, stop);
 }
 
 }  // namespace crawler

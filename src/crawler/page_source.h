@@ -17,6 +17,7 @@ struct FetchedPage {
   platform::FetchFailure failure = platform::FetchFailure::none;
   int status = 0;                 // HTTP status, 0 when no answer came
   std::string mime = {};          // lower case, without parameters; empty when not told
+  std::string lastModified = {};  // header value as sent, empty when there was none
   bool hasContent = false;        // a body came, if need be when asked for once more
   std::uint64_t fingerprint = 0;  // the same for the same body
   PageContents contents = {};
@@ -41,8 +42,9 @@ class PageSource {
   /// Visits an address: blocks until an answer, a failure or a stop. Never null.
   virtual std::shared_ptr<const FetchedPage> page(std::string_view url, std::stop_token stop) = 0;
 
-  /// The Last-Modified header of a page that was visited, empty when the server does not tell within 10
-  /// seconds.
+  /// The Last-Modified header of the page visited last. The server is asked for it only where the page came
+  /// without one, since a HEAD is answered with the header fields of a GET (RFC 9110, section 9.3.2); empty
+  /// when it does not tell within 10 seconds.
   virtual std::string lastModified(std::string_view url, std::stop_token stop) = 0;
 };
 
@@ -55,18 +57,5 @@ FetchedPage visitPage(platform::HttpClient& client, std::string_view url, std::s
 
 /// Asks a server when a page was last modified.
 std::string askLastModified(platform::HttpClient& client, std::string_view url, std::stop_token stop);
-
-/// Visits one page after the other, each when it is asked for.
-class DirectPages : public PageSource {
- public:
-  explicit DirectPages(platform::HttpClient& client) : m_client(client) {}
-
-  void expect(std::string_view) override {}
-  std::shared_ptr<const FetchedPage> page(std::string_view url, std::stop_token stop) override;
-  std::string lastModified(std::string_view url, std::stop_token stop) override;
-
- private:
-  platform::HttpClient& m_client;
-};
 
 }  // namespace crawler

@@ -144,7 +144,10 @@ void ReadAheadPages::visit(const DocumentPointer& document, std::unique_lock<std
   document->waits = true;
   m_bytesWaiting += document->bytes;
   document->visit = Task::done;
-  if (wantsDate(*page)) document->date = Task::running;
+  if (wantsDate(*page)) {
+    document->lastModified = page->lastModified;
+    document->date = page->lastModified.empty() ? Task::running : Task::done;
+  }
   tellReady(*document, lock);
 }
 

@@ -30,7 +30,7 @@ struct ReadAheadLimits {
 };
 
 /// Visits coming pages over several connections at once, in the order in which they were announced, each on
-/// one of its own threads, which reads it too and asks for its date. What page() gives for an address is what
+/// one of its own threads, which reads it too and asks for its date where it came without. What page() gives for an address is what
 /// a visit at that moment would give, however many connections there are. Addresses that differ only in their
 /// fragment share one visit as long as that is remembered. Nothing is fetched past an address that raises the
 /// looping warning until the crawl goes on behind it.
@@ -51,7 +51,7 @@ class ReadAheadPages : public PageSource {
   struct Document {
     std::string address;  // without a fragment
     Task visit = Task::open;
-    Task date = Task::open;   // asked for only where the page is good
+    Task date = Task::open;   // asked for only where the page is good and came without
     bool onlyInTurn = false;  // too large to be fetched ahead
     std::shared_ptr<const FetchedPage> page = nullptr;
     std::string lastModified = {};

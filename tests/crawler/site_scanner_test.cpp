@@ -92,13 +92,14 @@ TEST(Scan, AppliesTheRulesToAWholeSite) {
   }
 }
 
-TEST(Scan, AsksOnceForAPageAndForTheDateOfAGoodOne) {
+TEST(Scan, AsksOnceForAPageAndForADateThatAGoodOneLacks) {
   const SiteServer server(oddSite());
   ScanRun run(server.url());
   run.scan();
   EXPECT_EQ(server.timesAsked("GET /latin.html"), 1);
   EXPECT_EQ(server.timesAsked("HEAD /latin.html"), 1);
   EXPECT_EQ(server.timesAsked("GET /gone.html"), 1);
+  EXPECT_EQ(server.timesAsked("HEAD /a.html"), 0);
   EXPECT_EQ(server.timesAsked("HEAD /gone.html"), 0);
   EXPECT_EQ(server.timesAsked("HEAD /listing/"), 0);
   EXPECT_EQ(server.timesAsked("GET /hollow.html"), 2);  // an empty page is asked for once more
