@@ -37,28 +37,5 @@ TEST(PageEntry, LetsNeitherAddressNorTitleOutOfTheirPlaces) {
             "\"&lt;script>&amp;lt;&lt;!-- LINKID: 5 --><!-- LINKID: 7 --></a></div>");
 }
 
-TEST(WrapCell, OpensAndClosesRows) {
-  struct Case {
-    int columns;
-    int before;
-    const char* text;
-    int after;
-  };
-  const Case cases[] = {
-      {1, 0, "\nB\n<div class=\"clearer\">&nbsp;</div>", 0},
-      {2, 0, "\n\t<tr valign=\"top\">\n\t\t<td>B\n\t\t</td>\n\t\t<td>", 1},
-      {2, 1, "B\n\t\t</td>\n\t</tr>", 0},
-      {3, 0, "\n\t<tr valign=\"top\">\n\t\t<td>B\n\t\t</td>\n\t\t<td>", 1},
-      {3, 1, "B\n\t\t</td>\n\t\t<td>", 2},
-      {3, 2, "B\n\t\t</td>\n\t</tr>", 0},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.columns << " columns, " << c.before << " before");
-    const Cell cell = wrapCell("B", c.columns, c.before);
-    EXPECT_EQ(cell.text, c.text);
-    EXPECT_EQ(cell.cellsInRow, c.after);
-  }
-}
-
 }  // namespace
 }  // namespace sitemaps

@@ -1,20 +1,18 @@
 #include "sitemaps/split_sitemaps.h"
 
-#include <fstream>
-
 #include <gmock/gmock.h>
-#include <zlib.h>
 
+#include "platform/gzip.h"
+#include "site_folder_test.h"
 #include "sitemaps/site_export.h"
 #include "sitemaps/xml_format.h"
 #include "store/site_record.h"
-#include "support/temp_folder.h"
 
 namespace sitemaps {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::HasSubstr;
 
 std::string sitemapOf(std::size_t pages) {
   std::string text(kXmlHeader);
@@ -29,18 +27,12 @@ TEST(SitemapEntries, AreFoundInOddTexts) {
     std::vector<std::string_view> entries;
   };
   const Case cases[] = {
-      {"none", "<urlset></urlset>", {}},
-      {"nothing", "", {}},
       {"attributes and blanks",
        "<url\n a='1'>x</url ><url>y</url\t>",
        {"<url\n a='1'>x</url >", "<url>y</url\t>"}},
-      {"longer names", "<urls>x</urls><url>y</url>", {"<url>y</url>"}},
       {"in a comment", "<!-- <url>x</url> --><url>y</url>", {"<url>y</url>"}},
       {"a comment in an entry", "<url>a<!-- </url> --></url>", {"<url>a<!-- </url> --></url>"}},
-      {"a section of characters", "<url><![CDATA[</url>]]></url>", {"<url><![CDATA[</url>]]></url>"}},
-      {"cut off", "<url>x</url><url>y</ur", {"<url>x</url>"}},
       {"cut off in the last tag", "<url>x</url", {}},
-      {"cut off in a comment", "<url>x</url><!-- <url>y</url>", {"<url>x</url>"}},
       {"an entry that was not closed", "<url>x<url>y</url>", {"<url>y</url>"}},
       {"a closing tag too many", "</url><url>y</url></url>", {"<url>y</url>"}},
       {"stray brackets", "<<url><></url><", {"<url><></url>"}},
@@ -66,26 +58,19 @@ TEST(SplitSitemap, KeepsToBothLimits) {
     return counts;
   };
   EXPECT_THAT(sizes({5, 1'000'000}), ElementsAre(5u));
-  EXPECT_THAT(sizes({4, 1'000'000}), ElementsAre(4u, 1u));
   EXPECT_THAT(sizes({2, 1'000'000}), ElementsAre(2u, 2u, 1u));
   EXPECT_THAT(sizes({5, frame + 5 * entryBytes}), ElementsAre(5u));
   EXPECT_THAT(sizes({5, frame + 5 * entryBytes - 1}), ElementsAre(4u, 1u));
-  EXPECT_THAT(sizes({3, frame + 2 * entryBytes}), ElementsAre(2u, 2u, 1u));
-  EXPECT_THAT(sizes({5, frame + entryBytes - 1}),
-              ElementsAre(1u, 1u, 1u, 1u, 1u));  // each too large by itself
+  EXPECT_THAT(sizes({5, frame}), ElementsAre(1u, 1u, 1u, 1u, 1u));  // each too large by itself
   EXPECT_EQ(SplitSitemap(sitemapOf(0)).partCount(), 0u);
   EXPECT_EQ(SplitSitemap(whole).part(0), whole);
 }
 
 TEST(SplitSitemap, SharesOutAtTheProtocolsLimit) {
-  const std::string exactly = sitemapOf(50'000);
-  EXPECT_EQ(SplitSitemap(exactly).partCount(), 1u);
-  const std::string more = sitemapOf(100'001);
-  const SplitSitemap sitemap(more);
-  ASSERT_EQ(sitemap.partCount(), 3u);
-  EXPECT_EQ(sitemap.entryCount(), 100'001u);
-  EXPECT_EQ(sitemap.part(2),
-            std::string(kXmlHeader) + xmlEntry("http://h/100000", "2010-06-15") + std::string(kXmlClosing));
+  std::string entries;
+  for (int i = 0; i < 50'000; ++i) entries += "<url></url>";
+  EXPECT_EQ(SplitSitemap(entries).partCount(), 1u);
+  EXPECT_EQ(SplitSitemap(entries + "<url></url>").partCount(), 2u);
 }
 
 TEST(SplitSitemap, KeepsWhatTheDocumentDeclares) {
@@ -98,17 +83,13 @@ TEST(SplitSitemap, KeepsWhatTheDocumentDeclares) {
 }
 
 TEST(SitemapIndex, NamesTheFilesWhereTheSiteStarts) {
-  const auto first = [](const char* url, Compression compression) {
-    const std::string index = sitemapIndex(url, 1, compression);
-    const std::size_t start = index.find("<loc>") + 5;
-    return index.substr(start, index.find("</loc>") - start);
+  const std::pair<const char*, const char*> cases[] = {
+      {"http://h", "<loc>http://h/sitemap-1.xml</loc>"},
+      {"http://h/a/?x=/b/", "<loc>http://h/a/sitemap-1.xml</loc>"},
+      {"http://h/a&b/", "<loc>http://h/a&amp;b/sitemap-1.xml</loc>"},
   };
-  EXPECT_EQ(first("http://h/", Compression::none), "http://h/sitemap-1.xml");
-  EXPECT_EQ(first("http://h/", Compression::gzip), "http://h/sitemap-1.xml.gz");
-  EXPECT_EQ(first("http://h/a/b.html", Compression::none), "http://h/a/sitemap-1.xml");
-  EXPECT_EQ(first("http://h", Compression::none), "http://h/sitemap-1.xml");
-  EXPECT_EQ(first("http://h/a/?x=/b/", Compression::none), "http://h/a/sitemap-1.xml");
-  EXPECT_EQ(first("http://h/a&b/", Compression::none), "http://h/a&amp;b/sitemap-1.xml");
+  for (const auto& [url, loc] : cases) EXPECT_THAT(sitemapIndex(url, 1, Compression::none), HasSubstr(loc));
+  EXPECT_THAT(sitemapIndex("http://h/", 1, Compression::gzip), HasSubstr("sitemap-1.xml.gz</loc>"));
   EXPECT_EQ(sitemapIndex("http://h/", 2, Compression::none),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
             "<sitemapindex xmlns=\"http://www.sitemaps.org/schemas/sitemap/0.9\">"
@@ -116,28 +97,7 @@ TEST(SitemapIndex, NamesTheFilesWhereTheSiteStarts) {
             "\n\t<sitemap>\n\t\t<loc>http://h/sitemap-2.xml</loc>\n\t</sitemap>\n</sitemapindex>\n");
 }
 
-std::string inflated(const std::filesystem::path& file) {
-  const gzFile stream = gzopen(file.c_str(), "rb");
-  std::string text(1 << 20, '\0');
-  const int length = gzread(stream, text.data(), static_cast<unsigned>(text.size()));
-  EXPECT_EQ(gzclose(stream), Z_OK);
-  text.resize(static_cast<std::size_t>(std::max(0, length)));
-  return text;
-}
-
-class SiteExportTest : public testing::Test {
- protected:
-  SiteExportTest() { std::filesystem::create_directories(folder()); }
-
-  std::filesystem::path folder() const { return m_controls.siteFolder("S"); }
-  void write(const std::string& name, const std::string& text) const {
-    std::ofstream(folder() / name, std::ios::binary) << text;
-  }
-  std::string read(const std::string& name) const { return platform::readFile(folder() / name).text; }
-
-  support::TempFolder m_home;
-  store::GlobalControls m_controls{m_home.path()};
-};
+using SiteExportTest = SiteFolderTest;
 
 TEST_F(SiteExportTest, WritesTheFilesThenTheIndex) {
   const std::string whole = sitemapOf(3);
@@ -145,12 +105,9 @@ TEST_F(SiteExportTest, WritesTheFilesThenTheIndex) {
   const SplitResult written = writeSplit(sitemap, "http://h/", Compression::gzip, folder());
   ASSERT_TRUE(written.result.ok());
   EXPECT_EQ(platform::filesBelow(folder()), splitFileNames(2, Compression::gzip));
-  EXPECT_EQ(inflated(folder() / "sitemap-1.xml.gz"), sitemap.part(0));
-  EXPECT_EQ(inflated(folder() / "sitemap-2.xml.gz"), sitemap.part(1));
+  EXPECT_EQ(platform::gunzipped(read("sitemap-1.xml.gz"), 10'000).text, sitemap.part(0));
+  EXPECT_EQ(platform::gunzipped(read("sitemap-2.xml.gz"), 10'000).text, sitemap.part(1));
   EXPECT_EQ(read("sitemap-index.xml"), sitemapIndex("http://h/", 2, Compression::gzip));
-  const std::string before = read("sitemap-1.xml.gz");
-  ASSERT_TRUE(writeSplit(sitemap, "http://h/", Compression::gzip, folder()).result.ok());
-  EXPECT_EQ(read("sitemap-1.xml.gz"), before);  // no time of writing is in it
 }
 
 TEST_F(SiteExportTest, NoIndexOfFilesThatAreNotThere) {
@@ -165,35 +122,23 @@ TEST_F(SiteExportTest, NoIndexOfFilesThatAreNotThere) {
 
 TEST_F(SiteExportTest, TellsWhyADocumentCannotBeUsed) {
   const Layout& layout = *layoutNamed("2cpo");
-  EXPECT_EQ(exportedHtml(m_controls, "S", layout).failure, ExportFailure::missing);
-  EXPECT_EQ(exportedHtml(m_controls, "T", layout).failure, ExportFailure::missing);
-  struct Case {
-    const char* name;
-    std::string text;
-    ExportFailure failure;
-  };
-  const Case cases[] = {
-      {"empty", "", ExportFailure::none},
-      {"characters of every length", "a\xC2\x80\xE0\xA0\x80\xF4\x8F\xBF\xBF", ExportFailure::none},
-      {"a stray byte", "a\xFFz", ExportFailure::unusable},
-      {"an overlong form", "\xC0\x80", ExportFailure::unusable},
-      {"a surrogate", "\xED\xA0\x80", ExportFailure::unusable},
-      {"beyond the last character", "\xF4\x90\x80\x80", ExportFailure::unusable},
-      {"cut off at the end", "a\xE2\x82", ExportFailure::unusable},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    write("sitemap2cpo.html", c.text);
-    write("sitemap.xml", c.text);
+  const auto expectFailure = [&](ExportFailure failure) {
     for (const ExportedDocument& document :
          {exportedHtml(m_controls, "S", layout), exportedXml(m_controls, "S")}) {
-      EXPECT_EQ(document.failure, c.failure);
-      EXPECT_EQ(document.reason.empty(), c.failure == ExportFailure::none);
-      EXPECT_TRUE(c.failure == ExportFailure::none || document.text.empty());
+      EXPECT_EQ(document.failure, failure);
+      EXPECT_EQ(document.reason.empty(), failure == ExportFailure::none);
+      EXPECT_TRUE(failure == ExportFailure::none || document.text.empty());
     }
+  };
+  expectFailure(ExportFailure::missing);
+  for (const char* text : {"", "a\xE2\x82\xACz", "a\xFFz"}) {
+    SCOPED_TRACE(text);
+    write("sitemap2cpo.html", text);
+    write("sitemap.xml", text);
+    expectFailure(std::string_view(text) == "a\xFFz" ? ExportFailure::unusable : ExportFailure::none);
   }
   const platform::FolderLock lock(folder());
-  EXPECT_EQ(exportedHtml(m_controls, "S", layout).failure, ExportFailure::busy);
+  expectFailure(ExportFailure::busy);
 }
 
 TEST_F(SiteExportTest, LargeSitesWantSplitting) {
