@@ -42,21 +42,27 @@ SitemapText sitemapText(const std::vector<std::string>& rows) {
   return {std::move(text), std::nullopt};
 }
 
-platform::FileResult XmlSitemap::load(const std::filesystem::path& file) {
-  clear();
+Contents XmlSitemap::load(const std::filesystem::path& file) {
   m_file = file;
-  const platform::FileContent content = platform::readFile(file);
+  const platform::FileContent content = file.empty() ? platform::FileContent() : platform::readFile(file);
+  m_read = content.result;
   m_fingerprint = fingerprint(content.text);
   sitemaps::SitemapRows read = sitemaps::readSitemap(content.text);
   m_rows = std::move(read.rows);
   m_otherElements = read.otherElements;
-  return content.result;
+  return contents();
 }
 
-void XmlSitemap::clear() {
-  m_file.clear();
-  m_rows.clear();
-  m_otherElements = false;
+Contents XmlSitemap::contents() const {
+  if (m_file.empty()) return Contents::none;
+  if (m_read.status == platform::FileStatus::missing) return Contents::missing;
+  if (!m_read.ok()) return Contents::unreadable;
+  return m_rows.empty() ? Contents::noEntries : Contents::entries;
+}
+
+bool XmlSitemap::changedElsewhere() const {
+  const platform::FileContent onDisk = platform::readFile(m_file);
+  return onDisk.result.ok() && fingerprint(onDisk.text) != m_fingerprint;
 }
 
 Change XmlSitemap::setValue(std::size_t row, Field field, std::string_view value, std::string_view today) {
@@ -101,10 +107,8 @@ Change XmlSitemap::updateXmlFile() {
   if (lock.result().status == platform::FileStatus::busy) {
     return {ChangeStatus::scanned, "The site is being scanned. Try again when that has finished."};
   }
-  const platform::FileContent onDisk = platform::readFile(m_file);
-  if (onDisk.result.ok() && fingerprint(onDisk.text) != m_fingerprint) {
-    return {ChangeStatus::outdated,
-            "Another program has changed the sitemap. Open the view again to see it as it is."};
+  if (changedElsewhere()) {
+    return {ChangeStatus::outdated, "Another program has changed the sitemap, so your change was not made."};
   }
   const platform::FileResult written = platform::replaceFile(m_file, sitemap.text);
   if (!written.ok()) return {ChangeStatus::failed, "The sitemap could not be saved: " + written.error};

@@ -1,4 +1,4 @@
-// The XML sitemap of a site as its editor has it: the rows, and the file that follows every change of them.
+// The XML sitemap in hand: its rows, the file that follows every change of them, and what has to be asked.
 #pragma once
 
 #include <cstddef>
@@ -39,9 +39,22 @@ enum class ChangeStatus {
   refused,     // the value is not allowed
   incomplete,  // a row lacks an element, so that nothing can be written
   scanned,     // somebody scans the site at the moment
-  outdated,    // another program has changed the file since it was loaded
+  outdated,    // somebody else has changed the file since it was loaded
   failed,      // the file could not be written
 };
+
+/// What of the file in hand there is to show.
+enum class Contents {
+  none,        // no file is in hand
+  missing,     // there is no such file
+  unreadable,  // see XmlSitemap::readError()
+  noEntries,
+  entries,
+};
+
+/// What to ask after a step. Deleting is always asked about before, since it cannot be undone; reading the
+/// file anew never, since nothing is ever unsaved.
+enum class Question { none, readAnew };
 
 /// How a change went. Unless it was saved, rows and file are as before, and `message` tells the user why.
 struct [[nodiscard]] Change {
@@ -50,14 +63,22 @@ struct [[nodiscard]] Change {
   std::size_t row = 0;  // that lacks an element
 
   bool saved() const { return status == ChangeStatus::saved; }
+  Question question() const { return status == ChangeStatus::outdated ? Question::readAnew : Question::none; }
 };
 
 /// There is no state that is not saved: each change is on disk when its call returns. One thread at a time.
 class XmlSitemap {
  public:
-  /// Reads the rows of `file` anew. Without the file (`missing`), or where it cannot be read, there are none.
-  platform::FileResult load(const std::filesystem::path& file);
-  void clear();
+  /// Takes a file in hand, or the one that is there anew; none for an empty path. Only `Contents::entries`
+  /// has rows.
+  Contents load(const std::filesystem::path& file);
+
+  Contents contents() const;
+  /// Why the file could not be read.
+  const std::string& readError() const { return m_read.error; }
+  /// Somebody else has written the file since it was loaded: no change is saved until it is loaded anew. Not
+  /// so for a file that has gone, which the next change writes again.
+  bool changedElsewhere() const;
 
   const std::vector<std::string>& rows() const { return m_rows; }
   /// Some entry of the file holds elements that no row has, and that the next change drops.
@@ -75,6 +96,7 @@ class XmlSitemap {
   Change updateXmlFile();
 
   std::filesystem::path m_file;
+  platform::FileResult m_read;  // how loading it went
   std::vector<std::string> m_rows;
   bool m_otherElements = false;
   std::size_t m_fingerprint = 0;  // of the file's text as it was last read or written

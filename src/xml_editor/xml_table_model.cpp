@@ -26,16 +26,9 @@ QString shownText(const std::string& row, Field field) {
 
 }  // namespace
 
-platform::FileResult XmlTableModel::load(const std::filesystem::path& file) {
+void XmlTableModel::load(const std::filesystem::path& file) {
   beginResetModel();
-  platform::FileResult result = m_sitemap.load(file);
-  endResetModel();
-  return result;
-}
-
-void XmlTableModel::clear() {
-  beginResetModel();
-  m_sitemap.clear();
+  m_sitemap.load(file);
   endResetModel();
 }
 

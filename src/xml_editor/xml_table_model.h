@@ -4,7 +4,6 @@
 #include <QAbstractTableModel>
 #include <filesystem>
 
-#include "platform/files.h"
 #include "xml_editor/xml_sitemap.h"
 
 namespace xml_editor {
@@ -16,9 +15,8 @@ class XmlTableModel : public QAbstractTableModel {
  public:
   static constexpr int kColumns = static_cast<int>(kFields.size());
 
-  /// Reads the entries of `file` anew.
-  platform::FileResult load(const std::filesystem::path& file);
-  void clear();
+  /// Reads the entries of `file` anew; shows none for an empty path.
+  void load(const std::filesystem::path& file);
   const XmlSitemap& sitemap() const { return m_sitemap; }
 
   /// The choice of a menu for an entry, and an entry's end. The signals tell how it went.

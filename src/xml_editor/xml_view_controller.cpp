@@ -66,9 +66,8 @@ void XMLViewController::connectCommands() {
   // again.
   connect(&m_model, &XmlTableModel::notSaved, this, &XMLViewController::tell, Qt::QueuedConnection);
   connect(&m_model, &XmlTableModel::saved, this, [this] {
-    m_view.xmlNotice.hide();
-    showCount();
     m_findings.validateSoonAgain();
+    showContents();
     emit report(tr("Saved %1").arg(toQString(sitemaps::kXmlSitemapFile)));
   });
   connect(&m_findings, &FindingsPanel::wanted, this, &XMLViewController::jumpTo);
@@ -87,35 +86,41 @@ void XMLViewController::siteChanged() {
 
 void XMLViewController::createTableContent() {
   m_findings.close();
-  const auto file = m_controls.siteFolder(m_state.qzvskCurSite) / sitemaps::kXmlSitemapFile;
+  std::filesystem::path file;
+  if (!m_state.qzvskCurSite.empty())
+    file = m_controls.siteFolder(m_state.qzvskCurSite) / sitemaps::kXmlSitemapFile;
   // What was searched for in one site means nothing in the next.
   if (m_model.sitemap().file() != file) m_view.xmlSearch.clear();
-  if (m_state.qzvskCurSite.empty()) {
-    m_model.clear();
-    showEmpty(tr("Select a site to see its XML sitemap."));
-  } else {
-    showOutcome(m_model.load(file));
-  }
+  m_model.load(file);
+  showContents();
   enableCommands();
 }
 
-void XMLViewController::showOutcome(const platform::FileResult& loaded) {
+void XMLViewController::showContents() {
+  const XmlSitemap& sitemap = m_model.sitemap();
   const QString site = toQString(m_state.qzvskCurSite);
-  if (loaded.status == platform::FileStatus::missing) {
-    return showEmpty(tr("%1 has no XML sitemap yet. A scan writes it.").arg(site));
+  switch (sitemap.contents()) {
+    case Contents::none:
+      return showEmpty(tr("Select a site to see its XML sitemap."));
+    case Contents::missing:
+      return showEmpty(tr("%1 has no XML sitemap yet. A scan writes it.").arg(site));
+    case Contents::unreadable:
+      return showEmpty(
+          tr("The XML sitemap of %1 cannot be read: %2").arg(site, toQString(sitemap.readError())));
+    case Contents::noEntries:
+      return showEmpty(tr("The XML sitemap of %1 has no entries.").arg(site));
+    case Contents::entries:
+      break;
   }
-  if (!loaded.ok()) {
-    return showEmpty(tr("The XML sitemap of %1 cannot be read: %2").arg(site, toQString(loaded.error)));
-  }
-  if (m_model.rowCount() == 0) return showEmpty(tr("The XML sitemap of %1 has no entries.").arg(site));
   m_view.xmlArea.setCurrentWidget(&m_view.xmlTablePage);
   m_view.xmlNotice.setText(
       tr("This sitemap holds elements that Veskel does not edit. The first change drops them."));
-  m_view.xmlNotice.setVisible(m_model.sitemap().otherElements());
+  m_view.xmlNotice.setVisible(sitemap.otherElements());
   showCount();
 }
 
 void XMLViewController::showEmpty(const QString& why) {
+  m_findings.close();
   m_view.xmlEmptyHint.setText(why);
   const bool hasSite = !m_state.qzvskCurSite.empty();
   m_view.xmlScanButton.setText(hasSite ? tr("S&can Site") : tr("Si&tes"));
@@ -177,10 +182,6 @@ void XMLViewController::deleteSelected() {
   const QModelIndex cell = m_view.xmlTableView.currentIndex();
   const int scrolled = m_view.xmlTableView.verticalScrollBar()->value();
   m_model.remove(row);
-  if (m_model.rowCount() == 0) {
-    showEmpty(tr("The XML sitemap of %1 has no entries.").arg(toQString(m_state.qzvskCurSite)));
-    m_findings.close();
-  }
   m_view.xmlTableView.verticalScrollBar()->setValue(scrolled);
   const int next = std::min(cell.row(), m_found.rowCount() - 1);
   if (next >= 0) m_view.xmlTableView.setCurrentIndex(m_found.index(next, cell.column()));
@@ -199,7 +200,11 @@ void XMLViewController::jumpTo(const sitemaps::XmlFinding& finding) {
 
 void XMLViewController::tell(const Change& change) {
   if (change.status == ChangeStatus::incomplete) selectRow(static_cast<int>(change.row), 0);
-  m_sheets.alert(toQString(change.message));
+  const QString message = toQString(change.message);
+  if (change.question() == Question::none) return m_sheets.alert(message);
+  m_sheets.ask(message, {}, tr("Show It Anew"), tr("Cancel"), [this](bool agreed) {
+    if (agreed) createTableContent();
+  });
 }
 
 /// By its place in the sitemap; a search that hides it ends.

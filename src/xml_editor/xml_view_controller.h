@@ -4,7 +4,6 @@
 #include <QMainWindow>
 #include <QObject>
 
-#include "platform/files.h"
 #include "platform/sheet_queue.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
@@ -63,7 +62,7 @@ class XMLViewController : public QObject {
 
   // xml_view_controller.cpp
   void connectCommands();
-  void showOutcome(const platform::FileResult& loaded);
+  void showContents();
   void showEmpty(const QString& why);
   void showCount();
   void search(const QString& text);

@@ -27,7 +27,7 @@ class XmlSitemapTest : public testing::Test {
   std::string onDisk() const { return platform::readFile(file).text; }
   void load(const std::string& text) {
     write(text);
-    ASSERT_TRUE(sitemap.load(file).ok());
+    ASSERT_EQ(sitemap.load(file), Contents::entries);
   }
   void loadThree() { load(kHeader + entry("http://a/") + entry("b") + entry("c") + "</urlset>"); }
   Change change(std::size_t row, Field field, const std::string& value) {
@@ -47,7 +47,7 @@ TEST_F(XmlSitemapTest, WritesAmpersandsOfAddressesBare) {
                               entry("b&c", "2011-02-03&amp;") + "\n</urlset>";
   EXPECT_EQ(onDisk(), written);
   // What was written reads as what was shown, and is written the same again.
-  ASSERT_TRUE(sitemap.load(file).ok());
+  ASSERT_EQ(sitemap.load(file), Contents::entries);
   EXPECT_EQ(shownValue(sitemap.rows()[0], Field::loc), "a?x=1&y=&lt;2&gt;'");
   EXPECT_TRUE(sitemap.choose(0, Field::priority, "0.5").saved());
   EXPECT_EQ(onDisk(), written);
@@ -82,8 +82,8 @@ TEST_F(XmlSitemapTest, DeletesFirstLastAndOnlyRow) {
   EXPECT_EQ(onDisk(), kHeader + "\n\t" + entry("b") + "\n</urlset>");
   EXPECT_TRUE(sitemap.remove(0).saved());
   EXPECT_EQ(onDisk(), kHeader + "\n\t</urlset>");
-  ASSERT_TRUE(sitemap.load(file).ok());
-  EXPECT_TRUE(sitemap.rows().empty());
+  EXPECT_EQ(sitemap.contents(), Contents::noEntries);
+  EXPECT_EQ(sitemap.load(file), Contents::noEntries);
 }
 
 TEST_F(XmlSitemapTest, RefusedValuesChangeNothing) {
@@ -139,8 +139,9 @@ TEST_F(XmlSitemapTest, OverwritesNobodysWork) {
   loadThree();
   const auto rows = sitemap.rows();
   write("<urlset/>");
-  EXPECT_EQ(sitemap.choose(0, Field::priority, "1").status, ChangeStatus::outdated);
-  EXPECT_EQ(sitemap.remove(0).status, ChangeStatus::outdated);
+  EXPECT_TRUE(sitemap.changedElsewhere());
+  EXPECT_EQ(sitemap.choose(0, Field::priority, "1").question(), Question::readAnew);
+  EXPECT_EQ(sitemap.remove(0).question(), Question::readAnew);
   EXPECT_EQ(onDisk(), "<urlset/>");
   EXPECT_EQ(sitemap.rows(), rows);
 
@@ -148,12 +149,15 @@ TEST_F(XmlSitemapTest, OverwritesNobodysWork) {
   {
     const platform::FolderLock scan(folder.path());
     ASSERT_TRUE(scan.result().ok());
-    EXPECT_EQ(sitemap.choose(0, Field::priority, "1").status, ChangeStatus::scanned);
+    const Change whileScanned = sitemap.choose(0, Field::priority, "1");
+    EXPECT_EQ(whileScanned.status, ChangeStatus::scanned);
+    EXPECT_EQ(whileScanned.question(), Question::none);
   }
   EXPECT_TRUE(sitemap.choose(0, Field::priority, "1").saved());
   EXPECT_TRUE(sitemap.choose(0, Field::priority, "0.1").saved()) << "our own work is known";
 
   std::filesystem::remove(file);
+  EXPECT_FALSE(sitemap.changedElsewhere());
   EXPECT_TRUE(sitemap.remove(0).saved()) << "there is nothing to lose";
 }
 
@@ -168,11 +172,25 @@ TEST_F(XmlSitemapTest, TellsOfFailedWrites) {
   EXPECT_EQ(sitemap.rows(), rows);
 }
 
-TEST_F(XmlSitemapTest, LoadsNothingFromAMissingFile) {
-  loadThree();
-  EXPECT_EQ(sitemap.load(folder.path() / "none.xml").status, platform::FileStatus::missing);
-  EXPECT_TRUE(sitemap.rows().empty());
-  EXPECT_EQ(sitemap.load(folder.path()).status, platform::FileStatus::failed);
+TEST_F(XmlSitemapTest, TellsWhatThereIsToShow) {
+  struct Case {
+    const char* name;
+    std::filesystem::path file;
+    Contents contents;
+  };
+  const Case cases[] = {
+      {"no site", {}, Contents::none},
+      {"not scanned", folder.path() / "none.xml", Contents::missing},
+      {"a folder in its place", folder.path(), Contents::unreadable},
+      {"without entries", file, Contents::noEntries},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    load(kHeader + entry("a") + "</urlset>");
+    write(kHeader + "</urlset>");
+    EXPECT_EQ(sitemap.load(c.file), c.contents);
+    EXPECT_TRUE(sitemap.rows().empty()) << "nothing of the one before";
+  }
 }
 
 }  // namespace
