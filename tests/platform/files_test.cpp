@@ -1,7 +1,6 @@
 #include "platform/files.h"
 
 #include <atomic>
-#include <csignal>
 #include <fstream>
 #include <optional>
 #include <thread>
@@ -9,10 +8,10 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
 namespace platform {
@@ -32,24 +31,6 @@ mode_t modeOf(const fs::path& path) {
   stat(path.c_str(), &status);
   return status.st_mode & 07777;
 }
-
-/// Makes writes beyond `bytes` of any file fail, the last one that still fits coming up short.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &m_old);
-    const rlimit limit{bytes, m_old.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &m_old);
-    std::signal(SIGXFSZ, m_oldHandler);
-  }
-
- private:
-  rlimit m_old{};
-  void (*m_oldHandler)(int);
-};
 
 class Files : public testing::Test {
  protected:
@@ -196,7 +177,7 @@ TEST_F(Files, AFailedWriteLeavesTheOldFileAlone) {
   put(in("f"), std::string(900, 'a'));
   FileAppender file(in("f"));
   {
-    const FileSizeLimit limit(1000);  // room for 100 of the bytes that are added
+    const support::FileSizeLimit limit(1000);  // room for 100 of the bytes that are added
     EXPECT_EQ(replaceFile(in("f"), std::string(2000, 'b')).error, "File too large");
     EXPECT_EQ(file.append(std::string(200, 'b')).error, "File too large");
   }

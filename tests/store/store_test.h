@@ -1,40 +1,18 @@
 // A home directory of its own for each test of the store.
 #pragma once
 
-#include <csignal>
 #include <filesystem>
 #include <map>
 #include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include "platform/files.h"
 #include "store/global_controls.h"
 #include "store/site_list.h"
+#include "support/file_size_limit.h"
 #include "support/temp_folder.h"
-
-/// While it lives no file can be written, by root neither: as on a full disk.
-class FullDisk {
- public:
-  FullDisk() {
-    m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &m_oldLimit);
-    const rlimit nothing{0, m_oldLimit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &nothing);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &m_oldLimit);
-    std::signal(SIGXFSZ, m_oldHandler);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit m_oldLimit{};
-  void (*m_oldHandler)(int) = SIG_DFL;
-};
 
 class StoreTest : public testing::Test {
  protected:
