@@ -25,6 +25,29 @@ bool isEntry(const std::vector<platform::MarkupAttribute>& attributes) {
   return false;
 }
 
+/// What is no character to the parser is dropped by it, and what stood on both sides would come together:
+/// such as the end of a comment, and what was text in it would be markup. So U+FFFD stands there instead.
+std::string withoutNonCharacters(std::string_view utf8) {
+  constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+  std::string text;
+  text.reserve(utf8.size());
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(utf8[i]);
+    const std::string_view character = utf8.substr(i, 3);
+    if (byte == '\f') {
+      text += ' ';
+    } else if (character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF") {
+      text += kReplacement;
+      i += 2;
+    } else if (byte < ' ' && byte != '\t' && byte != '\n' && byte != '\r') {
+      text += kReplacement;
+    } else {
+      text += utf8[i];
+    }
+  }
+  return text;
+}
+
 class CellReader : public platform::MarkupHandler {
  public:
   /// Entries within entries are written once for each that they are in, together at most `maxBytes`.
@@ -145,7 +168,7 @@ DocumentCells readCellsByParser(std::string_view document) {
   constexpr std::size_t kTimesDocument = 4;
   constexpr std::size_t kSmall = 1U << 20;
   CellReader reader(document.size() * kTimesDocument + kSmall);
-  platform::readHtml(platform::decodeUtf8(std::string(document)), reader);
+  platform::readHtml(withoutNonCharacters(platform::decodeUtf8(std::string(document))), reader);
   return reader.take();
 }
 

@@ -39,24 +39,16 @@ TEST(ReadCells, SpellsEntriesSoThatTheyAreFoundAgain) {
       {"entry as generated",
        "<div class=\"vskPageLink\"><a href=\"u?a=1&b=2---LINKID:7---\">R&amp;D<!-- LINKID: 7 --></a></div>",
        "<div class=\"vskPageLink\"><a href=\"u?a=1&b=2---LINKID:7---\">R&amp;D<!-- LINKID: 7 --></a></div>|"},
-      {"spelled by hand", "<DIV class=vskPageLink><A HREF='u'>T</A></DIV>",
-       "<div class=\"vskPageLink\"><a href=\"u\">T</a></div>|"},
-      {"targets keep blanks and letters", "<div class=\"x\"><a href=\"a b\xC3\xA9\">T</a></div>",
-       "<div class=\"x\"><a href=\"a b\xC3\xA9\">T</a></div>|"},
-      {"references in a target", "<div class=\"x\"><a href=\"?a&amp;b&amp;lt;c&#38;#x&quot;\">T</a></div>",
-       "<div class=\"x\"><a href=\"?a&b&amp;lt;c&amp;#x&quot;\">T</a></div>|"},
       {"letters in a text", "<div class=\"x\">a < b > c &lt;d&gt; &amp;lt; &eacute; \"</div>",
        "<div class=\"x\">a &lt; b > c &lt;d> &amp;lt; \xC3\xA9 \"</div>|"},
-      {"elements without an end", "<div class=\"x\">a<br>b<img src=i></div>",
-       "<div class=\"x\">a<br>b<img src=\"i\"></div>|"},
       {"entry in an entry", "<div class=\"x\">a<div id=\"y\">b</div></div>",
        "<div class=\"x\">a<div id=\"y\">b</div></div><div id=\"y\">b</div>|"},
       {"entry left open", "<div class=\"x\">a", "<div class=\"x\">a\n\t\t</div>|"},
-      {"an entry needs a class to count", "<div>a</div>", "<div>a</div>-|"},
       {"a comment may count", "<!-- <DIV x -->", "|"},
-      {"a text does not", "&lt;div x>", "-|"},
-      {"cell in a cell", "a<table><td><div id=\"y\">b</div></td></table>",
-       "<div id=\"y\">b</div>|<div id=\"y\">b</div>|"},
+      {"a comment that would end early", "<div class=\"x\"><!---\x19-><b>--></div>",
+       "<div class=\"x\"><!---\xEF\xBF\xBD-><b>--></div>|"},
+      {"a style sheet that would end early", "<div class=\"x\"><style>a</s\x05tyle><script></style></div>",
+       "<div class=\"x\"><style>a</s\xEF\xBF\xBDtyle><script></style></div>|"},
       {"nothing but a blank", "&nbsp;", "-|"},
   };
   for (const Case& c : cases) {
@@ -67,71 +59,46 @@ TEST(ReadCells, SpellsEntriesSoThatTheyAreFoundAgain) {
   }
 }
 
-TEST(ReadOwnFormat, GivesWhatTheParserGives) {
-  struct Case {
-    std::string name;
-    std::string text;
-    bool isOwn;
-  };
-  std::vector<Case> cases;
+/// Only what the parser would read as it stands may be read without it.
+TEST(ReadOwnFormat, IsSureOfWhatItReads) {
   for (int columns = 1; columns <= 3; ++columns) {
-    for (int count = 0; count <= 7; ++count) {
+    for (const int count : {0, 1, 4}) {
+      SCOPED_TRACE(std::to_string(count) + " in " + std::to_string(columns) + " columns");
       const std::string text = document(columns, blocks(count));
-      const std::string name = std::to_string(count) + " in " + std::to_string(columns) + " columns";
-      cases.push_back({name, text, true});
-      const std::vector<TableCell> cells = readCellsByParser(document(3, blocks(count))).cells;
-      cases.push_back({name + ", rebuilt", rebuildSitemaps(text, cells, columns), true});
+      const auto own = readOwnFormat(text);
+      ASSERT_TRUE(own.has_value());
+      const DocumentCells parsed = readCellsByParser(text);
+      EXPECT_EQ(shown(own->cells), shown(parsed.cells));
+      EXPECT_EQ(own->anchors, parsed.anchors);
+      EXPECT_EQ(own->complete, parsed.complete);
+      EXPECT_TRUE(readOwnFormat(rebuildSitemaps(text, parsed.cells, columns)).has_value());
     }
   }
-  const std::string two = document(2, blocks(3));
-  cases.push_back({"another style", with(two, "color: #0000FF", "color: > \xC3\xA9 <!- &amp;"), false});
-  cases.push_back(
-      {"another style, no markup", with(two, "color: #0000FF", "color: > \xC3\xA9 \" &amp; '"), true});
-  cases.push_back({"style ended early", with(two, "color: #0000FF", "--></style><td><style><!--"), false});
-  cases.push_back({"another title", with(two, "<title>Sitemap", "<title>Our map"), false});
-  cases.push_back(
-      {"cells emptied", with(two, "\n\t\t\t" + blocks(1)[0][0] + "\n\t\t\t" + blocks(1)[0][1], ""), true});
-  for (const auto& [title, isOwn] : {std::pair{"\"'`{}%\\ \xE2\x80\x93 \xF0\x9F\x98\x80", true},
-                                     {"a > b", true},
-                                     {"&lt;b>x&lt;/b>", true},
-                                     {"a < b", false},
-                                     {"<b>x</b>", false},
-                                     {"</td>", false},
-                                     {"<td>", false},
-                                     {"<!-- x", false},
-                                     {"&amp;amp;", true},
-                                     {"R&D", false},
-                                     {"&nbsp;", false},
-                                     {"\t", false},
-                                     {" ", true},
-                                     {"", true},
-                                     {" x ", true},
-                                     {"\xEF\xBF\xBE", false},
-                                     {"\xFF", false},
-                                     {"\xC2\x85", true},
-                                     {"\x7F", false},
-                                     {"a\r\nb", false}}) {
-    cases.push_back({std::string("title ") + title, with(two, "Link 2<", std::string(title) + "<"), isOwn});
-  }
-  for (const auto& [url, isOwn] : {std::pair{"?a&b=c;", true},
-                                   {"?a&b;c", false},
-                                   {"?&#35;", false},
-                                   {"?a&", true},
-                                   {"<x>", false},
-                                   {"' '", true},
-                                   {"&&&", true},
-                                   {"?x&\xC3\xA9;", true}}) {
-    cases.push_back({std::string("target ") + url, with(two, "2/link", std::string("2/") + url), isOwn});
-  }
+  struct Case {
+    const char* what;  // of a document
+    const char* instead;
+    bool isOwn;
+  };
+  const Case cases[] = {
+      {"color: #0000FF", "color: > \xC3\xA9 \" &amp; '", true},
+      {"color: #0000FF", "--></style><td><style><!--", false},
+      {"<title>Sitemap", "<title>Our map", false},
+      {"Link 2<", "\"'`{}%\\ > \xE2\x80\x93 &amp;lt;<", true},
+      {"Link 2<", "<b>x</b><", false},
+      {"Link 2<", "<!-- x<", false},
+      {"Link 2<", "R&D<", false},
+      {"Link 2<", "\t<", false},
+      {"Link 2<", "\xEF\xBF\xBE<", false},
+      {"Link 2<", "\xFF<", false},
+      {"Link 2<", "\x7F<", false},
+      {"2/link", "?a&b=c;&", true},
+      {"2/link", "?a&b;c", false},
+      {"2/link", "?&#35;", false},
+      {"2/link", "<x>", false},
+  };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    const auto own = readOwnFormat(c.text);
-    EXPECT_EQ(own.has_value(), c.isOwn);
-    if (!own) continue;
-    const DocumentCells parsed = readCellsByParser(c.text);
-    EXPECT_EQ(shown(own->cells), shown(parsed.cells));
-    EXPECT_EQ(own->anchors, parsed.anchors);
-    EXPECT_EQ(own->complete, parsed.complete);
+    SCOPED_TRACE(c.instead);
+    EXPECT_EQ(readOwnFormat(with(document(2, blocks(3)), c.what, c.instead)).has_value(), c.isOwn);
   }
 }
 
@@ -152,8 +119,8 @@ TEST(CheckForEmptyColumn, PassesOverTheCellBehindAnEmptyOne) {
     const char* kept;  // empty: no rebuild
   };
   const Case cases[] = {
-      {"abc", ""},     {"0", "-"},       {"a0b", "ab"}, {"a00b", "a0b"}, {"a000b", "a0b"}, {"a0000b", "a00b"},
-      {"00ab", "0ab"}, {"a0b0c", "abc"}, {"ab0", "ab"}, {"ab00", "ab0"}, {"0a0", "a"},
+      {"abc", ""},      {"0", "-"},       {"a0b", "ab"}, {"a00b", "a0b"},
+      {"a000b", "a0b"}, {"a0b0c", "abc"}, {"ab0", "ab"}, {"ab00", "ab0"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.cells);
@@ -205,23 +172,8 @@ TEST(RebuildSitemaps, FlowsCellsIntoRows) {
     const char* rows;
   };
   const Case cases[] = {
-      {3, 0, ""},
-      {3, 1, "R1ffr"},
-      {3, 2, "R12fr"},
-      {3, 3, "R123r"},
-      {3, 4, "R123rR4ffr"},
-      {3, 5, "R123rR45fr"},
-      {3, 6, "R123rR456r"},
-      {3, 7, "R123rR456rR7ffr"},
-      {2, 0, ""},
-      {2, 1, "R1fr"},
-      {2, 2, "R12r"},
-      {2, 3, "R12rR3fr"},
-      {2, 7, "R12rR34rR56rR7fr"},
-      {1, 0, ""},
-      {1, 1, "R1r"},
-      {1, 2, "R1rR2r"},
-      {1, 7, "R1rR2rR3rR4rR5rR6rR7r"},
+      {3, 0, ""},     {3, 1, "R1ffr"}, {3, 2, "R12fr"},    {3, 3, "R123r"},  {3, 4, "R123rR4ffr"},
+      {2, 1, "R1fr"}, {2, 2, "R12r"},  {2, 3, "R12rR3fr"}, {1, 2, "R1rR2r"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(std::to_string(c.cells) + " in " + std::to_string(c.columns));
@@ -275,24 +227,6 @@ TEST(RebuildSitemaps, KeepsTheHeadOfTheFile) {
     SCOPED_TRACE(c.name);
     EXPECT_EQ(rebuildSitemaps(c.file, {}, 2), c.head + "<body>\n" + table);
   }
-}
-
-TEST(Rebuild, AfterADeletionKeepsEveryOtherEntryAsItWas) {
-  std::vector<samples::Block> before = blocks(5);
-  before[1] = {page(20, "http://a.test/?a=1&b=2", "\"Tom\" &amp; 'Jerry'")};
-  std::string text = document(3, before);
-  text = with(text, "\n\t\t\t" + before[0][0] + "\n\t\t\t" + before[0][1], "");
-  const auto cells = checkForEmptyColumn(text);
-  ASSERT_TRUE(cells.has_value());
-  const std::string rebuilt = rebuildSitemaps(text, *cells, 3);
-  std::size_t at = 0;
-  for (std::size_t i = 1; i < before.size(); ++i) {
-    for (const std::string& entry : before[i]) {
-      at = rebuilt.find("\n\t\t\t" + entry, at);
-      EXPECT_NE(at, std::string::npos) << entry;
-    }
-  }
-  EXPECT_EQ(rebuilt.find("a.test/1"), std::string::npos);
 }
 
 }  // namespace
