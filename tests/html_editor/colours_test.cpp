@@ -33,18 +33,8 @@ TEST(HexValue, IsReadFromSixLeadingDigitsOnly) {
   };
   const Colour abc123 = {0xAB / 255.0, 0xC1 / 255.0, 0x23 / 255.0};
   const Case cases[] = {
-      {"#abc123", abc123},
-      {"ABC123", abc123},
-      {"#abc123 x", abc123},
-      {"#abc123g", abc123},
-      {"##abc123", {}},
-      {"#abc12", {}},
-      {"#abc1234", {}},
-      {" #abc123", {}},
-      {"", {}},
-      {"#", {}},
-      {"0xabc123", {}},
-      {"#+bc123", {}},
+      {"#abc123", abc123}, {"ABC123", abc123}, {"#abc123 x", abc123}, {"#abc123g", abc123}, {"##abc123", {}},
+      {"#abc12", {}},      {"#abc1234", {}},   {" #abc123", {}},      {"#+bc123", {}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text);
@@ -62,18 +52,12 @@ TEST(HexField, ComplainsOfLengthAndDigitsSeparately) {
   };
   const Case cases[] = {
       {"abc123", "#abc123", true, true, 0},
-      {"#abc123", "#abc123", true, true, 0},
       {"1abc123", "1abc123", true, false, 0},  // seven digits
       {"abc123x", "abc123x", true, true, 0},
-      {"xabc123", "xabc123", true, false, 0},
       {"#ABC", "#ABC", false, false, 2},
-      {"", "", false, false, 2},
-      {"abc12", "abc12", false, false, 2},
       {"#abc12", "##abc12", false, false, 1},  // six characters, five of them digits
-      {"xyz123", "#xyz123", false, false, 1},
       {"#xyz123", "#xyz123", false, false, 1},
       {"#ABCDEF12", "#ABCDEF12", true, false, 1},
-      {"#ABCDEF ", "#ABCDEF ", true, true, 1},
       {"red or #ABCDEF", "red or #ABCDEF", true, false, 1},
       {"#\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9",
        "#\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9", false, false,

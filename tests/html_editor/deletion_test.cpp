@@ -28,19 +28,13 @@ TEST(LinkDeletion, TakesTheEntryWithItsLine) {
   };
   const Case cases[] = {
       {"plain", "http://a.test/b", "Text", "Text"},
-      {"query", "http://a.test/?a=1&b=2", "What? Why?", "What? Why?"},
       {"ampersand", "u", "R&amp;D", "R&D"},
-      {"bare ampersand", "u", "R&D", "R&D"},
       {"letters beyond ASCII", "\xC3\xA9", "\xE6\x97\xA5", "\xE6\x97\xA5"},
       {"what is a pattern", "wiki/C_(x)+$[1]", "C++ | *2 (EU) [PDF] $5 C:\\temp",
        "C++ | *2 (EU) [PDF] $5 C:\\temp"},
-      {"what is a faulty pattern", "wiki/C_(x", "[z-a] (*COMMIT)", "[z-a] (*COMMIT)"},
-      {"element as text", "u", "&lt;style>", "<style>"},
       {"reference as text", "u", "&amp;lt;b>", "&lt;b>"},
-      {"typed", "u", "a < b &amp; c", "a < b & c"},
       {"several lines", "u\nv", "two\nlines", "two\nlines"},
       {"line ends of another system", "u", "a\r\n&lt;b>", "a\n<b>"},
-      {"dashes in the address", "u---v", "T", "T"},
       {"forged marks", "u---LINKID:8---v---LINKID:5---", "---LINKID:8---&lt;!-- LINKID: 8 -->",
        "---LINKID:8---<!-- LINKID: 8 -->"},
       {"forged class", "u?vskPageTitle", "vskPageTitle", "vskPageTitle"},
@@ -57,41 +51,32 @@ TEST(LinkDeletion, TakesTheEntryWithItsLine) {
   }
 }
 
-TEST(LinkDeletion, TakesTextsAsPatterns) {
-  // Where the letters happen to match something else, that is what goes.
-  const std::string text = document(1, {{page(5, "p", "P"), link(7, "aXb", "T")}});
-  EXPECT_EQ(deleteClicked(text, "a.b---LINKID:7---", "T").document, document(1, {{page(5, "p", "P")}}));
-  const std::string groups = document(1, {{page(5, "p", "P"), link(7, "u", "f x")}});
-  EXPECT_EQ(deleteClicked(groups, "u---LINKID:7---", "f (x)").document, document(1, {{page(5, "p", "P")}}));
-  const std::string inner = document(1, {{page(5, "p", "P"), link(7, "u", "fog")}});
-  EXPECT_EQ(deleteClicked(inner, "u---LINKID:7---", "f(i|o)g").document, document(1, {{page(5, "p", "P")}}));
-  const std::string unmarked = "\n\t\t\t" + with(link(7, "u", "T"), "<!-- LINKID: 7 -->", "");
-  EXPECT_EQ(deleteClicked(unmarked, "u---LINKID:7---", ".*|x").document, "");
-}
-
 TEST(LinkDeletion, FindsTheEntryInOddDocuments) {
-  const std::string entry = link(7, "u", "T");
+  const std::string line = "\n\t\t\t" + link(7, "u", "T");
   struct Case {
     const char* name;
     std::string text;
     std::string expected;
+    const char* target = "u";
+    const char* label = "T";
   };
   const Case cases[] = {
-      {"last line without an end", "x\n\t\t\t" + entry, "x"},
-      {"the same entry twice", "\n\t\t\t" + entry + "y\n\t\t\t" + entry, "y"},
-      {"line ends of another system", "a\r\n\t\t\t" + entry + "\r\nb", "a\r\r\nb"},
-      {"indented by hand", "\n  " + entry, "\n  " + entry},
-      {"same number, other target", "\n\t\t\t" + link(7, "v", "T") + "\n\t\t\t" + entry,
-       "\n\t\t\t" + link(7, "v", "T")},
-      {"same number on a page entry in front", "\n\t\t\t" + page(7, "v", "T") + "\n\t\t\t" + entry,
+      {"the same entry twice", line + "y" + line, "y"},
+      {"line ends of another system", "a\r" + line + "\r\nb", "a\r\r\nb"},
+      {"same number on a page entry in front", "\n\t\t\t" + page(7, "v", "T") + line,
        "\n\t\t\t" + page(7, "v", "T")},
-      {"two on a line: from the first one's div", "\n\t\t\t" + link(6, "v", "S") + entry + "z", "z"},
-      {"broken bytes in another line", "\xFF\n\t\t\t" + entry, "\xFF"},
-      {"empty document", "", ""},
+      {"two on a line: from the first one's div", "\n\t\t\t" + link(6, "v", "S") + link(7, "u", "T") + "z",
+       "z"},
+      {"broken bytes in another line", "\xFF" + line, "\xFF"},
+      // Where the letters happen to match something else, that is what goes.
+      {"address taken as a pattern", "\n\t\t\t" + link(7, "aXb", "T"), "", "a.b"},
+      {"text taken as a pattern", "\n\t\t\t" + link(7, "u", "f x"), "", "u", "f (x)"},
+      {"alternatives match pieces", with(line, "<!-- LINKID: 7 -->", ""), "", "u", ".*|x"},
+      {"a faulty pattern", line, line, "u(", "T"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
-    EXPECT_EQ(deleteClicked(c.text, "u---LINKID:7---", "T").document, c.expected);
+    EXPECT_EQ(deleteClicked(c.text, c.target + std::string("---LINKID:7---"), c.label).document, c.expected);
   }
 }
 
@@ -113,27 +98,18 @@ TEST(LinkDeletion, MakesTheNextLinkTheHeading) {
   };
   const Case cases[] = {
       {"number behind it", {under(block(5, false))}, {block(5, true)}, 100, "4"},
-      {"number behind it, total unknown", {under(block(5, false))}, {block(5, true)}, 0, "4"},
       {"across a gap", {under(block(6, false))}, {block(6, true)}, 100, "6"},
-      {"across a gap up to the total", {under(block(50, false))}, {block(50, true)}, 50, "50"},
       {"gap beyond the total", {under(block(50, false))}, {block(50, false)}, 49, "49"},
-      {"gap, total unknown", {under(block(6, false))}, {block(6, false)}, 0, "5"},
       {"a heading follows",
        {heading, {page(9, "q", "Q"), link(11, "m", "M")}},
        {{}, {page(9, "q", "Q"), link(11, "m", "M")}},
        100,
        "9"},
-      {"nothing follows", {{link(2, "l", "L")}, heading}, {{link(2, "l", "L")}, {}}, 100, "100"},
       {"smallest number, not nearest line",
        {under({link(9, "m", "M"), link(7, "l", "L")})},
        {{link(9, "m", "M"), page(7, "l", "L")}},
        100,
        "7"},
-      {"number with more digits",
-       {under({link(50, "m", "M"), link(6, "l", "L")})},
-       {{link(50, "m", "M"), page(6, "l", "L")}},
-       100,
-       "6"},
       {"shared by a link and the next heading",
        {under({link(7, "l", "L")}), {page(7, "q", "Q")}},
        {{page(7, "l", "L")}, {page(7, "q", "Q")}},
@@ -141,14 +117,11 @@ TEST(LinkDeletion, MakesTheNextLinkTheHeading) {
        "7"},
   };
   for (const Case& c : cases) {
-    for (const int columns : {1, 3}) {
-      SCOPED_TRACE(c.name);
-      const LinkDeletion deletion =
-          deleteClicked(document(columns, c.before), "p---LINKID:4---", "P", c.total);
-      EXPECT_EQ(deletion.removed, Removed::pageEntry);
-      EXPECT_EQ(deletion.document, document(columns, c.after));
-      EXPECT_EQ(deletion.linkNumber, c.number);
-    }
+    SCOPED_TRACE(c.name);
+    const LinkDeletion deletion = deleteClicked(document(3, c.before), "p---LINKID:4---", "P", c.total);
+    EXPECT_EQ(deletion.removed, Removed::pageEntry);
+    EXPECT_EQ(deletion.document, document(3, c.after));
+    EXPECT_EQ(deletion.linkNumber, c.number);
   }
 }
 
@@ -157,8 +130,6 @@ TEST(LinkDeletion, PromotesOnlyWhatFollowsARemovedHeading) {
   const LinkDeletion ofLink = deleteClicked(document(3, blocks), "l---LINKID:5---", "L");
   EXPECT_EQ(ofLink.document, document(3, {{page(4, "p", "P"), link(6, "m", "M")}}));
   EXPECT_EQ(ofLink.linkNumber, "5");
-  const LinkDeletion notFound = deleteClicked(document(3, blocks), "p(---LINKID:4---", "P");
-  EXPECT_EQ(notFound.document, document(3, blocks));
   const std::string byHand = with(document(3, blocks), "\t" + page(4, "p", "P"), " " + page(4, "p", "P"));
   EXPECT_EQ(deleteClicked(byHand, "p---LINKID:4---", "P").document, byHand);
 }
@@ -174,17 +145,9 @@ TEST(LinkDeletion, LooksForTheNumberBehindByTheCommentAndFurtherOnesByTheMarker)
       {"number behind, marker gone", with(link(5, "l", "L"), "---LINKID:5---", ""), false},
       {"number behind, comment gone", with(link(5, "l", "L"), "<!-- LINKID: 5 -->", ""), false},
       {"further number, comment gone", with(link(6, "l", "L"), "<!-- LINKID: 6 -->", ""), true},
-      {"further number, marker gone", with(link(6, "l", "L"), "---LINKID:6---", ""), false},
-      {"leading zero", with(link(6, "l", "L"), "---LINKID:6---", "---LINKID:06---"), false},
-      {"no number", with(link(6, "l", "L"), "---LINKID:6---", "---LINKID:---"), false},
-      {"negative", with(link(6, "l", "L"), "---LINKID:6---", "---LINKID:-6---"), false},
       {"too large", with(link(6, "l", "L"), "---LINKID:6---", "---LINKID:99999999999999999999---"), false},
-      {"two markers, the first is ours", with(link(6, "l", "L"), "LINKID:6---", "LINKID:6---LINKID:90---"),
-       true},
       {"a site's own mark", link(90, "l---LINKID:6---", "L"), true},
-      {"an address with the class in it", link(6, "vskPageLink", "vskPageLink"), true},
       {"end of the entry on the next line", with(link(6, "l", "L"), "</div>", "\n</div>"), false},
-      {"class spelled otherwise", with(link(6, "l", "L"), "<div class", "<div  class"), false},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);

@@ -27,10 +27,7 @@ TEST(ReadStyle, OfANewDocument) {
   EXPECT_EQ(title.family, "Times New Roman, Times, serif");
   EXPECT_TRUE(title.bold);
   EXPECT_FALSE(title.italic);
-  const EntryStyle link = readStyle(kNewDocument, kLink);
-  EXPECT_EQ(link.colour, "#0000FF");
-  EXPECT_EQ(link.size, "1em");
-  EXPECT_FALSE(link.bold);
+  EXPECT_EQ(readStyle(kNewDocument, kLink).colour, "#0000FF");
 }
 
 TEST(ReadStyle, TakesTheFirstBlockAndEachValueToItsFirstSemicolon) {
@@ -43,19 +40,12 @@ TEST(ReadStyle, TakesTheFirstBlockAndEachValueToItsFirstSemicolon) {
   const Case cases[] = {
       {"two values on a line", ".vskPageTitle a { color: red; font-size: 1em; }", "red", "1em"},
       {"without blank behind the colon", ".vskPageTitle a { color:red; font-size:1em; }", {}, {}},
-      {"a child selector is no block", ".vskPageTitle a { color: red; } x > y {} ", "red", {}},
-      {"block with a > in it", ".vskPageTitle a { color: red; /* > */ }", {}, {}},
-      {"block with a > and a later one without",
-       ".vskPageTitle a { > }\n.vskPageTitle a { color: blue; }",
-       "blue",
-       {}},
+      {"a later block without >", ".vskPageTitle a { > }\n.vskPageTitle a { color: blue; }", "blue", {}},
       {"background counts as the first colour",
        ".vskPageTitle a { background-color: tan; color: red; }",
        "tan",
        {}},
-      {"any character in front", "\xC3\xA9vskPageTitle a { color: red; }", "red", {}},
       {"a line feed in front", "vskPageTitle a { color: red; }", {}, {}},
-      {"declaration left open", ".vskPageTitle a { color: red }", {}, {}},
       {"empty value", ".vskPageTitle a { color: ; }", "", {}},
   };
   for (const Case& c : cases) {
@@ -78,7 +68,6 @@ TEST(StyleEdit, ReplacesOneDeclarationOfOneClass) {
   EXPECT_EQ(withBold(kNewDocument, kTitle, false),
             with(kNewDocument, "font-weight: bold;\n\t\t", "font-weight: normal;\n\t\t"));
   EXPECT_EQ(withBold(withBold(kNewDocument, kTitle, false), kTitle, true), kNewDocument);
-  EXPECT_EQ(withItalic(withItalic(kNewDocument, kLink, true), kLink, false), kNewDocument);
   EXPECT_TRUE(readStyle(withItalic(kNewDocument, kLink, true), kLink).italic);
 }
 
@@ -92,20 +81,13 @@ TEST(StyleEdit, IsLiteralAndGreedyToTheEndOfTheLine) {
   const Case cases[] = {
       {"rest of the line goes", ".vskPageTitle a { font-size: 1em; color: red; }", "2em",
        ".vskPageTitle a { font-size: 2em; }"},
-      {"no blank needed", ".vskPageTitle a { font-size:1em; }", "2em", ".vskPageTitle a { font-size: 2em; }"},
-      {"next line stays", ".vskPageTitle a { font-size: 1em;\ncolor: red; }", "2em",
-       ".vskPageTitle a { font-size: 2em;\ncolor: red; }"},
       {"dollar and backslash mean nothing", ".vskPageTitle a { font-size: 1em; }", "$1\\1$0\\",
        ".vskPageTitle a { font-size: $1\\1$0\\; }"},
       {"same declaration twice", ".vskPageTitle a { font-size: 1em;\n font-size: 1em; }", "2em",
        ".vskPageTitle a { font-size: 2em;\n font-size: 2em; }"},
-      {"same block twice", ".vskPageTitle a { font-size: 1em; }\n.vskPageTitle a { font-size: 1em; }", "2em",
-       ".vskPageTitle a { font-size: 2em; }\n.vskPageTitle a { font-size: 2em; }"},
       {"other block of the class stays",
        ".vskPageTitle a { font-size: 1em; }\n.vskPageTitle a { font-size: 3em; }", "2em",
        ".vskPageTitle a { font-size: 2em; }\n.vskPageTitle a { font-size: 3em; }"},
-      {"declaration missing", ".vskPageTitle a { color: red; }", "2em", ".vskPageTitle a { color: red; }"},
-      {"rule missing", ".vskPageLink a { font-size: 1em; }", "2em", ".vskPageLink a { font-size: 1em; }"},
       {"line ends of another system", ".vskPageTitle a {\r\n font-size: 1em;\r\n}", "2em",
        ".vskPageTitle a {\r\n font-size: 2em;\r\n}"},
   };
@@ -145,23 +127,12 @@ TEST(Underline, ReachesOverALineOnlyForAll) {
 }
 
 TEST(Underline, IsNothingForAnyOtherPairOfRules) {
-  struct Case {
-    const char* name;
-    std::string document;
-  };
-  const Case cases[] = {
-      {"never but when visited",
-       with(withUnderline(kNewDocument, kTitle, Underline::none), "Title a:visited { text-decoration:none",
-            "Title a:visited { text-decoration:underline")},
-      {"a blank too many",
-       with(kNewDocument, "Title a:hover { text-decoration:under", "Title a:hover { text-decoration: under")},
-      {"rule missing", with(kNewDocument, "\t.vskPageTitle a:visited { text-decoration:none }\n", "")},
-      {"no sheet", "<body>"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(readUnderline(c.document, kTitle), std::nullopt);
-  }
+  const std::string never = withUnderline(kNewDocument, kTitle, Underline::none);
+  const std::string butVisited =
+      with(never, "Title a:visited { text-decoration:none", "Title a:visited { text-decoration:underline");
+  EXPECT_EQ(readUnderline(butVisited, kTitle), std::nullopt);
+  EXPECT_EQ(readUnderline(with(never, "\t.vskPageTitle a:visited { text-decoration:none }\n", ""), kTitle),
+            std::nullopt);
 }
 
 }  // namespace
