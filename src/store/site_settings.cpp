@@ -1,0 +1,152 @@
+#include "store/site_settings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <system_error>
+
+#include "store/site_lock.h"
+#include "store/text_lines.h"
+
+namespace store {
+
+namespace {
+
+using platform::FileResult;
+using platform::FileStatus;
+
+constexpr std::size_t kMaxBytes = std::size_t{1} << 20;
+
+std::string textOf(const WholeNumber& number, const SiteSettings& settings) {
+  return std::to_string(settings.*number.member);
+}
+
+std::string textOf(const Choice& choice, const SiteSettings& settings) {
+  return std::string(choice.options[choice.get(settings)].name);
+}
+
+bool setFrom(const WholeNumber& number, SiteSettings& settings, std::string_view text) {
+  int value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return false;
+  if (value < number.least || value > number.most) return false;
+  settings.*number.member = value;
+  return true;
+}
+
+bool setFrom(const Choice& choice, SiteSettings& settings, std::string_view text) {
+  const auto found = std::find_if(choice.options.begin(), choice.options.end(),
+                                  [&](const Choice::Option& option) { return option.name == text; });
+  if (found == choice.options.end()) return false;
+  choice.set(settings, static_cast<std::size_t>(found - choice.options.begin()));
+  return true;
+}
+
+std::string allowedBy(const WholeNumber& number) {
+  std::string text = std::to_string(number.least);
+  if (!number.leastMeans.empty()) text.append(" (").append(number.leastMeans).append(")");
+  if (number.most == std::numeric_limits<int>::max()) return text + " or more";
+  return text + " to " + std::to_string(number.most);
+}
+
+std::string allowedBy(const Choice& choice) {
+  std::string text;
+  for (const Choice::Option& option : choice.options) {
+    if (!text.empty()) text += " or ";
+    text += option.name;
+  }
+  return text;
+}
+
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r";
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+bool isDefault(const SettingField& field, const SiteSettings& settings) {
+  return field.text(settings) == field.text({});
+}
+
+}  // namespace
+
+std::string SettingField::text(const SiteSettings& settings) const {
+  return std::visit([&](const auto& kind) { return textOf(kind, settings); }, value);
+}
+
+bool SettingField::setText(SiteSettings& settings, std::string_view text) const {
+  return std::visit([&](const auto& kind) { return setFrom(kind, settings, text); }, value);
+}
+
+std::string SettingField::allowed() const {
+  return std::visit([](const auto& kind) { return allowedBy(kind); }, value);
+}
+
+std::string settingsAsOptions(const SiteSettings& settings) {
+  std::string options;
+  for (const SettingField& field : kSiteSettings) {
+    if (isDefault(field, settings)) continue;
+    if (!options.empty()) options += ' ';
+    options.append("--").append(field.key).append(" ").append(field.text(settings));
+  }
+  return options;
+}
+
+StoredSettings parseSettings(std::string_view text) {
+  StoredSettings stored;
+  for (const std::string& line : nonEmptyLines(text)) {
+    const std::string_view entry = trimmed(line);
+    const std::string_view key = entry.substr(0, entry.find(' '));
+    const auto field = std::find_if(kSiteSettings.begin(), kSiteSettings.end(),
+                                    [&](const SettingField& known) { return known.key == key; });
+    if (field == kSiteSettings.end()) {
+      stored.otherLines.push_back(line);
+    } else if (!field->setText(stored.settings, trimmed(entry.substr(key.size())))) {
+      stored.problems.push_back("The site's setting \"" + std::string(key) + "\" was ignored: it has to be " +
+                                field->allowed() + ".");
+    }
+  }
+  return stored;
+}
+
+std::string settingsText(const StoredSettings& stored) {
+  std::string text;
+  for (const SettingField& field : kSiteSettings) {
+    if (isDefault(field, stored.settings)) continue;
+    text.append(field.key).append(" ").append(field.text(stored.settings)).append("\n");
+  }
+  for (const std::string& line : stored.otherLines) text.append(line).append("\n");
+  return text;
+}
+
+StoredSettings readSettings(const StateFolder& state, std::string_view siteName) {
+  const auto file = settingsFile(state, siteName);
+  platform::FileContent content = platform::readFile(file, kMaxBytes);
+  if (content.result.status == FileStatus::missing) return {};
+  StoredSettings stored = parseSettings(content.text);
+  if (!content.result.ok()) {
+    stored.problems.push_back("The site's settings were ignored: " + file.native() + ": " +
+                              content.result.error + ".");
+  }
+  stored.result = std::move(content.result);
+  return stored;
+}
+
+std::filesystem::path settingsFile(const StateFolder& state, std::string_view siteName) {
+  return state.ofSite(siteName) / "settings";
+}
+
+FileResult changeSettings(const GlobalControls& controls, const StateFolder& state, std::string_view siteName,
+                          const SettingsChange& change) {
+  const SiteLock lock(controls, siteName);
+  if (!lock.result().ok()) return lock.result();
+  StoredSettings stored = readSettings(state, siteName);
+  if (!stored.result.ok()) return stored.result;
+  const SiteSettings before = stored.settings;
+  change(stored.settings);
+  if (stored.settings == before && stored.problems.empty()) return {};
+  const auto target = settingsFile(state, siteName);
+  if (auto made = platform::makeFolders(target.parent_path()); !made.ok()) return made;
+  return platform::replaceFile(target, settingsText(stored));
+}
+
+}  // namespace store

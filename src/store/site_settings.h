@@ -1,0 +1,117 @@
+// How a site is scanned, as its user wants it: the settings that can be chosen a site.
+//
+// They are kept in the site's state folder, in "settings": UTF-8, one "key value" a line, and only what
+// differs from the default. A new setting is a member of SiteSettings and a row in the table kSiteSettings:
+// files, command line and window follow from that.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <limits>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+#include "platform/files.h"
+#include "store/global_controls.h"
+#include "store/state_folder.h"
+
+namespace store {
+
+/// A value, with the defaults of a new site.
+struct SiteSettings {
+  int maxPages = 0;     // a scan stops as if cancelled after so many; 0: no limit
+  int connections = 6;  // pages fetched at the same time
+
+  bool operator==(const SiteSettings&) const = default;
+};
+
+/// A setting that is a number from `least` to `most`.
+struct WholeNumber {
+  int SiteSettings::*member;
+  int least = 0;
+  int most = std::numeric_limits<int>::max();
+  std::string_view leastMeans = {};  // "no limit", where the least number is no number at all
+};
+
+/// A setting that is one of several, known by their names.
+struct Choice {
+  struct Option {
+    std::string_view name;     // in the file and on the command line
+    std::string_view caption;  // in the window
+  };
+  std::span<const Option> options;
+  std::size_t (*get)(const SiteSettings&);  // which of the options counts
+  void (*set)(SiteSettings&, std::size_t);
+
+  /// A choice kept in an enum whose values count the options.
+  template <auto Member>
+  static constexpr Choice of(std::span<const Option> options) {
+    return {options, [](const SiteSettings& settings) { return static_cast<std::size_t>(settings.*Member); },
+            [](SiteSettings& settings, std::size_t option) {
+              using Value = std::remove_reference_t<decltype(settings.*Member)>;
+              settings.*Member = static_cast<Value>(option);
+            }};
+  }
+};
+
+/// All there is to know of one setting.
+struct SettingField {
+  std::string_view key;      // in the file; "--" and it is the option of the command line
+  std::string_view caption;  // in the window, "&" before the letter of its key
+  std::string_view help;     // a sentence without its full stop
+  std::variant<WholeNumber, Choice> value;
+
+  /// The value as text, as in the file.
+  std::string text(const SiteSettings& settings) const;
+  /// Takes the value from such a text. False, and nothing changed, for one that is not allowed.
+  [[nodiscard]] bool setText(SiteSettings& settings, std::string_view text) const;
+  /// "1 to 64", "0 (no limit) or more", "simple or browser".
+  std::string allowed() const;
+};
+
+/// The table of settings, in the order in which they are shown.
+inline constexpr std::array kSiteSettings = {
+    SettingField{.key = "max-pages",
+                 .caption = "Most &pages",
+                 .help = "A scan stops after so many pages",
+                 .value = WholeNumber{.member = &SiteSettings::maxPages, .leastMeans = "no limit"}},
+    SettingField{.key = "connections",
+                 .caption = "&Connections",
+                 .help = "So many pages are fetched at the same time",
+                 .value = WholeNumber{.member = &SiteSettings::connections, .least = 1, .most = 64}},
+};
+
+/// What differs from the defaults, as options of the command line: "--max-pages 50 --connections 2".
+std::string settingsAsOptions(const SiteSettings& settings);
+
+struct [[nodiscard]] StoredSettings {
+  platform::FileResult result = {};          // of reading the file; a missing one is fine
+  SiteSettings settings = {};                // the default for whatever could not be read
+  std::vector<std::string> problems = {};    // what of this failed, one sentence each
+  std::vector<std::string> otherLines = {};  // of settings that only a newer program knows
+};
+
+/// What the file's text says, and the text that says it. Of a setting that stands there twice the last
+/// counts.
+StoredSettings parseSettings(std::string_view text);
+std::string settingsText(const StoredSettings& stored);
+
+/// The site's settings. Never fails: whatever is wrong is told in `problems`, and the default counts.
+StoredSettings readSettings(const StateFolder& state, std::string_view siteName);
+
+/// Where they are kept.
+std::filesystem::path settingsFile(const StateFolder& state, std::string_view siteName);
+
+/// Has `change` change the site's settings as they are now and writes them. Nobody else changes them
+/// meanwhile; `busy` while the site is being scanned. A file that cannot be read is left as it is.
+using SettingsChange = std::function<void(SiteSettings& settings)>;
+platform::FileResult changeSettings(const GlobalControls& controls, const StateFolder& state,
+                                    std::string_view siteName, const SettingsChange& change);
+
+}  // namespace store
