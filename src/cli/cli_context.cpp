@@ -41,6 +41,12 @@ bool isHarmless(std::uint32_t code) {
 
 }  // namespace
 
+store::SiteSettings CliContext::settingsOf(std::string_view siteName) const {
+  const store::StoredSettings stored = store::readSettings(reasons.state(), siteName);
+  for (const std::string& problem : stored.problems) printWarning(printable(problem));
+  return stored.settings;
+}
+
 bool CliContext::hasSite(std::string_view name) const {
   return std::binary_search(siteNames.begin(), siteNames.end(), name);
 }

@@ -11,6 +11,7 @@
 #include "store/add_edit_delete_sites.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
+#include "store/site_settings.h"
 
 namespace cli {
 
@@ -26,6 +27,15 @@ enum ExitCode : int {
   exitStopped = 130,    // by SIGINT, SIGTERM or SIGHUP
 };
 
+/// A setting that the arguments give, checked already.
+struct GivenSetting {
+  const store::SettingField* field;
+  std::string text;
+
+  void applyTo(store::SiteSettings& settings) const { static_cast<void>(field->setText(settings, text)); }
+};
+using GivenSettings = std::vector<GivenSetting>;
+
 /// Made once, before the command runs.
 struct CliContext {
   store::GlobalControls controls;
@@ -34,6 +44,9 @@ struct CliContext {
 
   /// What changes sites.
   store::AddEditDeleteSites sites() const { return {controls, reasons.state()}; }
+
+  /// How the site is scanned; warns of what is wrong with its settings.
+  store::SiteSettings settingsOf(std::string_view siteName) const;
 
   /// Sites are looked up in the listing alone, so that a name like "../x" leads nowhere.
   bool hasSite(std::string_view name) const;

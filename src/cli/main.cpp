@@ -2,11 +2,11 @@
 #include <exception>
 #include <functional>
 #include <iostream>
-#include <limits>
 #include <memory>
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -17,6 +17,7 @@
 #include "cli/site_commands.h"
 #include "cli/validate_command.h"
 #include "sitemaps/layouts.h"
+#include "store/site_settings.h"
 
 namespace {
 
@@ -65,6 +66,29 @@ CLI::Option* addTexts(CLI::App* command, const std::string& flag, const std::str
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
+/// Options of a command for all settings of a site; gives those that were used.
+std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
+  std::vector<std::pair<const store::SettingField*, const CLI::Option*>> options;
+  for (const store::SettingField& field : store::kSiteSettings) {
+    const auto check = [&field](const std::string& text) -> std::string {
+      store::SiteSettings settings;
+      return field.setText(settings, text) ? "" : "It has to be " + field.allowed();
+    };
+    const bool isNumber = std::holds_alternative<store::WholeNumber>(field.value);
+    const std::string help = std::string(field.help) + ": " + field.allowed() + " [" + field.text({}) + "]";
+    options.emplace_back(&field,
+                         addText(command, "--" + std::string(field.key), isNumber ? "N" : "NAME", help)
+                             ->check(CLI::Validator(check, "")));
+  }
+  return [options = std::move(options)] {
+    cli::GivenSettings given;
+    for (const auto& [field, option] : options) {
+      if (auto text = givenText(option)) given.push_back({field, *std::move(text)});
+    }
+    return given;
+  };
+}
+
 void addSitesCommand(CLI::App& app, Command& chosen) {
   auto* command = app.add_subcommand("sites", "List the sites with the counts of their last scan");
   auto json = std::make_shared<bool>(false);
@@ -88,24 +112,28 @@ void addAddCommand(CLI::App& app, Command& chosen) {
       ->add_option("URL", arguments->url, "Where a scan of the site starts; http:// is added where missing")
       ->required()
       ->type_name("");
+  const auto settings = addSettings(command);
   command->footer("Example:\n  veskel-cli add shop www.example.com");
-  command->callback([arguments, &chosen] {
-    chosen = [arguments](const CliContext& context) {
-      return cli::addSite(context, arguments->name, arguments->url);
+  command->callback([arguments, settings, &chosen] {
+    chosen = [arguments, given = settings()](const CliContext& context) {
+      return cli::addSite(context, arguments->name, arguments->url, given);
     };
   });
 }
 
 void addEditCommand(CLI::App& app, Command& chosen) {
-  auto* command = app.add_subcommand("edit", "Rename a site, change its URL or its robots switch");
+  auto* command =
+      app.add_subcommand("edit", "Rename a site, change its URL, its robots switch or how it is scanned");
   auto options = std::make_shared<cli::EditOptions>();
   addName(command, options->siteName);
   const auto* newName = addText(command, "--name", "NEW", "Rename the site");
   const auto* newUrl = addText(command, "--url", "URL", "Where a scan starts from now on");
   const auto* robots = addText(command, "--ignore-robots", "yes|no", "Whether scans ignore robots.txt")
                            ->check(CLI::IsMember({"yes", "no"}, CLI::ignore_case).description(""));
+  const auto settings = addSettings(command);
   command->footer("Example:\n  veskel-cli edit shop --name store --url https://store.example.com");
-  command->callback([options, newName, newUrl, robots, &chosen] {
+  command->callback([options, newName, newUrl, robots, settings, &chosen] {
+    options->settings = settings();
     options->newName = givenText(newName);
     options->newUrl = givenText(newUrl);
     if (const auto answer = givenText(robots)) options->ignoreRobots = *answer == "yes";
@@ -152,21 +180,18 @@ void addScanCommand(CLI::App& app, Command& chosen) {
   auto* command = app.add_subcommand("scan", "Scan a site and write its sitemaps");
   auto options = std::make_shared<cli::ScanOptions>();
   addName(command, options->siteName);
-  command->add_option("--connections", options->connections, "Pages fetched at the same time, 1 to 64")
-      ->check(CLI::Range(1, 64).description(""))
-      ->type_name("N")
-      ->capture_default_str();
   const auto* loops =
       addText(command, "--loops", "continue|cancel", "When the site seems to lead in a circle [continue]")
           ->check(CLI::IsMember({"continue", "cancel"}).description(""));
   const auto* progress =
       addText(command, "--progress", "auto|bar|json|none", "How progress is shown [auto: bar on a terminal]")
           ->check(CLI::IsMember({"auto", "bar", "json", "none"}).description(""));
-  command->add_option("--max-pages", options->maxPages, "Stop after so many pages")
-      ->check(CLI::Range(1, std::numeric_limits<int>::max()).description(""))
-      ->type_name("N");
-  command->footer("Example:\n  veskel-cli scan shop --loops cancel --progress json");
-  command->callback([options, loops, progress, &chosen] {
+  const auto settings = addSettings(command);
+  command->footer(
+      "A setting that is given here counts for this scan, in place of what \"edit\" has set for the site.\n\n"
+      "Example:\n  veskel-cli scan shop --loops cancel --progress json");
+  command->callback([options, loops, progress, settings, &chosen] {
+    options->settings = settings();
     if (givenText(loops) == "cancel") options->loops = cli::LoopAnswer::cancelScan;
     const std::string style = givenText(progress).value_or("auto");
     options->progress = style == "bar"    ? cli::ProgressStyle::bar

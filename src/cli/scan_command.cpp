@@ -53,7 +53,8 @@ std::optional<crawler::ScanSettings> selectForScan(const CliContext& context, co
   return crawler::ScanSettings{.siteName = name,
                                .startUrl = site.details.url,
                                .ignoreRobots = site.details.ignoreRobots,
-                               .filters = filters.entries};
+                               .filters = filters.entries,
+                               .site = context.settingsOf(name)};
 }
 
 void printCounts(const crawler::ScanResult& result, double seconds) {
@@ -161,14 +162,13 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   ExitCode failure = exitDone;
   std::optional<crawler::ScanSettings> settings = selectForScan(context, options.siteName, failure);
   if (!settings) return failure;
-  settings->maxPages = options.maxPages;
+  for (const GivenSetting& each : options.settings) each.applyTo(settings->site);
   settings->dateStyle = platform::environmentDateStyle();
 
   const auto started = std::chrono::steady_clock::now();
   const SignalWatch signals;
   platform::CurlHttpClient client("Veskel/" VESKEL_VERSION);
-  crawler::ReadAheadPages pages(
-      client, {.connections = options.connections, .maxPages = static_cast<std::size_t>(options.maxPages)});
+  crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site));
   const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
   crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons},
                                *std::move(settings));

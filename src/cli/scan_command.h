@@ -14,10 +14,9 @@ enum class ProgressStyle { automatic, bar, json, none };
 
 struct ScanOptions {
   std::string siteName;
-  int connections = 6;
   LoopAnswer loops = LoopAnswer::keepGoing;
   ProgressStyle progress = ProgressStyle::automatic;
-  int maxPages = 0;  // 0: no limit
+  GivenSettings settings = {};  // for this scan, in place of the site's own
 };
 
 /// Scans the site and says how it went. Returns the exit code.

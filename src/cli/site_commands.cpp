@@ -76,12 +76,27 @@ std::optional<store::SiteEdit> checkEdit(const EditOptions& options) {
   return {};
 }
 
+/// Says why the site's settings could not be changed; nothing when they were.
+std::optional<ExitCode> saveSettings(const CliContext& context, const std::string& name,
+                                     const GivenSettings& given) {
+  if (given.empty()) return {};
+  const store::StateFolder& state = context.reasons.state();
+  const auto saved = store::changeSettings(context.controls, state, name, [&](auto& settings) {
+    for (const GivenSetting& each : given) each.applyTo(settings);
+  });
+  if (saved.ok()) return {};
+  if (saved.status == platform::FileStatus::busy) return reportBusySite(name);
+  return reportFileFailure("Could not save", store::settingsFile(state, name), saved);
+}
+
 /// Shows what is stored now.
 ExitCode printStoredSite(const CliContext& context, const std::string& name) {
   const auto site = store::readSite(context.controls, name);
   if (!site.result.ok()) return reportFileFailure("Could not read", site.path, site.result);
+  const std::string settings = store::settingsAsOptions(context.settingsOf(name));
   std::cout << printable(name) << ": " << printable(site.details.url)
-            << (site.details.ignoreRobots ? " (robots.txt ignored)" : "") << '\n';
+            << (site.details.ignoreRobots ? " (robots.txt ignored)" : "")
+            << (settings.empty() ? "" : " (" + settings + ")") << '\n';
   return exitDone;
 }
 
@@ -146,7 +161,8 @@ ExitCode listSites(const CliContext& context, OutputStyle style) {
   return code;
 }
 
-ExitCode addSite(const CliContext& context, const std::string& typedName, const std::string& typedUrl) {
+ExitCode addSite(const CliContext& context, const std::string& typedName, const std::string& typedUrl,
+                 const GivenSettings& settings) {
   if (!fitsOneLine(typedName) || !fitsOneLine(typedUrl)) return reportOddCharacters();
   const store::SiteInput input = store::checkSiteInput(typedName, typedUrl);
   if (!input.error.empty()) return reportInputErrors(input.error);
@@ -157,26 +173,33 @@ ExitCode addSite(const CliContext& context, const std::string& typedName, const 
     return exitBadInput;
   }
   if (const auto code = reportUnsaved(saved, "Could not save", input.name)) return *code;
+  if (const auto code = saveSettings(context, input.name, settings)) return *code;
   return printStoredSite(context, input.name);
 }
 
 ExitCode editSite(const CliContext& context, const EditOptions& options) {
-  if (!options.newName && !options.newUrl && !options.ignoreRobots) {
-    printError("There is nothing to change: give --name, --url or --ignore-robots.");
+  const bool changesRecord = options.newName || options.newUrl || options.ignoreRobots;
+  if (!changesRecord && options.settings.empty()) {
+    printError("There is nothing to change: give --name, --url, --ignore-robots or a setting.");
     return exitBadInput;
   }
   if (!context.hasSite(options.siteName)) return reportUnknownSite(options.siteName);
   const auto edit = checkEdit(options);
   if (!edit) return exitBadInput;
+  const std::string name = edit->name.value_or(options.siteName);
   // Saving under a taken name could give the other site this URL. Here nobody sees that site, so nothing is
   // done.
-  const auto saved = context.sites().saveEditedSite(options.siteName, *edit, store::NameClash::refuse);
+  store::SaveResult saved;
+  if (changesRecord) {
+    saved = context.sites().saveEditedSite(options.siteName, *edit, store::NameClash::refuse);
+  }
   if (saved.outcome == store::SaveOutcome::nameTaken) {
     printError(store::renameNameTaken(printable(*edit->name)));
     return exitBadInput;
   }
   if (const auto code = reportUnsaved(saved, "Could not save", options.siteName)) return *code;
-  return printStoredSite(context, edit->name.value_or(options.siteName));
+  if (const auto code = saveSettings(context, name, options.settings)) return *code;
+  return printStoredSite(context, name);
 }
 
 ExitCode deleteSite(const CliContext& context, const std::string& name, Confirmation confirmation) {
@@ -220,7 +243,7 @@ ExitCode showSite(const CliContext& context, const std::string& name, OutputStyl
   if (!context.hasSite(name)) return reportUnknownSite(name);
   const auto site = store::readSite(context.controls, name);
   if (!site.result.ok()) return reportFileFailure("Could not read", site.path, site.result);
-  const ShownSite shown{name, context.controls.siteFolder(name), site.details,
+  const ShownSite shown{name, context.controls.siteFolder(name), site.details, context.settingsOf(name),
                         context.reasons.lookUp(name, site.details.badLinks)};
   if (style == OutputStyle::json) {
     printSiteJson(shown);

@@ -13,13 +13,15 @@ enum class OutputStyle { text, json };
 
 ExitCode listSites(const CliContext& context, OutputStyle style);
 
-ExitCode addSite(const CliContext& context, const std::string& typedName, const std::string& typedUrl);
+ExitCode addSite(const CliContext& context, const std::string& typedName, const std::string& typedUrl,
+                 const GivenSettings& settings);
 
 struct EditOptions {
   std::string siteName;
   std::optional<std::string> newName = {};  // as typed
   std::optional<std::string> newUrl = {};   // as typed
   std::optional<bool> ignoreRobots = {};
+  GivenSettings settings = {};
 };
 
 /// What is not given stays as it is.

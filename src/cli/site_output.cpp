@@ -61,6 +61,16 @@ Json detailsJson(const std::string& name, const store::SiteDetails& details) {
   return json;
 }
 
+/// Numbers as numbers, and choices by their names.
+Json settingsJson(const store::SiteSettings& settings) {
+  Json json = Json::object();
+  for (const store::SettingField& field : store::kSiteSettings) {
+    const auto* number = std::get_if<store::WholeNumber>(&field.value);
+    json[std::string(field.key)] = number ? Json(settings.*number->member) : Json(field.text(settings));
+  }
+  return json;
+}
+
 /// JSON escapes the ASCII controls only; on a terminal everything beyond ASCII is escaped, so that nothing is
 /// obeyed.
 void print(const Json& json) {
@@ -97,8 +107,10 @@ void printSite(const ShownSite& site) {
   const store::SiteDetails& details = site.details;
   std::cout << "Name:        " << printable(site.name) << '\n'
             << "URL:         " << printable(details.url) << '\n'
-            << "robots.txt:  " << (details.ignoreRobots ? "ignored" : "obeyed") << '\n'
-            << "Folder:      " << printable(site.folder.native()) << '\n'
+            << "robots.txt:  " << (details.ignoreRobots ? "ignored" : "obeyed") << '\n';
+  const std::string settings = store::settingsAsOptions(site.settings);
+  if (!settings.empty()) std::cout << "Settings:    " << settings << '\n';
+  std::cout << "Folder:      " << printable(site.folder.native()) << '\n'
             << "Pages found: " << details.pagesFound << '\n'
             << "Total links: " << details.totalLinks << '\n'
             << "Pages used:  " << details.pagesUsed << '\n'
@@ -113,6 +125,7 @@ void printSite(const ShownSite& site) {
 
 void printSiteJson(const ShownSite& site) {
   Json json = detailsJson(site.name, site.details);
+  json["settings"] = settingsJson(site.settings);
   json["folder"] = site.folder.native();
   json["broken"] = Json::array();
   for (const store::BrokenPage& page : site.brokenPages) {

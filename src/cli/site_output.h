@@ -8,6 +8,7 @@
 
 #include "store/broken_reasons.h"
 #include "store/site_list.h"
+#include "store/site_settings.h"
 
 namespace cli {
 
@@ -27,6 +28,7 @@ struct ShownSite {
   std::string name;
   std::filesystem::path folder;
   store::SiteDetails details;
+  store::SiteSettings settings;
   std::vector<store::BrokenPage> brokenPages;
 };
 

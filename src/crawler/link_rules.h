@@ -2,11 +2,14 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "crawler/page_queue.h"
+#include "crawler/scan_settings.h"
 
 namespace crawler {
 
@@ -49,6 +52,10 @@ class LinkRules {
   virtual std::optional<std::string_view> keyOfNewPage(std::string_view link,
                                                        const PageQueue& known) const = 0;
 };
+
+/// The set of rules for a scan. `robotsRules` are those of the site's robots.txt that count.
+std::unique_ptr<LinkRules> makeLinkRules(const ScanSettings& settings,
+                                         const std::vector<std::string>& robotsRules);
 
 /// Whether the address hints at links that build upon each other without end: four or more question marks.
 bool looksLikeLoop(std::string_view url);

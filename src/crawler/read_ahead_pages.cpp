@@ -29,6 +29,10 @@ bool wantsDate(const FetchedPage& page) {
 
 }  // namespace
 
+ReadAheadLimits limitsFor(const store::SiteSettings& site) {
+  return {.connections = site.connections, .maxPages = static_cast<std::size_t>(site.maxPages)};
+}
+
 ReadAheadPages::ReadAheadPages(platform::HttpClient& client, const ReadAheadLimits& limits)
     : m_client(client), m_limits(limits) {
   for (int i = 0; i < std::max(1, m_limits.connections); ++i) m_threads.emplace_back([this] { work(); });

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "crawler/page_source.h"
+#include "store/site_settings.h"
 
 namespace crawler {
 
@@ -28,6 +29,9 @@ struct ReadAheadLimits {
   std::size_t rememberedBytes = 16u << 20;  // of their contents
   std::size_t maxPages = 0;                 // none is fetched beyond so many in all; 0: no limit
 };
+
+/// The limits for a site that is scanned so.
+ReadAheadLimits limitsFor(const store::SiteSettings& site);
 
 /// Visits coming pages over several connections at once, in the order in which they were announced, each on
 /// one of its own threads, which reads it too and asks for its date where it came without. What page() gives for an address is what

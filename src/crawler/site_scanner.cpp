@@ -114,8 +114,7 @@ bool SiteScanner::connect() {
   const std::string siteBaseURL = siteBaseOf(m_settings.startUrl);
   // A scan that is cancelled while it connects ends like any cancelled one, with its documents closed.
   if (ok || m_terminateScan) {
-    m_links = std::make_unique<SimpleLinkRules>(m_settings.startUrl, m_settings.filters,
-                                                readRobots(siteBaseURL), m_settings.bounds.link);
+    m_links = makeLinkRules(m_settings, readRobots(siteBaseURL));
     m_uniquePages->append(m_settings.startUrl);
     m_services.pages.expect((*m_uniquePages)[0]);
     m_services.view.connectionEstablished();
@@ -155,7 +154,7 @@ std::string SiteScanner::unreachableReason(const std::string& siteBaseURL) {
 
 void SiteScanner::extractLinksFromPage() {
   for (std::size_t i = 0; i < m_uniquePages->size(); ++i) {
-    if (m_settings.maxPages > 0 && m_ssf >= m_settings.maxPages) m_terminateScan = true;
+    if (m_settings.site.maxPages > 0 && m_ssf >= m_settings.site.maxPages) m_terminateScan = true;
     if (m_terminateScan || visit((*m_uniquePages)[i]) == PageStep::leaveLoop) break;
   }
   m_result.end = m_terminateScan ? ScanEnd::cancelled : ScanEnd::complete;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <atomic>
-#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -17,6 +16,7 @@
 #include "crawler/page_queue.h"
 #include "crawler/page_source.h"
 #include "crawler/repeat_watch.h"
+#include "crawler/scan_settings.h"
 #include "crawler/scan_view.h"
 #include "platform/dates.h"
 #include "platform/http_client.h"
@@ -25,24 +25,6 @@
 #include "store/global_controls.h"
 
 namespace crawler {
-
-/// Bounds on what a site can make a scan hold, in bytes.
-struct ScanBounds {
-  std::size_t link = 8'192;                  // of an absolute link; a longer one is left out
-  std::size_t pageEntries = 64'000'000;      // of one page's entries; further links of it are left out
-  std::size_t queue = PageQueue::kMaxBytes;  // of the addresses of all pages; further ones are left out
-};
-
-/// The site, and how it is scanned. The scan has its own copy.
-struct ScanSettings {
-  std::string siteName;
-  std::string startUrl;       // as the record holds it
-  bool ignoreRobots = false;  // the switch beside the site
-  std::vector<std::string> filters = {};
-  int maxPages = 0;                    // stop as if cancelled after so many; 0: no limit
-  platform::DateStyle dateStyle = {};  // how last modification dates are written
-  ScanBounds bounds = {};
-};
 
 /// What a scan works with. All of it is borrowed and outlives the scanner.
 struct ScanServices {

@@ -11,7 +11,9 @@
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
 #include "store/site_record.h"
+#include "store/site_settings.h"
 #include "support/run_program.h"
+#include "support/site_server.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -114,7 +116,7 @@ TEST_F(SiteCommands, BadInputIsNamedAndChangesNothing) {
       {"where is an unknown site", {"where", "none"}, kUnknown},
       {"scan an unknown site", {"scan", "none"}, kUnknown},
       {"too many connections", {"scan", "shop", "--connections", "65"}, "--connections: "},
-      {"no pages", {"scan", "shop", "--max-pages", "0"}, "--max-pages: "},
+      {"no pages", {"scan", "shop", "--max-pages", "-1"}, "--max-pages: "},
       {"unknown loop answer", {"scan", "shop", "--loops", "maybe"}, "--loops: "},
       {"unknown progress", {"scan", "shop", "--progress", "0"}, "--progress: "},
       {"unknown command", {"sties"}, "Unknown command: sties\n"},
@@ -189,6 +191,23 @@ TEST_F(SiteCommands, EditChangesOnlyWhatIsGiven) {
   EXPECT_EQ(read("Shop/Shop.qzVSK"), store::newSiteRecord("Shop", "http://b.test/"));
   EXPECT_EQ(snapshot().size(), 1u);
   EXPECT_EQ(reasons.lookUp("Shop", {"http://a.test/x"})[0].reason, "404 - Not Found");
+}
+
+TEST_F(SiteCommands, SettingsCountUntilAScanIsToldOtherwise) {
+  const support::SiteServer server(
+      {{"/", {"<a href='a.html'>A</a><a href='b.html'>B</a>"}}, {"/a.html", {"A"}}, {"/b.html", {"B"}}});
+  prepare({"add", "shop", server.url(), "--max-pages", "2"});
+  EXPECT_THAT(run({"edit", "shop", "--name", "store", "--connections", "1"}).output,
+              HasSubstr(" (--max-pages 2 --connections 1)\n"));
+  EXPECT_THAT(run({"show", "store"}).output, HasSubstr("\nSettings:    --max-pages 2 --connections 1\n"));
+  EXPECT_THAT(run({"scan", "store"}).output, HasSubstr(" after 2 of 3 pages"));
+  EXPECT_THAT(run({"scan", "store", "--max-pages", "0"}).output, HasSubstr("Scanned \"store\""));
+
+  prepare({"edit", "store", "--max-pages", "0"});
+  EXPECT_EQ(nlohmann::json::parse(run({"show", "store", "--json"}).output)["settings"],
+            nlohmann::json::parse(R"({"max-pages": 0, "connections": 1})"));
+  ASSERT_TRUE(platform::replaceFile(store::settingsFile(reasons.state(), "store"), "connections 0\n").ok());
+  EXPECT_THAT(run({"scan", "store"}).errors, HasSubstr("\"connections\" was ignored: it has to be 1 to 64."));
 }
 
 TEST_F(SiteCommands, DeleteAsksOnATerminal) {

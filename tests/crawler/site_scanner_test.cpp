@@ -136,7 +136,7 @@ TEST(Scan, ClosesItsDocumentsWhenCancelledInMidPage) {
 TEST(Scan, StopsAfterTheGivenNumberOfPages) {
   const SiteServer server(chainOf(5));
   ScanRun run(server.url());
-  run.settings.maxPages = 2;
+  run.settings.site.maxPages = 2;
   const ScanResult result = run.scan();
   EXPECT_EQ(result.end, ScanEnd::cancelled);
   EXPECT_EQ(result.progress.pagesScanned, 2);
@@ -170,7 +170,7 @@ TEST(Scan, TellsOnceThatASiteMayHaveNoEnd) {
     return {titled("List", linkTo("x"))};
   });
   ScanRun run(server.url());
-  run.settings.maxPages = 210;
+  run.settings.site.maxPages = 210;
   run.scan();
   const std::string hint =
       "This scan may not end: 200 addresses gave the same page as " + server.url("list?p=1") + ", filter ?";
