@@ -71,34 +71,11 @@ json tokensOf(Tokenizer tokenizer) {
   return tokens;
 }
 
-/// Cases write characters that JSON cannot hold as "\u" and four digits once more. Halves of a pair that
-/// stand alone become three bytes each.
-std::string unescaped(const std::string& text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size();) {
-    if (text.compare(i, 2, "\\u") != 0) {
-      result += text[i++];
-      continue;
-    }
-    unsigned code = static_cast<unsigned>(std::stoul(text.substr(i + 2, 4), nullptr, 16));
-    i += 6;
-    if (code >= 0xD800 && code < 0xDC00 && text.compare(i, 3, "\\uD") == 0) {
-      const unsigned low = static_cast<unsigned>(std::stoul(text.substr(i + 2, 4), nullptr, 16));
-      code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
-      i += 6;
-    }
-    const auto tail = [&](unsigned shift) { return static_cast<char>(0x80 | (code >> shift & 0x3F)); };
-    if (code < 0x80) {
-      result += static_cast<char>(code);
-    } else if (code < 0x800) {
-      result += {static_cast<char>(0xC0 | code >> 6), tail(0)};
-    } else if (code < 0x10000) {
-      result += {static_cast<char>(0xE0 | code >> 12), tail(6), tail(0)};
-    } else {
-      result += {static_cast<char>(0xF0 | code >> 18), tail(12), tail(6), tail(0)};
-    }
-  }
-  return result;
+/// Cases write characters that are hard to see as "\u" and four digits once more. Null for halves of a pair
+/// that stand alone, which no page holds.
+json unescaped(const std::string& text) {
+  const json parsed = json::parse('"' + text + '"', nullptr, false);
+  return parsed.is_discarded() ? json() : parsed;
 }
 
 json unescaped(const json& value) {
@@ -108,7 +85,8 @@ json unescaped(const json& value) {
     for (json& each : result) each = unescaped(json(each));
   } else if (value.is_object()) {
     result = json::object();
-    for (const auto& [name, each] : value.items()) result[unescaped(name)] = unescaped(each);
+    for (const auto& [name, each] : value.items())
+      result[unescaped(name).get<std::string>()] = unescaped(each);
   }
   return result;
 }
@@ -121,8 +99,9 @@ const std::map<std::string, Content> kStates = {
 /// How many cases there were.
 int tryCase(const json& each) {
   const bool escaped = each.value("doubleEscaped", false);
-  const std::string input =
-      escaped ? unescaped(each["input"].get<std::string>()) : each["input"].get<std::string>();
+  const json written = escaped ? unescaped(each["input"].get<std::string>()) : each["input"];
+  if (written.is_null()) return 0;
+  const auto input = written.get<std::string>();
   const json expected = escaped ? unescaped(each["output"]) : each["output"];
   int tried = 0;
   for (const std::string& state : each.value("initialStates", std::vector<std::string>{"Data state"})) {

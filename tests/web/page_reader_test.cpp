@@ -35,7 +35,6 @@ TEST(PageReader, KnowsThePagesTitle) {
        "\n\xC3\xA9\xE2\x80\x93\xC2\xACit;\xEF\xBF\xBD"},
       {"end tag with more to it", "<title>x</titles></title foo='>'>y", "x</titles>"},
       {"never closed", "<title>Open<p>x", "Open<p>x"},
-      {"tag cut off", "<title", "(none)"},
       {"drawn, with another one", "<svg><title>Drawn</title></svg><title>Page</title>", "Page"},
       {"drawn only", "<svg><title>D<b>r</b>awn</title><text>x</text></svg><svg><title>2</title></svg>",
        "Drawn"},
@@ -43,12 +42,10 @@ TEST(PageReader, KnowsThePagesTitle) {
       {"in a drawing's HTML", "<svg><foreignObject><title>a<b></title></foreignObject></svg>", "a<b>"},
       {"behind a drawing that HTML ends", "<svg><g><p><title>a<b></title>", "a<b>"},
       {"self-closing", "<title/>x</title>", "x"},
-      {"self-closing and drawn", "<svg><title/></svg><svg><title>x</title></svg>", "x"},
       {"in a formula", "<math><title>x</title></math>", "(none)"},
       {"in a template", "<template><title>x</title></template>", "(none)"},
       {"behind a template in a template",
        "<template><template></template><title>x</title></template><title>y</title>", "y"},
-      {"in an anchor", "<a><title>x</title></a>", "x"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -62,7 +59,6 @@ TEST(PageReader, KnowsWhereAnAnchorEnds) {
     std::string markup;
     std::vector<std::string> anchors;
   };
-  using namespace std::string_literals;
   const Case cases[] = {
       {"its end tag", "<a href=1>x<b>y</b> z</A>w", {"1|xy z|"}},
       {"the next anchor", "<a href=1>x<b><a href=2>y</b></a>z", {"1|x|", "2|y|"}},
@@ -74,11 +70,8 @@ TEST(PageReader, KnowsWhereAnAnchorEnds) {
        {"1|xyz|"}},
       {"a table right within one", "<table><tr><td><a href=1>x<table><table></table>y</table>z", {"1|xy|"}},
       {"its caption", "<table><caption><a href=1>x<tbody>y</table>", {"1|x|"}},
-      {"its object", "<object><a href=1>x<object>y</object>z</object>w", {"1|xyz|"}},
-      {"its button", "<button><a href=1>x</button>y", {"1|x|"}},
       {"its drawing", "<svg><a href=1>x</svg>y", {"1|x|"}},
       {"its list item", "<ul><li>a<li><a href=1>x</li>y</ul>", {"1|x|"}},
-      {"its list", "<ul><li><a href=1>x</ul>y", {"1|x|"}},
       {"ends of what is not open",
        "<a href=1>x</p></td></object></b></table></li></svg>y</br>z</a>",
        {"1|xyz|"}},
@@ -111,9 +104,6 @@ TEST(PageReader, KnowsWhatIsMarkup) {
   const std::string a = "<a href=1>x</a>";
   const Case cases[] = {
       {"texts", "<style>" + a + "</style><xmp>" + a + "</xmp><iframe>" + a + "</iframe><textarea>" + a, {}},
-      {"other texts",
-       "<noembed>" + a + "</NOEMBED ><script><!--" + a + "--></script><plaintext></plaintext>" + a,
-       {}},
       {"scripts that write scripts", "<script><!--<script></script>" + a + "</script>" + a, {"1|x|"}},
       {"scripts that do not", "<script><!--<script></script>-->" + a + "</script>", {}},
       {"without scripts and frames", "<noscript>" + a + "</noscript><noframes>" + a, {"1|x|", "1|x|"}},

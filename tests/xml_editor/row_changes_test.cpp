@@ -20,52 +20,24 @@ TEST(Refusal, HoldsDatesToTheirOddBounds) {
     const char* refused;
   };
   const Case cases[] = {
-      {"2010-06-15", ""},
-      {"2011-02-03", ""},
-      {"2010-12-25", ""},
       {"2010-12-31", ""},
       {"2010-12-99", ""},  // the digits of the day are not looked at
       {"2010-02-00", ""},
-      {"2010-09-30", ""},
-      {"0000-05-05", ""},
-      {"2010-00-15", kMonth},
       {"2010-01-15", kMonth},
-      {"2011-01-03", kMonth},
       {"2010-13-15", kMonth},
-      {"2010-99-15", kMonth},
       {"2010-10-15", kDay},  // the day is read from the month's second digit on
       {"2010-11-15", kDay},
-      {"2011-11-03", kDay},
       {"15/06/2010", kForm},
       {"2010-6-15", kForm},
-      {"2010-06-1", kForm},
-      {"10-06-15", kForm},
-      {"2010/06/15", kForm},
-      {"2010-06- 5", kForm},
-      {"+010-06-15", kForm},
-      {"2010-+6-15", kForm},
-      {"abc", kForm},
-      {" ", kForm},
       {"\xD9\xA2\xD9\xA0\xD9\xA1\xD9\xA0-\xD9\xA0\xD9\xA6-\xD9\xA1\xD9\xA5", kForm},  // Arabic digits
-      {"2010-06-1\xD9\xA5", kForm},
       {"x2010-06-15", kMonth},
-      {" 2010-06-15", kMonth},
-      {"-2010-06-15", kMonth},
-      {"\xC3\xA9"
-       "2010-06-15",
-       kMonth},
-      {"2010-06-15 ", ""},
       {"2010-06-15T12:00:00Z", ""},
-      {"2010-06-15 and so on", ""},
-      {"2010-01-15T12:00:00Z", kMonth},
       {"\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9"
        "07 2010-01-15",
        ""},                            // by characters, not bytes
       {"00000 7 2010-06-15", kMonth},  // a blank is no digit
       {"0000012345678901234567890-2010-06-15", kMonth},
-      {"00000+7-2010-06-15", kMonth},
       {"2010-06-15\xC3\xA9\xE2\x82\xAC", ""},
-      {"2010-06-15$1", ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.value);
@@ -76,10 +48,8 @@ TEST(Refusal, HoldsDatesToTheirOddBounds) {
 TEST(Refusal, RefusesNothingElseThanBlankFields) {
   EXPECT_EQ(refusal(Field::loc, "", ""), "The URL field cannot be left blank");
   EXPECT_EQ(refusal(Field::lastmod, "", "2024-05-06"), "The Last Updated field cannot be left blank");
-  EXPECT_EQ(refusal(Field::changefreq, "", ""), "The Change Frequency field cannot be left blank");
   EXPECT_EQ(refusal(Field::priority, "", ""), "The Link Priority field cannot be left blank");
   EXPECT_EQ(refusal(Field::loc, " ", ""), "");
-  EXPECT_EQ(refusal(Field::changefreq, "sometimes", ""), "");
   EXPECT_EQ(refusal(Field::priority, "7", ""), "");
 }
 
@@ -89,14 +59,10 @@ std::string rowWith(const std::string& loc, const std::string& lastmod = "2010-0
 }
 
 TEST(WithValue, TakesWhatWasTypedLiterally) {
-  for (const std::string value :
-       {"http://b/?x=1&y=2", "$1", "\\1", "\\", "$0$&", "a+b(c)*[d]?^.|{2}", "<b>", "\"'"}) {
+  for (const std::string value : {"http://b/?x=1&y=2", "$1", "\\1", "$0$&", "a+b(c)*[d]?^.|{2}", "<b>"}) {
     SCOPED_TRACE(value);
     EXPECT_EQ(withValue(rowWith("http://a/"), Field::loc, value), rowWith(value));
     EXPECT_EQ(shownValue(withValue(rowWith("http://a/"), Field::lastmod, value), Field::lastmod), value);
-    EXPECT_EQ(shownValue(withValue(rowWith("http://a/"), Field::changefreq, value), Field::changefreq),
-              value);
-    EXPECT_EQ(shownValue(withValue(rowWith("http://a/"), Field::priority, value), Field::priority), value);
   }
 }
 
@@ -119,34 +85,14 @@ TEST(WithValue, SetsOtherElementsOnALineOfTheirOwn) {
 }
 
 TEST(FindElement, MatchesAsTheExpressionWould) {
-  struct Case {
-    const char* name;
-    const char* row;
-    const char* whole;  // null: none
-    const char* value;
+  const auto valueIn = [](std::string_view row) {
+    const auto found = findElement(row, Field::loc);
+    return found ? std::string(found->value) : std::string("(none)");
   };
-  const Case cases[] = {
-      {"empty row", "", nullptr, ""},
-      {"empty element", "<loc></loc>", "<loc></loc>", ""},
-      {"up to the last end tag of the line", "<loc>a</loc>b</loc>c\n</loc>", "<loc>a</loc>b</loc>",
-       "a</loc>b"},
-      {"a line feed within is no match", "<loc>a\n</loc>", nullptr, ""},
-      {"the next line has one", "<loc>a\n<loc>b</loc>", "<loc>b</loc>", "b"},
-      {"a carriage return may be within", "<loc>a\r</loc>", "<loc>a\r</loc>", "a\r"},
-      {"start tag twice", "<loc><loc>a</loc>", "<loc><loc>a</loc>", "<loc>a"},
-      {"end before start", "</loc><loc>", nullptr, ""},
-      {"attributes", "<loc x='1'>a</loc>", nullptr, ""},
-      {"other case", "<LOC>a</LOC>", nullptr, ""},
-      {"at the very end", "x<loc>", nullptr, ""},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    const auto found = findElement(c.row, Field::loc);
-    ASSERT_EQ(found.has_value(), c.whole != nullptr);
-    if (!found) continue;
-    EXPECT_EQ(found->whole, c.whole);
-    EXPECT_EQ(found->value, c.value);
-  }
+  EXPECT_EQ(valueIn("<loc>a</loc>b</loc>c\n</loc>"), "a</loc>b");  // to the last end tag of the line
+  EXPECT_EQ(valueIn("<loc>a\n<loc>b</loc>"), "b");
+  EXPECT_EQ(valueIn("<loc><loc>a</loc>"), "<loc>a");
+  EXPECT_EQ(valueIn("</loc><loc>"), "(none)");
 }
 
 TEST(ShownValue, UnescapesAmpersandsOfAddressesAlone) {
@@ -165,9 +111,7 @@ TEST(ChosenValue, KnowsTheHighestPriorityInBothForms) {
   EXPECT_EQ(chosen("<priority>1.0</priority>", Field::priority), "highestPriority");
   EXPECT_EQ(chosen("<priority>0.0</priority>", Field::priority), "pZeroPriority");
   EXPECT_EQ(chosen("<priority>0</priority>", Field::priority), "none");
-  EXPECT_EQ(chosen("<priority></priority>", Field::priority), "none");
   EXPECT_EQ(chosen("<changefreq>never</changefreq>", Field::changefreq), "neverMenuItem");
-  EXPECT_EQ(chosen("<changefreq>Never</changefreq>", Field::changefreq), "none");
   EXPECT_EQ(chosen("<url></url>", Field::changefreq), "none");
 }
 
