@@ -15,8 +15,9 @@ CONNECTIONS = 6
 class ScanJobs:
     """Makes the jobs for one veskel-cli."""
 
-    def __init__(self, program):
+    def __init__(self, program, name="veskel-cli scan"):
         self.program = str(program)
+        self.name = name
 
     def prepare(self, folder, url, filters):
         commands = [["add", "bench", url]] + [["filters", "bench", "--add", text] for text in filters]
@@ -24,9 +25,8 @@ class ScanJobs:
             subprocess.run([self.program, *command], check=True, stdout=subprocess.DEVNULL, timeout=30,
                            env={"PATH": os.environ["PATH"], "HOME": str(folder)})
 
-    def job(self, site, pages, megabytes, url, connections=CONNECTIONS, name="veskel-cli scan", filters=(),
-            statuses=(0,)):
-        return Job(site, name, pages, megabytes,
+    def job(self, site, pages, megabytes, url, connections=CONNECTIONS, name=None, filters=(), statuses=(0,)):
+        return Job(site, name or self.name, pages, megabytes,
                    command=lambda folder: [self.program, "scan", "bench", "--connections", str(connections)],
                    check=lambda folder, output: wrong_count(used_pages(output), pages),
                    prepare=lambda folder: self.prepare(folder, url, filters), statuses=statuses)
@@ -64,6 +64,13 @@ def curl_job(site, pages, megabytes, urls, connections=CONNECTIONS):
                                        "--parallel-max", str(connections), "--write-out", "%{http_code}\\n",
                                        "--config", str(folder / "urls")],
                check=lambda folder, output: wrong_count(output.count("200\n"), pages), prepare=prepare)
+
+
+def lean_job(program, site, pages, megabytes, url):
+    """A crawler that reads titles and links, and writes nothing."""
+    return Job(site, "lean crawler", pages, megabytes,
+               command=lambda folder: [program, url, str(CONNECTIONS)],
+               check=lambda folder, output: wrong_count(int(output.split()[0]), pages))
 
 
 def copy_job(site, pages, megabytes, url, command):

@@ -1,12 +1,13 @@
-"""Measures what bench/run asks for and prints the table. Called as measure.py [--quick] ROOT [SECTION...]"""
+"""Measures what bench/run asks for and prints the table."""
 
+import argparse
 import signal
 import subprocess
 import sys
 import time
 from pathlib import Path
 
-from jobs import ScanJobs, curl_job, megabytes_of, wget2_job, wget_job
+from jobs import ScanJobs, curl_job, lean_job, megabytes_of, wget2_job, wget_job
 from measuring import Bench
 from servers import nginx, slow_server
 from site_maker import Site
@@ -21,10 +22,12 @@ DOCUMENTATION = {
 
 
 class Measurements:
-    def __init__(self, root, quick):
+    def __init__(self, root, quick=False, lean=False, beside=None):
         self.root = Path(root)
         self.folder = self.root / "build/bench"
         self.quick = quick
+        self.lean = self.folder / "lean-crawler" if lean else None
+        self.beside = ScanJobs(beside, "the other veskel-cli") if beside else None
         self.repetitions = 3 if quick else 5
         self.bench = Bench(self.folder / "work", COMMAND_TIMEOUT)
         self.scans = ScanJobs(self.root / "build/release/src/cli/veskel-cli")
@@ -52,10 +55,17 @@ class Measurements:
             for site, port in zip(sites, ports):
                 # A small site takes so little that single runs say little.
                 repetitions = self.repetitions * (3 if site.pages == 1_000 else 1)
-                scan, bare, wget2, wget = jobs = self.against_others(site, port)
+                scan, bare, wget2, *more = jobs = self.against_others(site, port)
                 self.run(jobs, repetitions)
                 self.goals.append(Goal(f"scan against wget2 -r, {site.pages:,} pages",
-                                       scan.seconds / wget2.seconds, 0.6))
+                                       scan.seconds / wget2.seconds, 0.4))
+                for job in more:
+                    if site.pages == 10_000 and job.name == "lean crawler":
+                        self.goals.append(Goal(f"scan against the lean crawler, {site.pages:,} pages",
+                                               scan.seconds / job.seconds, 1.0))
+                    elif site.pages == 10_000 and self.beside and job.name == self.beside.name:
+                        self.goals.append(Goal(f"CPU time against the other veskel-cli, {site.pages:,} pages",
+                                               scan.median("cpu") / job.median("cpu"), 0.5))
                 if site.pages == 10_000:
                     self.goals.append(Goal(f"scan against the bare transfer, {site.pages:,} pages",
                                            scan.seconds / bare.seconds, 2.5))
@@ -63,10 +73,15 @@ class Measurements:
     def against_others(self, site, port):
         label, size, base = describe(site), site.bytes() / 1e6, f"http://127.0.0.1:{port}/"
         start = base + "index.html"
-        return [self.scans.job(label, site.pages, size, start),
+        jobs = [self.scans.job(label, site.pages, size, start),
                 curl_job(label, site.pages, size, [base + name for name in site.files()]),
                 wget2_job(label, site.pages, size, start),
                 wget_job(label, site.pages, size, start)]
+        if self.lean:
+            jobs.append(lean_job(self.lean, label, site.pages, size, start))
+        if self.beside:
+            jobs.append(self.beside.job(label, site.pages, size, start))
+        return jobs
 
     def large(self):
         """A hundred times the pages, of the same shape."""
@@ -82,7 +97,7 @@ class Measurements:
         self.goals += [
             Goal("time per page, 100,000 against 1,000 pages",
                  scan_large.seconds / large.pages * small.pages / scan_small.seconds, 1.1),
-            Goal("peak memory at 100,000 pages", scan_large.median("rss"), 150, unit="MB"),
+            Goal("peak memory at 100,000 pages", scan_large.median("rss"), 40, unit="MB"),
         ]
 
     def slow(self):
@@ -95,8 +110,11 @@ class Measurements:
                                f"scan --connections {connections}") for connections in (1, 6, 16)]
             # All of it is waiting, which hardly varies.
             self.run(jobs, 2 if self.quick else 3)
-        self.goals.append(Goal("50 ms server, 6 connections against 1", one.seconds / six.seconds, 5, least=True,
-                               unit="times faster"))
+        self.goals += [
+            Goal("50 ms server, 6 connections against 1", one.seconds / six.seconds, 5, least=True,
+                 unit="times faster"),
+            Goal("50 ms server, 300 pages over 6 connections", six.seconds, 3.0, unit="s"),
+        ]
 
     def docs(self):
         """Real documentation."""
@@ -135,14 +153,21 @@ def say(text):
 
 
 def main(arguments):
-    quick = "--quick" in arguments
-    root, *sections = [argument for argument in arguments if argument != "--quick"]
-    chosen = sections or [section for section in SECTIONS if not (quick and section == "large")]
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--quick", action="store_true")
+    parser.add_argument("--lean", action="store_true")
+    parser.add_argument("--beside", metavar="FILE")
+    parser.add_argument("root", metavar="ROOT")
+    parser.add_argument("sections", metavar="SECTION", nargs="*")
+    chosen_options = parser.parse_args(arguments)
+    chosen = chosen_options.sections or [section for section in SECTIONS
+                                         if not (chosen_options.quick and section == "large")]
     # So that an end by a signal still ends the servers.
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(143))
 
     started = time.monotonic()
-    measurements = Measurements(root, quick)
+    measurements = Measurements(chosen_options.root, chosen_options.quick, chosen_options.lean,
+                                chosen_options.beside)
     measurements.folder.mkdir(parents=True, exist_ok=True)
     details = report = ""
     for section in SECTIONS:
