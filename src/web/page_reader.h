@@ -2,19 +2,17 @@
 //
 // Beyond the tokens these are the rules, by which pages come out as browsers show them:
 //  - What script, style, title, textarea, xmp, iframe, noembed and plaintext hold is text. noscript and
-//  noframes hold
-//    markup, as whole sites consist of frames. A line feed right behind the start tag of pre, listing and
-//    textarea is not there.
+//    noframes hold markup, as whole sites consist of frames. A line feed right behind the start tag of pre,
+//    listing and textarea is not there.
 //  - Within svg and math a tag that ends with "/>" is a whole element, "<![CDATA[" begins a section, and the
-//  elements
-//    named above hold markup. An element that only HTML has ends them. HTML begins anew in foreignObject,
-//    desc and title, in mi, mo, mn, ms and mtext, and in an annotation that says that it holds HTML.
+//    elements named above hold markup. An element that only HTML has ends them. HTML begins anew in
+//    foreignObject, desc and title, in mi, mo, mn, ms and mtext, and in an annotation that says that it holds
+//    HTML.
 //  - template is no part of the page.
 //  - The title is the first title element outside of svg and math, or else the first one in svg.
 //  - An anchor ends at its end tag, at the next anchor, where the table cell, caption, object, applet,
-//  marquee,
-//    button, svg or math ends that it began in, and at the end of the page. An end tag in a table, cell or
-//    object within the anchor is not its own.
+//    marquee, button, svg or math ends that it began in, at the end tag of any other element that it began in,
+//    and at the end of the page. An end tag in a table, cell or object within the anchor is not its own.
 #pragma once
 
 #include <optional>

@@ -61,6 +61,7 @@ TEST(PageReader, KnowsWhereAnAnchorEnds) {
   };
   const Case cases[] = {
       {"its end tag", "<a href=1>x<b>y</b> z</A>w", {"1|xy z|"}},
+      {"its end tag, behind elements that cross", "<a href=1><b><i>x</b></i>y</a>z", {"1|xy|"}},
       {"the next anchor", "<a href=1>x<b><a href=2>y</b></a>z", {"1|x|", "2|y|"}},
       {"the end of the page", "<a href=1>x<b>y", {"1|xy|"}},
       {"its cell", "<table><tr><td><a href=1>x</td><td>y</table>", {"1|x|"}},
