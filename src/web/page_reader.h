@@ -11,7 +11,7 @@
 //  - template is no part of the page.
 //  - The title is the first title element outside of svg and math, or else the first one in svg.
 //  - An anchor ends at its end tag, at the next anchor, where the table cell, caption, object, applet,
-//    marquee, button, svg or math ends that it began in, at the end tag of any other element that it began in,
+//    marquee, button, svg or math ends that it began in, at the end tag of any other element around it,
 //    and at the end of the page. An end tag in a table, cell or object within the anchor is not its own.
 #pragma once
 
