@@ -5,11 +5,13 @@
 
 #include "html_editor/fixed_pages.h"
 #include "html_editor/layouts.h"
+#include "platform/enable_unless.h"
 #include "platform/files.h"
 #include "platform/qt_text.h"
 
 namespace html_editor {
 
+using platform::enableUnless;
 using platform::toQString;
 using platform::toUtf8;
 

@@ -6,12 +6,14 @@
 #include "html_editor/html_view_controller.h"
 #include "html_editor/layouts.h"
 #include "html_editor/preview.h"
+#include "platform/enable_unless.h"
 #include "platform/files.h"
 #include "platform/qt_text.h"
 #include "sitemaps/script_text.h"
 
 namespace html_editor {
 
+using platform::enableUnless;
 using platform::toQString;
 using platform::toUtf8;
 

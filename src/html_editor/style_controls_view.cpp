@@ -5,6 +5,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 
+#include "platform/enable_unless.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 
@@ -37,13 +38,6 @@ void select(QComboBox& popup, const std::optional<std::string>& text) {
 }
 
 }  // namespace
-
-void enableUnless(QWidget& control, const QString& whyNot) {
-  constexpr const char* kUsualToolTip = "usualToolTip";
-  if (!control.property(kUsualToolTip).isValid()) control.setProperty(kUsualToolTip, control.toolTip());
-  control.setEnabled(whyNot.isEmpty());
-  control.setToolTip(whyNot.isEmpty() ? control.property(kUsualToolTip).toString() : whyNot);
-}
 
 QColor toQColor(const Colour& colour) {
   return QColor::fromRgbF(static_cast<float>(colour.red), static_cast<float>(colour.green),
@@ -96,7 +90,7 @@ void StyleControlsView::show(std::string_view document) {
 void StyleControlsView::setEnabled(const QString& whyNot) {
   for (QWidget* each : std::initializer_list<QWidget*>{&fontSize, &colourwell, &colourField, &fontFace,
                                                        &underlineMatrix, &boldButton, &italicButton}) {
-    enableUnless(*each, whyNot);
+    platform::enableUnless(*each, whyNot);
   }
 }
 

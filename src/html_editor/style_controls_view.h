@@ -55,10 +55,6 @@ class StyleControlsView {
   Colour m_colour;
 };
 
-/// Disables a control and gives the reason as its tool tip; enables it and gives its own one back when there
-/// is none.
-void enableUnless(QWidget& control, const QString& whyNot);
-
 QColor toQColor(const Colour& colour);
 Colour fromQColor(const QColor& colour);
 

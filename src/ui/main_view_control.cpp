@@ -64,8 +64,7 @@ void MainViewControl::connectActions() {
   onClick(m_view.brokenLinksButton, [this] { showBrokenLinks(); });
   onClick(m_view.backToScanButton, [this] { scanTBIAction(); });
   onClick(m_view.exportToScanButton, [this] { scanTBIAction(); });
-  onClick(m_view.copySitemapLine,
-          [this] { QGuiApplication::clipboard()->setText(m_view.sitemapLine.text()); });
+  onClick(m_view.copySitemapLine, [this] { QGuiApplication::clipboard()->setText(m_sitemapLine); });
   onClick(m_view.xmlWindowViewFolder, [this] { m_view.openFolderMI.trigger(); });
 }
 
@@ -152,7 +151,8 @@ void MainViewControl::uploadTBIAction() {
   const QUrl example(QStringLiteral("http://www.example.com/"));
   const QUrl sitemap = (site.isValid() && !site.host().isEmpty() ? site : example)
                            .resolved(QUrl(QStringLiteral("/sitemap.xml")));
-  m_view.sitemapLine.setText(QStringLiteral("Sitemap: ") + sitemap.toString(QUrl::FullyEncoded));
+  m_sitemapLine = QStringLiteral("Sitemap: ") + sitemap.toString(QUrl::FullyEncoded);
+  m_view.sitemapLine.setText(m_sitemapLine);
   switchTo(uploadView, AbandonEdits::yes);
 }
 

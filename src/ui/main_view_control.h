@@ -46,7 +46,7 @@ class MainViewControl : public QObject {
   void uploadTBIAction();
 
   /// Enters the export view by another way than the toolbar: with the sites listed so far, which are looked
-  /// for anew afterwards.
+  /// for anew afterwards. Nothing in the window does so.
   void exportReload();
 
   void showBrokenLinks();
@@ -84,9 +84,10 @@ class MainViewControl : public QObject {
   MainViewControls m_view;
   std::function<void()> m_checkSave;
   QStringList m_sitePickerPopUpArray;
+  QString m_sitemapLine;  // of the upload view
   BrokenLinksModel m_badLinks;
   QSortFilterProxyModel m_sortedBadLinks;
-  QString m_versionString;  // of the operating system, for reports of problems; empty where unknown
+  QString m_versionString;  // of the operating system, empty where unknown; for diagnostics, nothing reads it
 };
 
 }  // namespace ui

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/enable_unless.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
 #include "ui/address_actions.h"
@@ -312,23 +313,19 @@ void ScanViewController::showBrokenLinksOf(const std::string& name, const store:
 }
 
 void ScanViewController::setSiteControlsEnabled(const QString& whyNot) {
-  constexpr const char* kUsualToolTip = "usualToolTip";
-  const bool enabled = whyNot.isEmpty();
   for (QWidget* each : std::initializer_list<QWidget*>{
            &m_view.scanSiteButton, &m_view.filterDrawerButton, &m_view.addFilterButton,
            &m_view.delFilterButton, &m_view.newFilterInput, &m_view.deleteSiteButton, &m_view.editSiteButton,
            &m_view.ignoreRobotsButton, &m_view.copyUrlButton}) {
-    if (!each->property(kUsualToolTip).isValid()) each->setProperty(kUsualToolTip, each->toolTip());
-    each->setEnabled(enabled);
-    each->setToolTip(enabled ? each->property(kUsualToolTip).toString() : whyNot);
+    platform::enableUnless(*each, whyNot);
   }
   for (QAction* each :
        {&m_view.editMI, &m_view.deleteMI, &m_view.scanMI, &m_view.filtersMI, &m_view.addFilterMI,
         &m_view.ignoreRobotsMI, &m_view.openFolderMI, &m_view.viewInBrowserMI, &m_view.exportBrokenTextMI,
         &m_view.exportBrokenHtmlMI, &m_view.copyAddressMI, &m_view.openAddressMI}) {
-    each->setEnabled(enabled);
+    each->setEnabled(whyNot.isEmpty());
   }
-  m_view.layoutMenu.menuAction()->setEnabled(enabled);
+  m_view.layoutMenu.menuAction()->setEnabled(whyNot.isEmpty());
 }
 
 void ScanViewController::setWindowTitle(const QString& title) {
