@@ -60,6 +60,7 @@ class HTMLViewController : public QObject {
   void disableEditOptions() { enableOptions(false); }
   void saveActive();
 
+  /// The actions by the names of each class of entries. The controls call what the two share.
   void ptFontFamily() { changeFontFamily(m_pt); }
   void plFontFamily() { changeFontFamily(m_pl); }
   void ptFontSize() { changeFontSize(m_pt); }
@@ -90,6 +91,7 @@ class HTMLViewController : public QObject {
   void copyLinkAddress();
   void openLinkInBrowser();
 
+  /// Nothing asks for defaultAsk.
   enum class SaveMarker { savebutton, closewindow, changemap, defaultAsk };
   void saveNow(SaveMarker marker);
   void saveRecentChanges() { saveNow(SaveMarker::savebutton); }
@@ -101,6 +103,7 @@ class HTMLViewController : public QObject {
   /// called when there was nothing to ask, or once it was answered. It is not called when saving failed.
   void checkSave(std::function<void()> then = {});
 
+  /// The other name of MainViewControl::changeCurrentView(), which alone is called.
   static void setCurrentView(store::SharedState& state, int number) { state.qzvskCurrentView = number; }
 
  signals:

@@ -73,28 +73,24 @@ Workspace& threadWorkspace() {
   return workspace;
 }
 
-enum class EmptyAtStart { allowed, forbidden };
-
-/// The searches of one call, which share its time.
+/// One search, window by window.
 class Search {
  public:
   Search(const pcre2_code* code, std::string_view text) : m_code(code), m_text(text) {}
 
   /// Finds the first match at or behind `from`: start and end of each group, the whole match first; null for
   /// none.
-  const std::size_t* next(std::size_t from, EmptyAtStart empty) {
-    std::uint32_t options = empty == EmptyAtStart::forbidden ? PCRE2_NOTEMPTY_ATSTART : 0;
+  const std::size_t* first(std::size_t from) {
     const std::size_t window = std::clamp(kWindowWork / (m_text.size() + 1), kMinWindow, kMaxWindow);
     while (from <= m_text.size()) {
       const std::size_t lastStart = from + window;
       pcre2_set_offset_limit(m_workspace.context, lastStart);
-      const int count = pcre2_match(m_code, codeUnits(m_text), m_text.size(), from, options, m_workspace.data,
+      const int count = pcre2_match(m_code, codeUnits(m_text), m_text.size(), from, 0, m_workspace.data,
                                     m_workspace.context);
       if (count > 0) return pcre2_get_ovector_pointer(m_workspace.data);
       // Any other error is a limit that was reached: to go on would only reach it again.
       if (count != PCRE2_ERROR_NOMATCH || timeIsUp()) return nullptr;
       from = characterStart(lastStart + 1);
-      options = 0;
     }
     return nullptr;
   }
@@ -179,7 +175,7 @@ Regex::Regex(Regex&&) noexcept = default;
 Regex& Regex::operator=(Regex&&) noexcept = default;
 
 std::optional<RegexMatch> Regex::find(std::string_view text, std::size_t from) const {
-  const std::size_t* bounds = Search(m_impl->code, text).next(from, EmptyAtStart::allowed);
+  const std::size_t* bounds = Search(m_impl->code, text).first(from);
   if (bounds == nullptr) return std::nullopt;
   RegexMatch match;
   match.offset = bounds[0];
@@ -190,20 +186,6 @@ std::optional<RegexMatch> Regex::find(std::string_view text, std::size_t from) c
     if (group[0] != PCRE2_UNSET) match.groups[i] = text.substr(group[0], group[1] - group[0]);
   }
   return match;
-}
-
-std::string Regex::replaceAll(std::string_view text, std::string_view replacement) const {
-  std::string result;
-  std::size_t done = 0;
-  Search search(m_impl->code, text);
-  EmptyAtStart empty = EmptyAtStart::allowed;
-  while (const std::size_t* bounds = search.next(done, empty)) {
-    result.append(text, done, bounds[0] - done).append(replacement);
-    done = bounds[1];
-    // A second empty match at the same place would never end.
-    empty = bounds[0] == bounds[1] ? EmptyAtStart::forbidden : EmptyAtStart::allowed;
-  }
-  return result.append(text, done);
 }
 
 std::size_t findText(std::string_view text, std::string_view what, std::size_t from) {

@@ -40,10 +40,6 @@ class Regex {
   /// What is in front of `from` still counts for "^", "\b" and looking behind.
   std::optional<RegexMatch> find(std::string_view text, std::size_t from = 0) const;
 
-  /// `text` with every match replaced by `replacement`, taken literally: "$" and "\" mean nothing in it. The
-  /// limit on time holds for the whole call; what is left then stays as it is.
-  std::string replaceAll(std::string_view text, std::string_view replacement) const;
-
  private:
   struct Impl;
   explicit Regex(std::unique_ptr<Impl> impl);

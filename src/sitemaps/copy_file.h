@@ -16,7 +16,7 @@ std::filesystem::path timedName(const std::filesystem::path& destination,
                                 std::string_view extension);
 
 /// Copies a file to `destination`, or to its timedName() of this moment, local time, when anything stands
-/// there. Never replaces: `exists` when both names are taken.
+/// there. Never replaces: `exists` when both names are taken. No command of the program copies documents.
 platform::FileResult copyFile(const std::filesystem::path& source, const std::filesystem::path& destination,
                               std::string_view extension);
 

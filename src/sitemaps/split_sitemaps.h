@@ -30,8 +30,6 @@ class SplitSitemap {
   /// `sitemap` is borrowed and outlives this object.
   explicit SplitSitemap(std::string_view sitemap, const SplitLimits& limits = {});
 
-  std::size_t entryCount() const { return m_entries.size(); }
-
   /// How many files it makes; 0 for a sitemap without entries. Each file keeps to the limits, but for an
   /// entry that alone is larger than a file may be: that one has a file of its own.
   std::size_t partCount() const { return m_parts.size(); }

@@ -48,7 +48,7 @@ class ScanViewController : public QObject {
   using Gate = std::function<void(std::function<void()>)>;
   void setBeforeChange(Gate gate) { m_beforeChange = std::move(gate); }
 
-  /// Whether a site was selected since the flag was last cleared; setViewChanged() clears it.
+  /// Whether a site was selected since the flag was last cleared; setViewChanged() clears it. Nobody asks.
   bool passViewChanged() const { return m_parts.state.qzvskViewChanged; }
   void setViewChanged() { m_parts.state.qzvskViewChanged = false; }
 

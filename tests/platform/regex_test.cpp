@@ -61,28 +61,6 @@ TEST(Regex, Finds) {
   }
 }
 
-TEST(Regex, ReplacesAll) {
-  struct Case {
-    const char* name;
-    const char* pattern;
-    const char* text;
-    const char* replacement;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {"neighbours", "a", "aab", "-", "--b"},
-      {"the replacement is literal", "b+", "abbc", "$0\\1${x}", "a$0\\1${x}c"},
-      {"the replacement is not searched", "a", "a", "aa", "aa"},
-      {"empty matches between whole characters", "", "\xC3\xA4\xE2\x82\xAC", "-", "-\xC3\xA4-\xE2\x82\xAC-"},
-      {"empty or not", "x*", "axb", "-", "-a--b-"},
-      {"around bad bytes", "x", "x\xFF\xFEx", "-", "-\xFF\xFE-"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(Regex(c.pattern).replaceAll(c.text, c.replacement), c.expected);
-  }
-}
-
 // A search goes through a text in windows, whose bounds must not show.
 TEST(Regex, FindsAtEveryPlaceOfALongText) {
   const Regex word("\\bneedle\\b");
@@ -93,7 +71,6 @@ TEST(Regex, FindsAtEveryPlaceOfALongText) {
     const std::string wide = repeated("\xC3\xA4", offset / 2) + std::string(offset % 2, '.');
     EXPECT_EQ(euro.find(wide + "\xE2\x82\xAC")->offset, offset);
   }
-  EXPECT_EQ(Regex("(?m)^").replaceAll(repeated("line\n", 3000), ">"), repeated(">line\n", 3000));
 }
 
 TEST(Regex, CopesWithMegabytes) {
@@ -101,7 +78,6 @@ TEST(Regex, CopesWithMegabytes) {
   const Regex lazy("(?s)<a>.*?</a>");
   EXPECT_EQ(lazy.find("<a>" + filling + "</a>")->whole.size(), filling.size() + 7);
   EXPECT_EQ(lazy.find("<a>" + filling + "\xFF" + filling + "<a>x</a>")->offset, 2 * filling.size() + 4);
-  EXPECT_EQ(lazy.replaceAll(repeated("<a>b</a>c", 100'000), ""), std::string(100'000, 'c'));
   // Each round of such a group is remembered, so this asks for a large stack.
   const std::string pieces = repeated("ab\"cd\"", 10'000);
   EXPECT_EQ(Regex("<(?:[^\"<>]|\"[^\"]*\")*>").find("<" + pieces + ">")->whole.size(), pieces.size() + 2);
@@ -111,7 +87,6 @@ TEST(Regex, CopesWithMegabytes) {
 TEST(Regex, GivesUpOnHostileText) {
   const std::string goingBack = std::string(1'000, 'a') + "b";
   EXPECT_FALSE(Regex("(a+)+$").find(goingBack + "\na"));
-  EXPECT_EQ(Regex("(a+)+$").replaceAll(goingBack + "\na", "-"), goingBack + "\na");
   const std::string manyStarts = repeated("<a b></b>" + std::string(100, ' '), 10'000);
   EXPECT_FALSE(Regex("(?s)<(\\w+) .*?(?:x|y)\\1>").find(manyStarts + "<c xc>"));
   EXPECT_FALSE(Regex("(?:x|y|xy)*z").find(repeated("xy", 1'000'000) + "z"));
