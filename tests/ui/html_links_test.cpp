@@ -2,9 +2,10 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QStatusBar>
+#include <optional>
 
 #include "html_steps.h"
+#include "platform/files.h"
 
 namespace window_tests {
 
@@ -16,9 +17,7 @@ namespace {
 
 const QString kTitleBlank =
     QStringLiteral("The title field cannot be left blank, please enter a title for this page.");
-const QString kDeleteThis = QStringLiteral("Delete This Link");
 const QString kDeleteLink = QStringLiteral("Delete Link");
-const QString kCancelDeletion = QStringLiteral("Cancel Deletion");
 const QString kSaveFirst = QStringLiteral(
     "Changes have been made to this sitemap, would you like to save the changes you have made before "
     "deleting this link?");
@@ -31,18 +30,6 @@ std::string without(const std::string& document, const std::string& entry) {
 const std::string kLink2 = link(22, "http://a.test/2/link", "Link 2");
 const std::string kPage2 = page(20, "http://a.test/2", "Page 2");
 
-/// A real click of the mouse on the first link with this text.
-void clickWithMouse(const HtmlDesk& desk, const QString& label, Qt::MouseButton button) {
-  const QVariantList place =
-      desk.inPage(QStringLiteral("{ const box = Array.from(document.links).find(each => "
-                                 "each.textContent.includes('%1')).getBoundingClientRect();"
-                                 "[box.x + box.width / 2, box.y + box.height / 2] }")
-                      .arg(label))
-          .toList();
-  QTest::mouseClick(desk.webView().focusProxy(), button, {},
-                    QPoint(place.value(0).toInt(), place.value(1).toInt()));
-}
-
 }  // namespace
 
 class HtmlLinksTest : public QObject {
@@ -50,14 +37,11 @@ class HtmlLinksTest : public QObject {
 
  private slots:
   void selectsWhatIsClicked();
-  void readsLinksOfEverySort();
   void edits();
-  void editsBothFieldsAtOnce();
   void offersToDeleteWhenAFieldIsBlank();
   void deletes();
   void asksBeforeDeletingFromAnUnsavedDocument();
   void deletesNoOtherLinkThanTheOneAskedAbout();
-  void rebuildsWithoutTheEmptyCell();
   void keepsItsPlace();
 };
 
@@ -65,24 +49,23 @@ void HtmlLinksTest::selectsWhatIsClicked() {
   HtmlDesk desk;
   desk.openAt(2);
   QVERIFY(desk.nothingIsSelected());
-  const QString marked = QStringLiteral(
-      "Array.from(document.links).filter(each => each.style.outline)"
-      ".map(each => each.textContent).join() === '%1'");
-  clickWithMouse(desk, QStringLiteral("Link 3"), Qt::MiddleButton);
-  clickWithMouse(desk, kAskAboutLink, Qt::LeftButton);
-  QVERIFY(comesTrue([&] { return desk.text("titleEditInput") == kAskAboutLink; }));
+  QVERIFY(desk.clickLink(kAskAboutLink));
   QCOMPARE(desk.text("linkEditInput"), QStringLiteral("http://a.test/2/link"));
   QVERIFY(desk.enabled("deleteButton") && desk.enabled("titleEditInput") && desk.enabled("linkEditInput"));
-  QVERIFY(desk.inPageComesTrue(marked.arg(kAskAboutLink)));
-  desk.inPage(QStringLiteral("document.links[7].focus()"));
-  QTest::keyClick(desk.webView().focusProxy(), Qt::Key_Return);
-  QVERIFY(comesTrue([&] { return desk.text("titleEditInput") == QLatin1String("Link 4"); }));
-  QVERIFY(desk.inPageComesTrue(marked.arg(QLatin1String("Link 4"))));
-  // The other button selects too, and offers what can be done.
-  clickWithMouse(desk, QStringLiteral("Page 3"), Qt::RightButton);
+  // The other button of the mouse selects too, and offers what can be done.
+  const QVariantList place =
+      desk.inPage(QStringLiteral("{ const box = Array.from(document.links).find(each => "
+                                 "each.textContent.includes('Page 3')).getBoundingClientRect();"
+                                 "[box.x + box.width / 2, box.y + box.height / 2] }"))
+          .toList();
+  QTest::mouseClick(desk.webView().focusProxy(), Qt::RightButton, {},
+                    QPoint(place.value(0).toInt(), place.value(1).toInt()));
   const auto menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
   QVERIFY(comesTrue([&] { return menu() != nullptr; }));
   QCOMPARE(desk.text("titleEditInput"), QStringLiteral("Page 3"));
+  QVERIFY(
+      desk.inPageComesTrue(QStringLiteral("Array.from(document.links).filter(each => each.style.outline)"
+                                          ".map(each => each.textContent).join() === 'Page 3'")));
   menu()->actions().first()->trigger();
   QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("http://a.test/3"));
   menu()->close();
@@ -92,43 +75,14 @@ void HtmlLinksTest::selectsWhatIsClicked() {
   QVERIFY(desk.isClean());
 }
 
-void HtmlLinksTest::readsLinksOfEverySort() {
-  struct Case {
-    const char* name;
-    const char* url;
-    const char* title;  // as in the document
-    const char* label;
-  };
-  const Case cases[] = {
-      {"a host in upper case", "HTTP://A.Test/X", "Title", "Title"},
-      {"a fragment alone", "#x", "Title", "Title"},
-      {"no URL at all", "http://[", "Title", "Title"},
-      {"a script", "javascript:document.body.remove()", "Title", "Title"},
-      {"spaces around it, and ampersands", " a?b=1&c=2 ", "Tom &amp;  Jerry", "Tom &  Jerry"},
-      {"other scripts", "\xE4\xB8\xAD", "\xC3\xBC\xF0\x9F\x98\x80", "\xC3\xBC\xF0\x9F\x98\x80"},
-  };
-  samples::Block block = {page(0, "http://a.test/", "Start")};
-  for (int i = 0; i < 6; ++i) block.push_back(link(i + 1, cases[i].url, cases[i].title));
-  block.push_back(link(7, "http://a.test/b", ""));
-  HtmlDesk desk({block});
-  desk.openAt(2);
-  for (int i = 0; i < 6; ++i) {
-    desk.inPage(QStringLiteral("document.links[%1].click()").arg(i + 1));
-    QVERIFY2(comesTrue([&] { return desk.text("linkEditInput").toUtf8() == cases[i].url; }), cases[i].name);
-    QCOMPARE(desk.text("titleEditInput").toUtf8(), QByteArray(cases[i].label));
-  }
-  // Without a label there is nothing to select; the fields stay as they were.
-  desk.inPage(QStringLiteral("document.links[7].click()"));
-  QVERIFY(comesTrue([&] { return !desk.enabled("deleteButton"); }));
-  QVERIFY(!desk.text("titleEditInput").isEmpty());
-}
-
+/// Title and address are one edit.
 void HtmlLinksTest::edits() {
   HtmlDesk desk;
   desk.openAt(2);
   QVERIFY(desk.choose("sitemapTypePopup", QStringLiteral("Single Column, All Links")));
   QVERIFY(desk.shown());
-  std::string expected = with(desk.document(), kLink2, link(22, "http://a.test/2/link", "A &amp; B"));
+  const std::string before = desk.document();
+  std::string expected = with(before, kLink2, link(22, "http://a.test/2/link", "A &amp; B"));
   const auto isSaved = [&] {
     return desk.shown() && desk.onDisk("sitemap1c.html") == expected && desk.document() == expected &&
            desk.isClean() && desk.nothingIsSelected() && topSheet() == nullptr;
@@ -139,63 +93,39 @@ void HtmlLinksTest::edits() {
   QVERIFY(desk.inPageComesTrue(QStringLiteral("document.links[3].textContent === 'A & B'")));
   // With the style that was not saved yet, and by going on to another control.
   QVERIFY(desk.edit());
-  expected = edited(with(expected, "http://a.test/2/link---", "http://b.test/?a=1&b=$1---"));
+  const std::string unsaved = desk.document();
   QVERIFY(desk.clickLink(QStringLiteral("A & B")));
-  desk.field("linkEditInput").setFocus();
-  desk.field("linkEditInput").selectAll();
-  QTest::keyClicks(&desk.field("linkEditInput"), QStringLiteral("http://b.test/?a=1&b=$1"));
-  desk.control<QComboBox>("sitemapTypePopup").setFocus();
-  QVERIFY(isSaved());
-  QVERIFY(desk.othersAreUntouched("sitemap1c.html"));
-  // What was begun is dropped when the view is left.
-  QVERIFY(desk.clickLink(QStringLiteral("Link 3")));
-  desk.field("titleEditInput").setFocus();
-  QTest::keyClicks(&desk.field("titleEditInput"), QStringLiteral("half"));
-  desk.go(3);
-  QCOMPARE(desk.onDisk("sitemap1c.html"), expected);
-  QVERIFY(desk.isClean());
-}
-
-/// Title and address are one edit.
-void HtmlLinksTest::editsBothFieldsAtOnce() {
-  std::vector<samples::Block> blocks = samples::blocks(6);
-  blocks[1][1] = link(22, "u", "&lt;style>");
-  HtmlDesk desk(blocks);
-  desk.openAt(2);
-  const std::string before = desk.onDisk();
-  const std::string after = with(before, link(22, "u", "&lt;style>"), link(22, "u!", "&lt;style>?"));
-  QVERIFY(desk.clickLink(QStringLiteral("<style>")));
   const auto typeBehind = [&](const char* name, const char* text) {
     desk.field(name).setFocus();
     QTest::keyClick(&desk.field(name), Qt::Key_End);
     QTest::keyClicks(&desk.field(name), QLatin1String(text));
   };
   typeBehind("titleEditInput", "?");
-  typeBehind("linkEditInput", "!");
+  typeBehind("linkEditInput", "/?a=1&b=$1");
   desk.control<QPushButton>("deleteButton").setFocus();
-  QCOMPARE(desk.onDisk(), before);
+  QCOMPARE(desk.document(), unsaved);  // to delete a link that was changed is to delete it
   desk.control<QComboBox>("sitemapTypePopup").setFocus();
-  QCOMPARE(desk.onDisk(), after);
-  QVERIFY(desk.shown());
-  // To delete a link that was changed is to delete it.
-  QVERIFY(desk.clickLink(QStringLiteral("<style>?")));
-  typeBehind("titleEditInput", "x");
-  QVERIFY(desk.click("deleteButton"));
-  QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
-  QVERIFY(desk.shown());
-  QCOMPARE(desk.onDisk(), without(after, link(22, "u!", "&lt;style>?")));
+  expected = edited(with(before, kLink2, link(22, "http://a.test/2/link/?a=1&b=$1", "A &amp; B?")));
+  QVERIFY(isSaved());
+  QVERIFY(desk.othersAreUntouched("sitemap1c.html"));
+  // What was begun is dropped when the view is left.
+  QVERIFY(desk.clickLink(QStringLiteral("Link 3")));
+  typeBehind("titleEditInput", "half");
+  desk.go(3);
+  QCOMPARE(desk.onDisk("sitemap1c.html"), expected);
+  QVERIFY(desk.isClean());
 }
 
 void HtmlLinksTest::offersToDeleteWhenAFieldIsBlank() {
   HtmlDesk desk;
   desk.openAt(2);
   const std::string before = desk.document();
-  for (const QString& button : {kOk, kDeleteThis}) {
+  for (const QString& button : {kOk, QStringLiteral("Delete This Link")}) {
     QVERIFY(desk.clickLink(kAskAboutLink));
     QVERIFY(desk.type("titleEditInput", {}));
     QVERIFY(desk.nothingIsSelected());
     QVERIFY(answer(message(kTitleBlank), button));
-    if (button == kDeleteThis) QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
+    if (button != kOk) QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
     QVERIFY(desk.shown() && noSheetLeft());
     QCOMPARE(desk.onDisk(), button == kOk ? before : without(before, kLink2));
   }
@@ -212,8 +142,7 @@ void HtmlLinksTest::deletes() {
   QVERIFY(desk.click("deleteButton"));
   QMessageBox* sheet = message(kDeleteQuestion);
   QVERIFY(sheet);
-  QCOMPARE(sheet->informativeText(),
-           QStringLiteral("Page 2\nhttp://a.test/2\n\nThis could take a while for large sites."));
+  QVERIFY(sheet->informativeText().startsWith(QLatin1String("Page 2\nhttp://a.test/2\n")));
   pressEscape(*sheet);
   QVERIFY(noSheetLeft());
   QCOMPARE(desk.onDisk(), before);
@@ -229,25 +158,34 @@ void HtmlLinksTest::deletes() {
 }
 
 void HtmlLinksTest::asksBeforeDeletingFromAnUnsavedDocument() {
-  for (const QString& button : {kSaveChanges, kDiscardChanges, kCancelDeletion}) {
+  struct Case {
+    const char* name;
+    QString button;
+    bool deletes;
+    bool writable = true;
+  };
+  const Case cases[] = {{"saved", kSaveChanges, true},
+                        {"discarded", kDiscardChanges, true},
+                        {"cancelled", QStringLiteral("Cancel Deletion"), false},
+                        {"cannot be saved", kSaveChanges, false, false}};
+  for (const Case& c : cases) {
     HtmlDesk desk;
     desk.openAt(2);
     const std::string before = desk.document();
     QVERIFY(desk.edit());
     QVERIFY(desk.clickLink(kAskAboutLink));
+    std::optional<platform::FolderLock> obstacle;
+    if (!c.writable) obstacle.emplace(desk.controls.siteFolder("Shop"));
     QVERIFY(desk.click("deleteButton"));
-    QVERIFY(answer(message(kSaveFirst), button));
-    if (button == kCancelDeletion) {
-      QVERIFY(noSheetLeft());
-      QCOMPARE(desk.onDisk(), before);
-      QCOMPARE(desk.document(), edited(before));
-      continue;
-    }
-    const std::string expected = without(button == kSaveChanges ? edited(before) : before, kLink2);
-    QVERIFY(comesTrue([&] { return desk.onDisk() == expected; }));
+    QVERIFY2(answer(message(kSaveFirst), c.button), c.name);
+    if (!c.writable) QVERIFY(answer(sheetNamed({}), kOk));
+    QVERIFY(noSheetLeft());
+    const std::string start = c.button == kDiscardChanges ? before : edited(before);
+    const std::string expected = c.deletes ? without(start, kLink2) : before;
+    QVERIFY2(comesTrue([&] { return desk.onDisk() == expected; }), c.name);
     QVERIFY(topSheet() == nullptr);  // that was the question
-    QCOMPARE(desk.document(), expected);
-    QVERIFY(desk.isClean());
+    QCOMPARE(desk.document(), c.deletes ? expected : start);
+    QVERIFY(desk.isClean() == c.deletes);
   }
 }
 
@@ -255,7 +193,6 @@ void HtmlLinksTest::asksBeforeDeletingFromAnUnsavedDocument() {
 void HtmlLinksTest::deletesNoOtherLinkThanTheOneAskedAbout() {
   HtmlDesk desk;
   desk.openAt(2);
-  const std::string before = desk.document();
   QVERIFY(desk.edit());
   const std::string unsaved = desk.document();
   QVERIFY(desk.clickLink(kAskAboutLink));
@@ -269,7 +206,7 @@ void HtmlLinksTest::deletesNoOtherLinkThanTheOneAskedAbout() {
   QVERIFY(desk.clickLink(QStringLiteral("Link 3")));
   QVERIFY(desk.click("deleteButton"));
   QVERIFY(answer(message(kSaveFirst), kDiscardChanges));
-  QVERIFY(desk.choose("sitemapTypePopup", QStringLiteral("Two Columns, All Links")));
+  QVERIFY(desk.choose("sitemapTypePopup", kTwoColumns));
   // A sheet that follows another one keeps the same distance, so by now it would have happened.
   QVERIFY(desk.type("ptColourField", QStringLiteral("#ABC")));
   for (int i = 0; i < 2; ++i) QVERIFY(answer(sheetNamed({}), kOk));
@@ -277,42 +214,15 @@ void HtmlLinksTest::deletesNoOtherLinkThanTheOneAskedAbout() {
   QVERIFY(desk.othersAreUntouched());
 }
 
-void HtmlLinksTest::rebuildsWithoutTheEmptyCell() {
-  HtmlDesk desk(samples::blocks(7));
-  desk.openAt(2);
-  QVERIFY(desk.choose("sitemapTypePopup", QStringLiteral("Two Columns, Pages Only")));
-  QVERIFY(desk.shown());
-  QVERIFY(desk.edit());
-  QVERIFY(desk.clickLink(QStringLiteral("Page 2")));
-  QVERIFY(desk.click("deleteButton"));
-  QVERIFY(answer(message(kSaveFirst), kSaveChanges));
-  QVERIFY(comesTrue([&] { return desk.onDisk("sitemap2cpo.html").find("Page 2") == std::string::npos; }));
-  QVERIFY(desk.shown());
-  // Six pages in full rows, the style kept.
-  QVERIFY(desk.inPageComesTrue(QStringLiteral(
-      "Array.from(document.querySelectorAll('td')).every(each => each.querySelectorAll('a').length === 1) &&"
-      "document.querySelectorAll('td').length === 6")));
-  QVERIFY(desk.document().find("font-style: italic") != std::string::npos);
-  QCOMPARE(desk.document(), desk.onDisk("sitemap2cpo.html"));
-  QVERIFY(desk.isClean());
-  QVERIFY(desk.othersAreUntouched("sitemap2cpo.html"));
-}
-
 void HtmlLinksTest::keepsItsPlace() {
-  HtmlDesk desk(samples::blocks(300));
+  HtmlDesk desk(samples::blocks(100));
   desk.openAt(2);
-  desk.inPage(QStringLiteral("scrollTo(0, 1500)"));
-  QVERIFY(desk.clickLink(QStringLiteral("Link 150")));
-  desk.inPage(QStringLiteral("scrollTo(0, 900)"));
+  desk.inPage(QStringLiteral("scrollTo(0, 500)"));
+  QVERIFY(desk.clickLink(QStringLiteral("Link 50")));
+  desk.inPage(QStringLiteral("scrollTo(0, 300)"));
   QVERIFY(desk.type("titleEditInput", QStringLiteral("New")));
   QVERIFY(desk.shown());
-  QVERIFY(desk.inPageComesTrue(QStringLiteral("scrollY === 1500")));
-  desk.inPage(QStringLiteral("scrollTo(0, 700)"));
-  QVERIFY(desk.clickLink(QStringLiteral("New")));
-  QVERIFY(desk.click("deleteButton"));
-  QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
-  QVERIFY(desk.shown() && noSheetLeft());
-  QVERIFY(desk.inPageComesTrue(QStringLiteral("document.links.length === 599 && scrollY === 700")));
+  QVERIFY(desk.inPageComesTrue(QStringLiteral("scrollY === 500")));
 }
 
 }  // namespace window_tests

@@ -1,8 +1,8 @@
 // Saving the HTML sitemap, the questions that come with it, and what becomes of changes that cannot be
-// written.
+// written. What each answer does to the document is tested with the document in hand.
 #include <filesystem>
 #include <fstream>
-#include <functional>
+#include <span>
 
 #include "html_steps.h"
 #include "platform/files.h"
@@ -11,15 +11,50 @@
 namespace window_tests {
 
 namespace fs = std::filesystem;
-using samples::with;
 
 namespace {
 
+const QString kSaveQuestion = QStringLiteral("Are you sure you want to save the changes you have made?");
+const QString kSaveBeforeQuestion = QStringLiteral(
+    "Changes have been made to this sitemap, would you like to save the changes you have made?");
 const QString kLayoutQuestion = QStringLiteral(
     "Changes have been made to the look of this sitemap, would you like to save these changes?");
+const QString kKeptQuestion = QStringLiteral("Changes to this sitemap were not saved.");
+
+/// A way to leave an edited document of two columns.
+struct Way {
+  const char* name;
+  int from;
+  void (*leave)(const HtmlDesk& desk);
+  QString question;
+  QString discard;
+  const char* next;       // the file that is in hand then
+  bool givesWay = true;   // to what its file holds, when it cannot be written
+  bool endsAll = false;   // the window is gone
+  bool previews = false;  // in a browser
+};
+
+const Way kWays[] = {
+    {"another view", 2, [](const HtmlDesk& desk) { desk.go(4); }, kLeaveQuestion, kDiscard, "sitemap2c.html"},
+    {"the style editor, which goes on", 2, [](const HtmlDesk& desk) { desk.go(3); }, kLeaveQuestion, kDiscard,
+     "sitemap2c.html"},
+    {"the viewer, which begins anew", 3, [](const HtmlDesk& desk) { desk.go(2); }, kLeaveQuestion, kDiscard,
+     "sitemap3c.html"},
+    {"another layout", 2, [](const HtmlDesk& desk) { desk.choose("sitemapTypePopup", kThreeColumns); },
+     kLayoutQuestion, kDiscard, "sitemap3c.html", false},
+    {"closing", 2, [](const HtmlDesk& desk) { desk.window().close(); }, kLeaveQuestion, kDiscard,
+     "sitemap2c.html", true, true},
+    {"the browser", 2, [](const HtmlDesk& desk) { desk.click("vibButton"); }, kSaveBeforeQuestion,
+     kDiscardChanges, "sitemap2c.html", true, false, true},
+};
+
+bool openEdited(HtmlDesk& desk, int view) {
+  desk.openAt(view);
+  return desk.choose("sitemapTypePopup", kTwoColumns) && desk.shown() && desk.edit();
+}
 
 /// The message that says a document could not be written; waits for it.
-QMessageBox* couldNotWrite(const char* file = "sitemap3c.html") {
+QMessageBox* couldNotWrite(const char* file) {
   const QString start = QStringLiteral("Could not write %1: ").arg(QLatin1String(file));
   const auto isUp = [&] {
     const auto* box = qobject_cast<QMessageBox*>(topSheet());
@@ -27,16 +62,6 @@ QMessageBox* couldNotWrite(const char* file = "sitemap3c.html") {
   };
   return comesTrue(isUp) ? qobject_cast<QMessageBox*>(topSheet()) : nullptr;
 }
-
-/// What keeps a document from being written, the superuser included.
-class Obstacle {
- public:
-  /// As long as this is there another program holds the site.
-  explicit Obstacle(const HtmlDesk& desk) : m_lock(desk.controls.siteFolder("Shop")) {}
-
- private:
-  platform::FolderLock m_lock;
-};
 
 }  // namespace
 
@@ -46,29 +71,21 @@ class HtmlSavingTest : public QObject {
  private slots:
   void savesWhenAskedTo();
   void asksBeforeTheDocumentIsLeft();
-  void asksBeforeAScan();
-  void savesWhenAskedForAgain();
-  void offersAgainWhatCouldNotBeWritten();
   void staysWhenItCannotSave();
+  void asksBeforeAScan();
   void overwritesNoWorkOfOthers();
-  void keepsChangesThatDoNotEvenFitIntoACopy();
+  void offersWhatACrashLeft();
 };
 
 void HtmlSavingTest::savesWhenAskedTo() {
   HtmlDesk desk;
-  desk.openAt(2);
-  QVERIFY(desk.choose("sitemapTypePopup", kTwoColumns));
-  QVERIFY(desk.shown());
-  const std::string before = desk.document();
-  QTest::keyClick(&desk.window(), Qt::Key_S, Qt::ControlModifier);
-  QVERIFY(topSheet() == nullptr);  // there is nothing to save
-  QVERIFY(desk.edit());
+  const std::string before = desk.onDisk("sitemap2c.html");
+  QVERIFY(openEdited(desk, 2));
   QTest::keyClick(&desk.window(), Qt::Key_S, Qt::ControlModifier);
   QVERIFY(answer(message(kSaveQuestion), kSaveChanges));
   QVERIFY(noSheetLeft());
   QCOMPARE(desk.onDisk("sitemap2c.html"), edited(before));
   QCOMPARE(desk.document(), edited(before));
-  QCOMPARE(desk.control<QComboBox>("sitemapTypePopup").currentText(), kTwoColumns);
   QVERIFY(desk.isClean());
   QVERIFY(desk.othersAreUntouched("sitemap2c.html"));
 
@@ -83,54 +100,52 @@ void HtmlSavingTest::savesWhenAskedTo() {
   QCOMPARE(desk.document(), desk.onDisk("sitemap3c.html"));
   QCOMPARE(desk.onDisk("sitemap2c.html"), edited(before));
   QVERIFY(desk.isClean());
-
-  QVERIFY(desk.edit());
-  fs::remove(desk.controls.siteFolder("Shop") / "sitemap3c.html");
-  QVERIFY(desk.click("saveChangesButton"));
-  QVERIFY(topSheet() == nullptr);
-  QCOMPARE(desk.onDisk(), "(missing)");
-  QVERIFY(desk.isDirty());
 }
 
 void HtmlSavingTest::asksBeforeTheDocumentIsLeft() {
-  struct Case {
-    const char* name;
-    int from;
-    std::function<void(const HtmlDesk&)> leave;
-    const char* next;  // the file that is in hand then
-  };
-  const Case cases[] = {
-      {"another view", 2, [](const HtmlDesk& desk) { desk.go(4); }, "sitemap2c.html"},
-      {"the style editor, which goes on", 2, [](const HtmlDesk& desk) { desk.go(3); }, "sitemap2c.html"},
-      {"the viewer, which begins anew", 3, [](const HtmlDesk& desk) { desk.go(2); }, "sitemap3c.html"},
-      {"another layout", 2, [](const HtmlDesk& desk) { desk.choose("sitemapTypePopup", kThreeColumns); },
-       "sitemap3c.html"},
-      {"closing", 2, [](const HtmlDesk& desk) { desk.window().close(); }, "sitemap2c.html"},
-  };
-  for (const Case& c : cases) {
-    for (const QString& button : {kSaveChanges, kDiscard}) {
+  for (const Way& way : kWays) {
+    for (const bool save : {true, false}) {
+      const Opener opener;
       HtmlDesk desk;
-      desk.openAt(c.from);
-      QVERIFY(desk.choose("sitemapTypePopup", kTwoColumns));
-      QVERIFY(desk.shown());
-      const std::string before = desk.document();
-      QVERIFY(desk.edit());
-      c.leave(desk);
-      const QString& question = c.name == cases[3].name ? kLayoutQuestion : kLeaveQuestion;
-      QVERIFY2(message(question), c.name);
-      pressEscape(*message(question));  // is no answer
+      const std::string before = desk.onDisk("sitemap2c.html");
+      QVERIFY(openEdited(desk, way.from));
+      way.leave(desk);
+      QVERIFY2(message(way.question), way.name);
+      pressEscape(*message(way.question));  // is no answer
       QCOMPARE(desk.onDisk("sitemap2c.html"), before);
-      QVERIFY2(answer(message(question), button), c.name);
-      if (c.name == cases[4].name) {
-        QVERIFY(comesTrue([&] { return !desk.window().isVisible(); }));
-      } else {
-        QVERIFY(noSheetLeft());
-        QVERIFY2(desk.document() == desk.onDisk(c.next), c.name);
-        QVERIFY(!desk.window().state().qzvskNeedsSave);
-      }
-      QVERIFY2(desk.onDisk("sitemap2c.html") == (button == kSaveChanges ? edited(before) : before), c.name);
+      QVERIFY2(answer(message(way.question), save ? kSaveChanges : way.discard), way.name);
+      QVERIFY(comesTrue([&] { return desk.window().isVisible() != way.endsAll; }) && noSheetLeft());
+      QVERIFY2(desk.document() == desk.onDisk(way.next), way.name);
+      QVERIFY(!desk.window().state().qzvskNeedsSave);
+      QVERIFY2(desk.onDisk("sitemap2c.html") == (save ? edited(before) : before), way.name);
       QVERIFY(desk.othersAreUntouched("sitemap2c.html"));
+      QCOMPARE(opener.opened.size(), way.previews ? 1 : 0);
     }
+  }
+}
+
+void HtmlSavingTest::staysWhenItCannotSave() {
+  // The other views ask by the same means as the end does.
+  for (const Way& way : std::span(kWays).subspan(3)) {
+    const Opener opener;
+    HtmlDesk desk;
+    const std::string before = desk.onDisk("sitemap2c.html");
+    QVERIFY(openEdited(desk, way.from));
+    {
+      const platform::FolderLock obstacle(desk.controls.siteFolder("Shop"));  // for the superuser, too
+      way.leave(desk);
+      QVERIFY2(answer(message(way.question), kSaveChanges), way.name);
+      QVERIFY2(couldNotWrite("sitemap2c.html"), way.name);
+      QVERIFY2(desk.document() == (way.givesWay ? before : edited(before)), way.name);
+      QVERIFY(answer(couldNotWrite("sitemap2c.html"), way.givesWay ? kRestoreChanges : kOk));
+      QVERIFY(desk.shown() && noSheetLeft());
+    }
+    QVERIFY2(desk.document() == edited(before) && desk.isDirty(), way.name);
+    QVERIFY(desk.control<QAbstractButton>("ptItalicButton").isChecked());
+    QVERIFY(desk.text("urlToLoad").endsWith(QLatin1String("sitemap2c.html")));
+    QCOMPARE(desk.control<QComboBox>("sitemapTypePopup").currentText(), kTwoColumns);
+    QVERIFY(desk.window().isVisible() && opener.opened.isEmpty());
+    QVERIFY(desk.othersAreUntouched("none of them"));
   }
 }
 
@@ -151,153 +166,61 @@ void HtmlSavingTest::asksBeforeAScan() {
   QVERIFY(desk.document().find(site.url()) != std::string::npos);
   QVERIFY(desk.isClean());
   // Who has no site in hand any more has no document.
-  QVERIFY(desk.edit());
   desk.control<QAction>("editMI").trigger();
-  QVERIFY(answer(message(kLeaveQuestion), kSaveChanges));
-  QVERIFY(comesTrue([] { return topSheet() != nullptr; }));
+  QVERIFY(sheetNamed(QStringLiteral("aedWindow")));
   pressEscape(*topSheet());
   QVERIFY(noSheetLeft() && desk.shown());
   QVERIFY(desk.inPageComesTrue(QStringLiteral("document.body.innerText.includes('Please Select A Site')")));
 }
 
-void HtmlSavingTest::savesWhenAskedForAgain() {
-  HtmlDesk desk;
-  // Bytes that are no text stay as they are.
-  desk.writeFile("Shop", "sitemap3c.html", with(desk.onDisk(), "Link 3", std::string("Li\xFF\xC3\0nk 3", 9)));
-  desk.openAt(2);
-  const std::string before = desk.onDisk();
-  QVERIFY(desk.clickLink(QStringLiteral("Link 2")));
-  QVERIFY(desk.edit());
-  desk.go(2);
-  QVERIFY(topSheet() == nullptr);
-  QCOMPARE(desk.onDisk(), edited(before));
-  QVERIFY(desk.isClean() && desk.nothingIsSelected());
-}
-
-void HtmlSavingTest::offersAgainWhatCouldNotBeWritten() {
-  HtmlDesk desk;
-  desk.openAt(2);
-  const std::string before = desk.document();
-  QVERIFY(desk.choose("sitemapTypePopup", kTwoColumns));
-  QVERIFY(desk.edit());
-  const std::string unsaved = desk.document();
-  {
-    const Obstacle obstacle(desk);
-    desk.go(6);
-    QVERIFY(answer(message(kLeaveQuestion), kSaveChanges));
-    QVERIFY(couldNotWrite("sitemap2c.html"));
-  }
-  desk.close();  // with the message up
-  desk.openAt(2);
-  QVERIFY(topSheet() == nullptr);
-  QCOMPARE(desk.document(), before);
-  QVERIFY(desk.choose("sitemapTypePopup", kTwoColumns));
-  QVERIFY(answer(message(kKeptQuestion), kRestoreChanges));
-  QVERIFY(desk.shown() && noSheetLeft());
-  QCOMPARE(desk.document(), unsaved);
-  QVERIFY(desk.isDirty());
-}
-
-void HtmlSavingTest::staysWhenItCannotSave() {
-  struct Case {
-    const char* name;
-    std::function<void(const HtmlDesk&)> step;  // up to the message
-    bool isOffered;                             // or stays in hand at once
-  };
-  const Case cases[] = {
-      {"saving",
-       [](const HtmlDesk& desk) {
-         desk.click("saveChangesButton");
-         answer(message(kSaveQuestion), kSaveChanges);
-       },
-       true},
-      {"closing",
-       [](const HtmlDesk& desk) {
-         desk.window().close();
-         answer(message(kLeaveQuestion), kSaveChanges);
-       },
-       true},
-      {"another layout",
-       [](const HtmlDesk& desk) {
-         desk.choose("sitemapTypePopup", kTwoColumns);
-         answer(message(kLayoutQuestion), kSaveChanges);
-       },
-       false},
-      {"deleting",
-       [](const HtmlDesk& desk) {
-         desk.clickLink(QStringLiteral("Link 2"));
-         desk.click("deleteButton");
-         answer(sheetNamed({}), kSaveChanges);
-       },
-       false},
-      {"leaving",
-       [](const HtmlDesk& desk) {
-         desk.go(3);
-         answer(message(kLeaveQuestion), kSaveChanges);
-       },
-       true},
-  };
-  HtmlDesk desk;
-  desk.openAt(2);
-  const std::string before = desk.document();
-  for (const Case& c : cases) {
-    QVERIFY(desk.shown());
-    if (!desk.window().state().qzvskNeedsSave) QVERIFY(desk.edit());
-    {
-      const Obstacle obstacle(desk);
-      c.step(desk);
-      QVERIFY2(couldNotWrite(), c.name);
-      // What is shown is what the file holds, unless the document stays in hand.
-      QVERIFY2(desk.document() == (c.isOffered ? before : edited(before)), c.name);
-      QVERIFY(answer(couldNotWrite(), c.isOffered ? kRestoreChanges : kOk));
-      QVERIFY(desk.shown() && noSheetLeft());
-    }
-    QVERIFY2(desk.document() == edited(before), c.name);
-    QVERIFY2(desk.isDirty(), c.name);
-    QVERIFY(desk.control<QAbstractButton>("ptItalicButton").isChecked());
-    QVERIFY(desk.text("urlToLoad").endsWith(QLatin1String("sitemap3c.html")));
-    QCOMPARE(desk.control<QComboBox>("sitemapTypePopup").currentText(), kThreeColumns);
-    QVERIFY(desk.othersAreUntouched("none of them"));
-  }
-  desk.click("saveChangesButton");
-  QVERIFY(answer(message(kSaveQuestion), kSaveChanges));
-  QVERIFY(noSheetLeft());
-  QCOMPARE(desk.onDisk(), edited(before));
-}
-
+/// Not even where no copy can be kept is anything lost.
 void HtmlSavingTest::overwritesNoWorkOfOthers() {
   HtmlDesk desk;
+  fs::create_directories(desk.reasons.state().location());
+  std::ofstream(desk.reasons.state().location() / "sites") << "no folder";
   desk.openAt(2);
   QVERIFY(desk.edit());
   const std::string unsaved = desk.document();
   desk.writeDocuments(samples::blocks(2));  // a scan from a terminal
   const std::string theirs = desk.onDisk();
   desk.go(2);
-  QMessageBox* sheet = couldNotWrite();
+  QMessageBox* sheet = couldNotWrite("sitemap3c.html");
   QVERIFY(sheet);
   QCOMPARE(desk.onDisk(), theirs);
   QCOMPARE(desk.document(), theirs);
-  // Whoever wants to have it all the same has been asked.
   QVERIFY(answer(sheet, kRestoreChanges));
-  QVERIFY(desk.shown() && noSheetLeft());
+  QVERIFY(desk.shown() && noSheetLeft() && desk.isDirty());
+  // Whoever wants to have it all the same has been asked.
   desk.go(2);
   QVERIFY(topSheet() == nullptr);
   QCOMPARE(desk.onDisk(), unsaved);
 }
 
-void HtmlSavingTest::keepsChangesThatDoNotEvenFitIntoACopy() {
+void HtmlSavingTest::offersWhatACrashLeft() {
   HtmlDesk desk;
-  fs::create_directories(desk.reasons.state().location());
-  std::ofstream(desk.reasons.state().location() / "sites") << "no folder";
+  const auto copyIsKept = [&] {
+    const fs::path copies = desk.reasons.state().ofSite("Shop");
+    return fs::exists(copies) && !fs::is_empty(copies);
+  };
   desk.openAt(2);
   const std::string before = desk.document();
-  QVERIFY(desk.edit());
-  const Obstacle obstacle(desk);
-  desk.go(2);
-  QVERIFY(answer(couldNotWrite(), kRestoreChanges));
-  QVERIFY(desk.shown() && noSheetLeft());
-  QCOMPARE(desk.document(), edited(before));
+  for (const QString& button : {kDiscardChanges, kRestoreChanges}) {
+    QVERIFY(desk.edit());
+    QVERIFY(comesTrue(copyIsKept));
+    desk.close();  // nobody is asked
+    desk.openAt(2);
+    QMessageBox* sheet = message(kKeptQuestion);
+    QVERIFY(sheet);
+    pressEscape(*sheet);  // is no answer
+    QCOMPARE(desk.document(), before);
+    QVERIFY(answer(message(kKeptQuestion), button));
+    QVERIFY(desk.shown() && noSheetLeft());
+    QCOMPARE(copyIsKept(), button == kRestoreChanges);  // until it is saved it may be lost again
+  }
   QVERIFY(desk.isDirty());
+  QCOMPARE(desk.document(), edited(before));
+  QVERIFY(desk.click("ptItalicButton"));  // back to what is on disk
+  QVERIFY(desk.isClean() && !copyIsKept());
 }
 
 }  // namespace window_tests

@@ -9,9 +9,21 @@
 #include <QWebEngineScript>
 #include <memory>
 
-#include "platform/qt_text.h"
+#include "sitemaps/html_format.h"
 
 namespace window_tests {
+
+namespace {
+
+/// The document that a scan would have written.
+std::string documentOf(const sitemaps::Layout& layout, const std::vector<samples::Block>& blocks) {
+  if (layout.listing == sitemaps::Listing::allLinks) return samples::document(layout.columns, blocks);
+  std::vector<samples::Block> pages;
+  for (const samples::Block& block : blocks) pages.push_back({block.front()});
+  return samples::document(layout.columns, pages);
+}
+
+}  // namespace
 
 QVariant inPage(QWebEngineView& view, const QString& script) {
   // Shared, since the answer may come when nobody waits any longer.
@@ -21,13 +33,6 @@ QVariant inPage(QWebEngineView& view, const QString& script) {
   });
   if (!comesTrue([&] { return answer->first; })) qWarning("The page does not answer");
   return answer->second;
-}
-
-std::string documentOf(const sitemaps::Layout& layout, const std::vector<samples::Block>& blocks) {
-  if (layout.listing == sitemaps::Listing::allLinks) return samples::document(layout.columns, blocks);
-  std::vector<samples::Block> pages;
-  for (const samples::Block& block : blocks) pages.push_back({block.front()});
-  return samples::document(layout.columns, pages);
 }
 
 std::string edited(const std::string& document) {

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QComboBox>
+#include <QDesktopServices>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QUrl>
 #include <QVariant>
 #include <QWebEngineView>
 #include <string>
@@ -11,7 +13,6 @@
 
 #include "html_editor/sample_document.h"
 #include "scan_steps.h"
-#include "sitemaps/html_format.h"
 #include "sitemaps/layouts.h"
 #include "window_test.h"
 
@@ -23,14 +24,25 @@ inline const QString kDiscardChanges = QStringLiteral("Discard Changes");
 inline const QString kRestoreChanges = QStringLiteral("Restore Changes");
 inline const QString kLeaveQuestion =
     QStringLiteral("Changes have been made to this sitemap, would you like to save before proceeding?");
-inline const QString kSaveQuestion =
-    QStringLiteral("Are you sure you want to save the changes you have made?");
 inline const QString kDeleteQuestion = QStringLiteral(
     "Are you absolutely sure you want to remove this link from your sitemap, deleted links cannot be "
     "restored.");
 inline const QString kTwoColumns = QStringLiteral("Two Columns, All Links");
 inline const QString kThreeColumns = QStringLiteral("Three Columns, All Links");
-inline const QString kKeptQuestion = QStringLiteral("Changes to this sitemap were not saved.");
+
+/// Notes what would be opened in other programs.
+class Opener : public QObject {
+  Q_OBJECT
+
+ public:
+  Opener() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
+  ~Opener() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+  QList<QUrl> opened;
+
+ public slots:
+  void open(const QUrl& url) { opened.append(url); }
+};
 
 /// Runs a script in the world of the program's own scripts and waits for its value.
 QVariant inPage(QWebEngineView& view, const QString& script);
@@ -82,8 +94,5 @@ class HtmlDesk : public Desk {
 
 /// What edit() makes of a document.
 std::string edited(const std::string& document);
-
-/// The document that a scan would have written.
-std::string documentOf(const sitemaps::Layout& layout, const std::vector<samples::Block>& blocks);
 
 }  // namespace window_tests
