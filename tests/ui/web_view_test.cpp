@@ -19,39 +19,37 @@ class WebViewTest : public QObject {
   void putsAStyleInPlace();
 
  private:
-  void capturesClick(const QString& attributes, Qt::KeyboardModifiers modifiers);
-
   std::unique_ptr<WalledView> m_walled;
 };
 
 void WebViewTest::capturesEveryClick() {
   const QString handlers = QStringLiteral("onclick='event.stopPropagation()' onmousedown='this.remove()'");
-  for (const QString& attributes :
-       {QStringLiteral("target=_blank"), QStringLiteral("download"), handlers, QString()}) {
-    capturesClick(attributes, Qt::NoModifier);
-  }
-  for (const auto modifiers : {Qt::ControlModifier, Qt::ShiftModifier, Qt::AltModifier})
-    capturesClick({}, modifiers);
-}
-
-void WebViewTest::capturesClick(const QString& attributes, Qt::KeyboardModifiers modifiers) {
+  const std::pair<QString, Qt::KeyboardModifier> cases[] = {{QStringLiteral("target=_blank"), Qt::NoModifier},
+                                                            {QStringLiteral("download"), Qt::NoModifier},
+                                                            {handlers, Qt::NoModifier},
+                                                            {{}, Qt::ControlModifier},
+                                                            {{}, Qt::ShiftModifier},
+                                                            {{}, Qt::AltModifier}};
   const QString target = QStringLiteral("HTTP://A.Test/%7Ex?a=1&amp;b=2#c---LINKID:3---");
-  QVERIFY(m_walled->load(
-      withText(QStringLiteral("<a href='%1' %2 style='display: block; height: 80px'><b>bold</b> text</a>")
-                   .arg(target, attributes))));
-  const int pages = static_cast<int>(m_walled->view().page()->findChildren<QWebEnginePage*>().size());
-  QTest::mouseClick(m_walled->view().focusProxy(), Qt::LeftButton, modifiers, {60, 50});
-  QVERIFY(comesTrue([&] { return !m_walled->clicks().isEmpty(); }));
-  const QStringList expected = {QStringLiteral("HTTP://A.Test/%7Ex?a=1&b=2#c---LINKID:3---"),
-                                QStringLiteral("bold text")};
-  QCOMPARE(m_walled->clicks(), QList<QStringList>{expected});
-  QTest::mouseClick(m_walled->view().focusProxy(), Qt::MiddleButton, modifiers, {60, 50});
-  inPage(m_walled->view(), QStringLiteral("document.links[0].focus()"));
-  QTest::keyClick(m_walled->view().focusProxy(), Qt::Key_Return);
-  QVERIFY(comesTrue([&] { return m_walled->clicks().size() > 1; }));
-  QCOMPARE(m_walled->clicks(), (QList<QStringList>{expected, expected}));
-  QVERIFY(m_walled->isStill());
-  QCOMPARE(static_cast<int>(m_walled->view().page()->findChildren<QWebEnginePage*>().size()), pages);
+  const QStringList click = {QStringLiteral("HTTP://A.Test/%7Ex?a=1&b=2#c---LINKID:3---"),
+                             QStringLiteral("bold text")};
+  for (const auto& [attributes, modifiers] : cases) {
+    QVERIFY(m_walled->load(
+        withText(QStringLiteral("<a href='%1' %2 style='display: block; height: 80px'><b>bold</b> text</a>")
+                     .arg(target, attributes))));
+    QWidget* place = m_walled->view().focusProxy();
+    const auto pages = [&] { return m_walled->view().page()->findChildren<QWebEnginePage*>().size(); };
+    const auto before = pages();
+    QTest::mouseClick(place, Qt::LeftButton, modifiers, {60, 50});
+    QVERIFY(comesTrue([&] { return !m_walled->clicks().isEmpty(); }));
+    QTest::mouseClick(place, Qt::MiddleButton, modifiers, {60, 50});  // is none
+    inPage(m_walled->view(), QStringLiteral("document.links[0].focus()"));
+    QTest::keyClick(place, Qt::Key_Return);
+    QVERIFY(comesTrue([&] { return m_walled->clicks().size() > 1; }));
+    QCOMPARE(m_walled->clicks(), (QList<QStringList>{click, click}));
+    QVERIFY(m_walled->isStill());
+    QCOMPARE(pages(), before);
+  }
 }
 
 void WebViewTest::capturesClicksBeforeAnybodyListens() {
@@ -87,21 +85,18 @@ void WebViewTest::reloadsALostDocumentOnce() {
 
 /// Loads overtake each other, and the engine's own way for texts ends at a megabyte.
 void WebViewTest::showsTheLastOfManyDocuments() {
-  QString many;
-  for (int i = 0; i < 30'000; ++i)
-    many += QStringLiteral("<a href='http://a.test/%1'>A link of some length</a>\n").arg(i);
+  const QString large = QStringLiteral("<!--%1-->").arg(QString(3 << 20, QLatin1Char('x')));
   for (const bool sameDocument : {true, false}) {
     for (int i = 0; i < 20; ++i) {
       m_walled->expectAnother();
-      const QString text = QStringLiteral("<i>%1</i>").arg(i);
-      m_walled->view().showDocument(withText(i == 19 ? text + many : text).toStdString(), sameDocument);
+      const QString text = QStringLiteral("%1<i>%2</i>").arg(i == 19 ? large : QString()).arg(i);
+      m_walled->view().showDocument(withText(text).toStdString(), sameDocument);
       if (i % 3 == 0) QApplication::processEvents();
     }
     QVERIFY(m_walled->isShown());
     QVERIFY(comesTrue([&] {
-      return inPage(m_walled->view(),
-                    QStringLiteral("document.querySelector('i').textContent + document.links.length"))
-                 .toString() == QLatin1String("1930000");
+      return inPage(m_walled->view(), QStringLiteral("document.querySelector('i').textContent")).toString() ==
+             QLatin1String("19");
     }));
   }
 }
