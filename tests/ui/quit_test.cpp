@@ -1,9 +1,7 @@
 // Closing the window, with a scan running and without.
-#include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
 
-#include "platform/qt_text.h"
 #include "scan_steps.h"
 
 namespace window_tests {
@@ -16,6 +14,21 @@ const QString kStop = QStringLiteral("Stop and Quit");
 
 const QString kByKey = QStringLiteral("Ctrl+Q");
 const QString kByTitleBar = QStringLiteral("title bar");
+
+/// When somebody has had enough: a scan waits for a page, or for an answer.
+struct Moment {
+  const char* slowPage;
+  QString sheetName;
+
+  support::SiteServer::Pages pages() const {
+    support::SiteServer::Pages pages = smallSite();
+    if (sheetName.isEmpty()) pages["/"] = page("Start", {kLoop});
+    return pages;
+  }
+  QDialog* sheet() const { return sheetName.isEmpty() ? message(kLooping) : sheetNamed(sheetName); }
+};
+
+const Moment kMoments[] = {{"/", kConnecting}, {"/b.html", kProgress}, {"(none)", {}}};
 
 /// Closes the main window as far as that is possible with the sheet that is up.
 void closeBy(const QString& way, const Desk& desk) {
@@ -56,95 +69,56 @@ class QuitTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void asksOnceBeforeQuitting_data();
   void asksOnceBeforeQuitting();
   void quitsAfterTheScanHasEndedBehindTheQuestion();
   void quitsAtOnceWithoutAScan();
   void staysWhileASiteIsEdited();
-  void stopsTheScanWithItsSheet_data();
   void stopsTheScanWithItsSheet();
   void endsAScanWithTheWindow();
 };
 
-void QuitTest::asksOnceBeforeQuitting_data() {
-  QTest::addColumn<QString>("slowPage");
-  QTest::addColumn<QString>("sheet");
-  QTest::addColumn<QString>("way");
-  QTest::addColumn<bool>("stop");
-  for (const QString& way : waysToClose()) {
-    for (const bool stop : {false, true}) {
-      const std::string what = platform::toUtf8(way) + (stop ? ", stop" : ", keep");
-      QTest::addRow("connecting, %s", what.c_str()) << QStringLiteral("/") << kConnecting << way << stop;
-      QTest::addRow("scanning, %s", what.c_str()) << QStringLiteral("/b.html") << kProgress << way << stop;
-      QTest::addRow("looping, %s", what.c_str()) << QStringLiteral("(none)") << QString() << way << stop;
+void QuitTest::asksOnceBeforeQuitting() {
+  for (const Moment& moment : kMoments) {
+    for (const QString& way : waysToClose()) {
+      const SlowSite site(moment.pages(), moment.slowPage);
+      Desk desk;
+      openWithShop(desk, site.url());
+      QVERIFY(desk.click("scanSiteButton"));
+      QVERIFY(moment.sheet());
+      const int sheets = messagesUp();
+      // Keys go nowhere before the sheet has the focus; whoever is in a hurry tries again.
+      QVERIFY(comesTrue([&] {
+        if (messagesUp() > sheets) return true;
+        closeBy(way, desk);
+        return false;
+      }));
+      QVERIFY(message(kRunning));
+      closeBy(way, desk);
+      desk.window().close();
+      QTest::qWait(0);
+      QCOMPARE(messagesUp(), sheets + 1);
+      QVERIFY(answer(message(kRunning), kKeep));
+      QVERIFY(moment.sheet());
+      QVERIFY(desk.window().isVisible());
+      desk.window().close();
+      QVERIFY(quits([&] { return answer(message(kRunning), kStop); }));
+      QVERIFY(!desk.window().isVisible());
+      QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
     }
   }
-}
-
-void QuitTest::asksOnceBeforeQuitting() {
-  QFETCH(const QString, slowPage);
-  QFETCH(const QString, sheet);
-  QFETCH(const QString, way);
-  QFETCH(const bool, stop);
-  support::SiteServer::Pages pages = smallSite();
-  if (sheet.isEmpty()) pages["/"] = page("Start", {kLoop});
-  SlowSite site(pages, platform::toUtf8(slowPage));
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(sheet.isEmpty() ? message(kLooping) : sheetNamed(sheet));
-
-  // Keys go nowhere before the sheet has the focus; whoever is in a hurry tries again.
-  QVERIFY(comesTrue([&] {
-    if (messagesUp() > (sheet.isEmpty() ? 1 : 0)) return true;
-    closeBy(way, desk);
-    return false;
-  }));
-  QMessageBox* question = message(kRunning);
-  QVERIFY(question);
-  QVERIFY(hasButtons(*question, {kStop, kKeep}));
-  const int messages = messagesUp();
-  closeBy(way, desk);
-  desk.window().close();
-  QTest::qWait(0);
-  QCOMPARE(messagesUp(), messages);
-  QVERIFY(desk.window().isVisible());
-  if (stop) {
-    QVERIFY(quits([&] { return answer(question, kStop); }));
-    QVERIFY(!desk.window().isVisible());
-    QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
-    return;
-  }
-  QVERIFY(answer(question, kKeep));
-  QVERIFY(sheet.isEmpty() ? message(kLooping) : sheetNamed(sheet));
-  site.release();
-  if (sheet.isEmpty()) QVERIFY(answer(message(kLooping), QStringLiteral("Continue")));
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(desk.window().isVisible());
-  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), QStringLiteral("Scanned \"Shop\""));
 }
 
 void QuitTest::quitsAfterTheScanHasEndedBehindTheQuestion() {
-  for (const bool stop : {false, true}) {
-    SlowSite site(smallSite(), "/b.html");
-    Desk desk;
-    openWithShop(desk, site.url());
-    QVERIFY(desk.click("scanSiteButton"));
-    QVERIFY(sheetNamed(kProgress));
-    desk.window().close();
-    QVERIFY(message(kRunning));
-    site.release();
-    QVERIFY(scanHasEnded(desk));
-    QMessageBox* question = message(kRunning);
-    QVERIFY(question);
-    if (stop) {
-      QVERIFY(quits([&] { return answer(question, kStop); }));
-    } else {
-      QVERIFY(answer(question, kKeep) && noSheetLeft());
-      QVERIFY(desk.window().isVisible());
-      QVERIFY(scan(desk));
-    }
-  }
+  SlowSite site(smallSite(), "/b.html");
+  Desk desk;
+  openWithShop(desk, site.url());
+  QVERIFY(desk.click("scanSiteButton"));
+  QVERIFY(sheetNamed(kProgress));
+  desk.window().close();
+  QVERIFY(message(kRunning));
+  site.release();
+  QVERIFY(scanHasEnded(desk));
+  QVERIFY(quits([&] { return answer(message(kRunning), kStop); }));
 }
 
 void QuitTest::quitsAtOnceWithoutAScan() {
@@ -177,33 +151,21 @@ void QuitTest::staysWhileASiteIsEdited() {
   }
 }
 
-void QuitTest::stopsTheScanWithItsSheet_data() {
-  QTest::addColumn<QString>("slowPage");
-  QTest::addColumn<QString>("sheet");
-  QTest::newRow("connecting") << QStringLiteral("/") << kConnecting;
-  QTest::newRow("scanning") << QStringLiteral("/b.html") << kProgress;
-  QTest::newRow("looping") << QStringLiteral("(none)") << QString();
-}
-
 /// The title bar of a sheet is its Cancel button.
 void QuitTest::stopsTheScanWithItsSheet() {
-  QFETCH(const QString, slowPage);
-  QFETCH(const QString, sheet);
   if (!hasTitleBars()) QSKIP("windows have no title bars here; see the run on X11");
-  support::SiteServer::Pages pages = smallSite();
-  if (sheet.isEmpty()) pages["/"] = page("Start", {kLoop});
-  const SlowSite site(pages, platform::toUtf8(slowPage));
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QDialog* up = sheet.isEmpty() ? message(kLooping) : sheetNamed(sheet);
-  QVERIFY(up);
-  closeByTitleBar(*up);
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(noSheetLeft());
-  QVERIFY(desk.window().isVisible());
-  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(),
-           QStringLiteral("Stopped the scan of \"Shop\""));
+  for (const Moment& moment : kMoments) {
+    const SlowSite site(moment.pages(), moment.slowPage);
+    Desk desk;
+    openWithShop(desk, site.url());
+    QVERIFY(desk.click("scanSiteButton"));
+    QVERIFY(moment.sheet());
+    closeByTitleBar(*moment.sheet());
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
+    QVERIFY(desk.window().isVisible());
+    QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(),
+             QStringLiteral("Stopped the scan of \"Shop\""));
+  }
 }
 
 void QuitTest::endsAScanWithTheWindow() {
