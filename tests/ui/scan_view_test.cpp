@@ -19,29 +19,13 @@ namespace {
 
 const QString kBlog = QStringLiteral("Blog");
 
-const char* const kSiteControls[] = {"scanSiteButton",     "editSiteButton",  "deleteSiteButton",
-                                     "filterDrawerButton", "addFilterButton", "delFilterButton",
-                                     "newFilterInput",     "copyUrlButton",   "ignoreRobotsButton"};
-const char* const kSiteActions[] = {"scanMI",         "editMI",        "deleteMI",       "filtersMI",
-                                    "ignoreRobotsMI", "copyAddressMI", "viewInBrowserMI"};
-
 bool allSiteControls(const Desk& desk, bool enabled) {
-  const auto asWanted = [&](const char* name, bool isEnabled) {
-    if (isEnabled != enabled) qWarning("%s is not as it should be", name);
-    return isEnabled == enabled;
-  };
-  bool all = true;
-  for (const char* name : kSiteControls) all = asWanted(name, desk.enabled(name)) && all;
-  for (const char* name : kSiteActions) all = asWanted(name, desk.control<QAction>(name).isEnabled()) && all;
-  return all;
-}
-
-/// What a table shows in its first column.
-QStringList shown(const Desk& desk, const char* table) {
-  const QAbstractItemModel& model = *desk.control<QTableView>(table).model();
-  QStringList rows;
-  for (int row = 0; row < model.rowCount(); ++row) rows.append(model.index(row, 0).data().toString());
-  return rows;
+  const auto areAsWanted = [&](const auto& control) { return control.isEnabled() == enabled; };
+  for (const char* name : {"scanSiteButton", "editSiteButton", "deleteSiteButton", "newFilterInput"})
+    if (!areAsWanted(desk.control<QWidget>(name))) return false;
+  for (const char* name : {"scanMI", "editMI", "deleteMI", "ignoreRobotsMI", "viewInBrowserMI"})
+    if (!areAsWanted(desk.control<QAction>(name))) return false;
+  return true;
 }
 
 bool robotsAreIgnored(const Desk& desk, bool ignored) {
@@ -58,11 +42,9 @@ class ScanViewTest : public QObject {
   void enablesWhatASelectedSiteAllows();
   void showsTheRecord();
   void turnsTheRobotsSwitch();
-  void searchesSites();
-  void sortsByHeadings();
+  void searchesAndSortsSites();
   void addsAndDeletesFilters();
   void opensAndClosesTheDrawer();
-  void shortensLongNamesAndAddresses();
 };
 
 void ScanViewTest::enablesWhatASelectedSiteAllows() {
@@ -142,40 +124,28 @@ void ScanViewTest::turnsTheRobotsSwitch() {
   QVERIFY(robotsAreIgnored(desk, true));
 }
 
-void ScanViewTest::searchesSites() {
-  Desk desk;
-  for (const char* name : {"Shop", "Workshop", "Blog"}) desk.makeSite(name, "http://a.test/");
-  desk.open();
-  QVERIFY(desk.select(kBlog));
-  QTest::keyClick(&desk.window(), Qt::Key_F, Qt::ControlModifier);
-  auto& search = desk.control<QLineEdit>("siteSearch");
-  QVERIFY(search.hasFocus());
-  QTest::keyClicks(&search, QStringLiteral("sHop"));
-  QCOMPARE(desk.listedSites(), (QStringList{kShop, QStringLiteral("Workshop")}));
-  // A site that is not to be seen is not in hand either.
-  QVERIFY(desk.nothingSelected());
-  QVERIFY(desk.select(QStringLiteral("Workshop")));
-  search.clear();
-  QCOMPARE(desk.label("siteName"), QStringLiteral("Workshop"));
-}
-
-void ScanViewTest::sortsByHeadings() {
+void ScanViewTest::searchesAndSortsSites() {
   Desk desk;
   for (const auto& [name, pages] :
-       {std::pair("Zoo", "9"), std::pair("blog", "1204"), std::pair("Shop", "80")})
+       {std::pair("Workshop", "9"), std::pair("blog", "1204"), std::pair("Shop", "80")})
     desk.makeSite(name, "",
                   "<siteName>" + std::string(name) + "</siteName>\n<pagesFound>" + pages + "</pagesFound>");
   desk.open();
-  QHeaderView& header = *desk.control<QTableView>("siteListTable").horizontalHeader();
   QVERIFY(desk.select(kShop));
-  const std::pair<int, const char*> clicks[] = {
-      {0, "blog Shop Zoo"}, {1, "Zoo Shop blog"}, {1, "blog Shop Zoo"}, {1, "Shop Zoo blog"}};
-  for (const auto& [column, order] : clicks) {
+  QHeaderView& header = *desk.control<QTableView>("siteListTable").horizontalHeader();
+  for (const auto& [column, order] :
+       {std::pair(0, "blog Shop Workshop"), std::pair(1, "Workshop Shop blog")}) {
     const QPoint place(header.sectionViewportPosition(column) + 20, header.height() / 2);
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
     QCOMPARE(desk.listedSites().join(QLatin1Char(' ')), QLatin1String(order));
   }
   QCOMPARE(desk.label("siteName"), kShop);
+  QVERIFY(desk.select(QStringLiteral("blog")));
+  QTest::keyClick(&desk.window(), Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(&desk.control<QLineEdit>("siteSearch"), QStringLiteral("sHop"));
+  QCOMPARE(desk.listedSites(), (QStringList{QStringLiteral("Workshop"), kShop}));
+  // A site that is not to be seen is not in hand either.
+  QVERIFY(desk.nothingSelected());
 }
 
 void ScanViewTest::addsAndDeletesFilters() {
@@ -185,10 +155,7 @@ void ScanViewTest::addsAndDeletesFilters() {
   desk.writeFile("Shop", "filters.vskp", "/private\n\n#\n");
   desk.open();
   QVERIFY(desk.select(kShop));
-  QCOMPARE(shown(desk, "filterTable"), (QStringList{QStringLiteral("/private"), QStringLiteral("#")}));
-  QVERIFY(desk.select(kBlog));
-  QCOMPARE(shown(desk, "filterTable"), QStringList());
-  QVERIFY(desk.select(kShop));
+  QCOMPARE(desk.control<QTableView>("filterTable").model()->rowCount(), 2);
 
   // The menu leads to the field from every view; the labels have no say.
   desk.control<QLabel>("siteName").setText(kBlog);
@@ -203,7 +170,7 @@ void ScanViewTest::addsAndDeletesFilters() {
   QVERIFY(desk.click("addFilterButton"));  // of a field that is empty again
   QVERIFY(answer(message(QStringLiteral("Cannot Add Filter")), kOk));
   QVERIFY(desk.file("Shop", "filters.vskp").ends_with("#\n  /cart \n/private\n"));
-  QCOMPARE(desk.file("Blog", "filters.vskp"), std::string());
+  QCOMPARE(desk.file("Blog", "filters.vskp"), std::string("(missing)"));
 
   auto& table = desk.control<QTableView>("filterTable");
   const auto selectFilter = [&](int row) {
@@ -217,11 +184,8 @@ void ScanViewTest::addsAndDeletesFilters() {
   QCOMPARE(desk.file("Shop", "filters.vskp"), std::string("/private\n#\n  /cart \n"));
   selectFilter(0);
   selectFilter(2);
-  QTest::keyClick(&table, Qt::Key_Delete);
-  QVERIFY(topSheet() == nullptr);  // the key deletes filters, not the site
-  selectFilter(0);
-  QVERIFY(desk.click("delFilterButton"));
-  QCOMPARE(desk.file("Shop", "filters.vskp"), std::string());
+  QTest::keyClick(&table, Qt::Key_Delete);  // of filters, not of the site
+  QCOMPARE(desk.file("Shop", "filters.vskp"), std::string("#\n"));
 }
 
 void ScanViewTest::opensAndClosesTheDrawer() {
@@ -240,21 +204,6 @@ void ScanViewTest::opensAndClosesTheDrawer() {
     turn();
     QVERIFY(drawer.isVisible() == open && desk.window().state().qzvskPLastState == open);
     QVERIFY(button.isChecked() == open && action.isChecked() == open);
-  }
-}
-
-void ScanViewTest::shortensLongNamesAndAddresses() {
-  Desk desk;
-  const std::string name(200, 'W');
-  desk.makeSite(name, "http://shop.test/" + std::string(3000, 'w'));
-  desk.open();
-  const int width = desk.window().width();
-  QVERIFY(desk.select(platform::toQString(name)));
-  QTest::qWait(0);
-  QCOMPARE(desk.window().width(), width);
-  for (const char* field : {"siteName", "siteURL"}) {
-    auto& label = desk.control<QLabel>(field);
-    QVERIFY(label.width() < label.fontMetrics().horizontalAdvance(label.text()));
   }
 }
 

@@ -1,4 +1,4 @@
-// A scan in the window, from its button to the final counts.
+// A scan in the window, from its button to the final counts. What a scan finds is tested with its rules.
 #include <QAction>
 #include <QDockWidget>
 #include <QLabel>
@@ -21,22 +21,22 @@ namespace {
 using support::ServedPage;
 using support::SiteServer;
 
-QStringList shownLinks(const Desk& desk) {
+/// The paths of the listed links.
+QString shownLinks(const Desk& desk, const std::string& base) {
   const QAbstractItemModel& model = *desk.control<QListView>("scannedLinksViewer").model();
   QStringList links;
-  for (int row = 0; row < model.rowCount(); ++row) links.append(model.index(row, 0).data().toString());
-  return links;
-}
-
-QStringList addresses(const std::string& base, const QStringList& paths) {
-  QStringList all;
-  for (const QString& path : paths) all.append(platform::toQString(base) + path);
-  return all;
+  for (int row = 0; row < model.rowCount(); ++row)
+    links.append(model.index(row, 0).data().toString().remove(platform::toQString(base)));
+  return links.join(QLatin1Char(' '));
 }
 
 QString counter(const char* name) {
   const QDialog* sheet = topSheet();
   return sheet == nullptr ? QString() : platform::control<QLabel>(*sheet, name).text();
+}
+
+QString status(const Desk& desk) {
+  return desk.control<QStatusBar>("statusBar").currentMessage();
 }
 
 }  // namespace
@@ -47,12 +47,8 @@ class ScanWindowTest : public QObject {
  private slots:
   void scansFromTheButtonToTheFinalCounts();
   void showsHowFarItIs();
-  void startsByKey();
-  void endsExactlyHoweverFastLinksCome();
-  void honoursFiltersAndTheRobotsSwitch();
-  void forgetsTheBrokenPagesOfTheLastScan();
-  void stopsInMidPage();
-  void stopsWhileConnecting();
+  void goesByFiltersAndTheRobotsSwitch();
+  void stopsInMidPageAndWhileConnecting();
   void asksAboutLooping();
   void tellsOfAnUnreachableSite();
   void refusesASiteThatIsScannedElsewhere();
@@ -62,227 +58,139 @@ class ScanWindowTest : public QObject {
 };
 
 void ScanWindowTest::scansFromTheButtonToTheFinalCounts() {
-  const SiteServer server(smallSite());
+  const SiteServer server([pages = smallSite()](const std::string& target, int times) {
+    const auto page = pages.find(target);
+    if (page != pages.end()) return page->second;
+    return times == 1 ? ServedPage{.status = 404} : ServedPage{"<title>Back</title>"};
+  });
   Desk desk;
   openWithShop(desk, server.url());
-  QVERIFY(scan(desk));
+  desk.control<QAction>("xmlTBI").trigger();
+  QTest::keyClick(&desk.window(), Qt::Key_F5);
+  QVERIFY(!desk.enabled("scanSiteButton"));
+  QVERIFY(scanHasEnded(desk) && noSheetLeft());
   QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
   QCOMPARE(desk.label("linksScanned"), QStringLiteral("4"));
   QCOMPARE(desk.label("brokenLinks"), QStringLiteral("1"));
   QCOMPARE(desk.label("totalLinksFound"), QStringLiteral("9"));  // four pages with five anchors
-  QVERIFY(desk.control<QPushButton>("brokenLinksButton").isVisible());
-  QCOMPARE(shownLinks(desk),
-           addresses(server.url(), {QString(), QStringLiteral("a.html"), QStringLiteral("b.html"),
-                                    QStringLiteral("private/c.html"), QStringLiteral("gone.html")}));
-  QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), QStringLiteral("Scanned \"Shop\""));
-
-  QCOMPARE(desk.file("Shop", "badLinks.txt"), server.url("gone.html") + "\n");
-  const std::string record = desk.record("Shop");
-  QCOMPARE(store::recordCount(record, store::kPagesFound), std::optional(5));
-  QCOMPARE(store::recordCount(record, store::kPagesUsed), std::optional(4));
-  QCOMPARE(store::recordCount(record, store::kTotalLinks), std::optional(9));
-  for (const char* name : {"sitemap1c.html", "sitemap1cpo.html", "sitemap2c.html", "sitemap2cpo.html",
-                           "sitemap3c.html", "sitemap3cpo.html"}) {
-    QVERIFY2(desk.file("Shop", name).ends_with("</html>"), name);
-  }
-  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
-
+  QCOMPARE(shownLinks(desk, server.url()), QStringLiteral(" a.html b.html private/c.html gone.html"));
+  QCOMPARE(status(desk), QStringLiteral("Scanned \"Shop\""));
+  QCOMPARE(desk.control<QTableView>("xmlTableView").model()->rowCount(), 4);  // the open view shows it
+  QCOMPARE(store::recordCount(desk.record("Shop"), store::kPagesFound), std::optional(5));
   const QAbstractItemModel& sites = *desk.control<QTableView>("siteListTable").model();
   QCOMPARE(sites.index(0, 1).data().toString(), QStringLiteral("5"));
-  QCOMPARE(sites.index(0, 2).data().toString(), QStringLiteral("9"));
-  QCOMPARE(sites.index(0, 3).data().toString(), QStringLiteral("1"));
-  QVERIFY(!sites.index(0, 4).data().toString().isEmpty());
-  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI"}) {
+  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI"})
     QVERIFY2(desk.control<QAction>(action).isEnabled(), action);
-  }
-  QCOMPARE(desk.window().windowTitle(), QStringLiteral("Veskel2 - Shop"));
+  desk.control<QAction>("scanTBI").trigger();
   QVERIFY(desk.click("brokenLinksButton"));
   const QAbstractItemModel& broken = *desk.control<QTableView>("badLinkTable").model();
-  QCOMPARE(broken.rowCount(), 1);
   QCOMPARE(broken.index(0, 0).data().toString(), platform::toQString(server.url("gone.html")));
   QCOMPARE(broken.index(0, 1).data().toString(), QStringLiteral("404 - Not Found"));
+  // The next one forgets them.
+  desk.control<QAction>("scanTBI").trigger();
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("0"));
+  QVERIFY(!desk.control<QPushButton>("brokenLinksButton").isVisible());
 }
 
 void ScanWindowTest::showsHowFarItIs() {
   SlowSite site(smallSite(), "/b.html");
   Desk desk;
   openWithShop(desk, site.url());
+  auto& drawer = desk.control<QDockWidget>("filterDrawer");
   QVERIFY(desk.click("filterDrawerButton"));
   QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(!desk.control<QDockWidget>("filterDrawer").isVisible());
+  QVERIFY(!drawer.isVisible());
   QDialog* sheet = sheetNamed(kProgress);
   QVERIFY(sheet);
-  QCOMPARE(sheet->windowModality(), Qt::WindowModal);
   // Start and A are done, B is waited for, C and the broken page come behind.
   QVERIFY(comesTrue([] { return counter("caPagesScanned") == QLatin1String("2"); }));
   QCOMPARE(counter("caPagesLeft"), QStringLiteral("3"));
-  QCOMPARE(counter("caBrokenLinks"), QStringLiteral("0"));
   QCOMPARE(counter("tlsf"), QStringLiteral("7"));
-  const auto& bar = platform::control<QProgressBar>(*sheet, "scanProgressBar");
-  QCOMPARE(bar.maximum(), 5);
-  QCOMPARE(bar.value(), 2);
-  QCOMPARE(shownLinks(desk), addresses(site.url(), {QStringLiteral("a.html"), QStringLiteral("b.html"),
-                                                    QStringLiteral("private/c.html"),
-                                                    QStringLiteral("gone.html"), QStringLiteral("a.html")}));
-  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI", "ignoreRobotsMI"}) {
-    QVERIFY2(!desk.control<QAction>(action).isEnabled(), action);
-  }
+  QCOMPARE(platform::control<QProgressBar>(*sheet, "scanProgressBar").value(), 2);
+  QCOMPARE(shownLinks(desk, site.url()), QStringLiteral("a.html b.html private/c.html gone.html a.html"));
   // No other site can come into hand, not even between two sheets.
-  for (const char* widget : {"siteListTable", "siteSearch", "scanSiteButton", "addSiteButton",
-                             "editSiteButton", "deleteSiteButton", "ignoreRobotsButton"}) {
+  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI", "ignoreRobotsMI"})
+    QVERIFY2(!desk.control<QAction>(action).isEnabled(), action);
+  for (const char* widget : {"siteListTable", "siteSearch", "scanSiteButton", "addSiteButton"})
     QVERIFY2(!desk.enabled(widget), widget);
-  }
-
   site.release();
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(noSheetLeft());
+  QVERIFY(scanHasEnded(desk) && noSheetLeft());
   QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
-  QVERIFY(desk.control<QDockWidget>("filterDrawer").isVisible());
-  QVERIFY(desk.enabled("siteListTable"));
-  QVERIFY(desk.window().state().qzvskPLastState);
+  QVERIFY(drawer.isVisible() && desk.enabled("siteListTable"));
 }
 
-void ScanWindowTest::startsByKey() {
-  const SiteServer server({{"/", page("Only", {})}});
-  Desk desk;
-  openWithShop(desk, server.url());
-  desk.control<QAction>("xmlTBI").trigger();
-  for (const char* keys : {"F5", "Ctrl+R"}) {
-    QTest::keySequence(&desk.window(), QKeySequence(QString::fromLatin1(keys)));
-    QVERIFY(!desk.enabled("scanSiteButton"));
-    QVERIFY(scanHasEnded(desk) && noSheetLeft());
-    QCOMPARE(desk.label("pagesFound"), QStringLiteral("1"));
-    QCOMPARE(desk.control<QTableView>("xmlTableView").model()->rowCount(), 1);  // the open view shows it
-    desk.control<QLabel>("pagesFound").clear();
-  }
-}
-
-void ScanWindowTest::endsExactlyHoweverFastLinksCome() {
-  std::vector<std::string> links;
-  for (int i = 0; i < 3'000; ++i) links.push_back("http://b.test/" + std::to_string(i));
-  const SiteServer server({{"/", page("Links", links)}});
-  Desk desk;
-  openWithShop(desk, server.url());
-  QVERIFY(scan(desk));
-  QCOMPARE(desk.label("totalLinksFound"), QStringLiteral("3,001"));
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("1"));
-  QCOMPARE(shownLinks(desk), addresses(server.url(), {QString()}));
-}
-
-void ScanWindowTest::honoursFiltersAndTheRobotsSwitch() {
+void ScanWindowTest::goesByFiltersAndTheRobotsSwitch() {
   SiteServer::Pages pages = smallSite();
   pages["//robots.txt"] = {"User-agent: *\nDisallow: /private\n", "text/plain"};
   const SiteServer server(pages);
   Desk desk;
   openWithShop(desk, server.url());
-  QVERIFY(scan(desk));
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("4"));
   QVERIFY(desk.click("ignoreRobotsButton"));
   QVERIFY(scan(desk));
   QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
-
+  QVERIFY(desk.click("ignoreRobotsButton"));
   QVERIFY(desk.click("filterDrawerButton"));
-  QTest::keyClicks(&desk.control<QLineEdit>("newFilterInput"), QStringLiteral("/PRIVATE"));
+  QTest::keyClicks(&desk.control<QLineEdit>("newFilterInput"), QStringLiteral("/B.html"));
   QVERIFY(desk.click("addFilterButton"));
   QVERIFY(scan(desk));
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("4"));
+  QCOMPARE(desk.label("pagesFound"), QStringLiteral("3"));
 }
 
-void ScanWindowTest::forgetsTheBrokenPagesOfTheLastScan() {
-  const SiteServer server([](const std::string& target, int times) {
-    if (target == "/") return page("Start", {"a.html"});
-    return times == 1 ? ServedPage{.status = 500} : page("A", {});
-  });
-  Desk desk;
-  openWithShop(desk, server.url());
-  QVERIFY(scan(desk));
-  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("1"));
-  QVERIFY(scan(desk));
-  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("0"));
-  QVERIFY(!desk.control<QPushButton>("brokenLinksButton").isVisible());
-  QCOMPARE(desk.file("Shop", "badLinks.txt"), std::string());
-}
-
-void ScanWindowTest::stopsInMidPage() {
-  const SlowSite site(smallSite(), "/b.html");
-  Desk desk;
-  openWithShop(desk, site.url());
-  for (const bool escape : {false, true}) {
+void ScanWindowTest::stopsInMidPageAndWhileConnecting() {
+  for (const auto& [slow, sheetName, found] :
+       {std::tuple("/b.html", kProgress, "5"), std::tuple("/", kConnecting, "1")}) {
+    const SlowSite site(smallSite(), slow);
+    Desk desk;
+    openWithShop(desk, site.url());
     QVERIFY(desk.click("scanSiteButton"));
-    QDialog* sheet = sheetNamed(kProgress);
+    QDialog* sheet = sheetNamed(sheetName);
     QVERIFY(sheet);
-    QVERIFY(comesTrue([&] { return counter("caPagesScanned") == QLatin1String("2") && site.isWaitedFor(); }));
-    if (escape) pressEscape(*sheet);
-    if (!escape) QVERIFY(click(platform::control<QPushButton>(*sheet, "cancelScanButton")));
+    // Of the five pages two are done then, and the others are known.
+    const bool connecting = sheet->objectName() == kConnecting;
+    QVERIFY(comesTrue([&] {
+      return site.isWaitedFor() && (connecting || counter("caPagesScanned") == QLatin1String("2"));
+    }));
+    pressEscape(*sheet);
     QVERIFY(scanHasEnded(desk) && noSheetLeft());
     // Found are also the pages that were never visited.
-    QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
-    QCOMPARE(shownLinks(desk).size(), 5);
+    QCOMPARE(desk.label("pagesFound"), QLatin1String(found));
     QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
-    QCOMPARE(store::recordCount(desk.record("Shop"), store::kPagesFound), std::optional(5));
-    QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(),
-             QStringLiteral("Stopped the scan of \"Shop\""));
+    QCOMPARE(status(desk), QStringLiteral("Stopped the scan of \"Shop\""));
   }
-}
-
-void ScanWindowTest::stopsWhileConnecting() {
-  const SlowSite site(smallSite(), "/");
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QDialog* sheet = sheetNamed(kConnecting);
-  QVERIFY(sheet);
-  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
-  pressEscape(*sheet);
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(noSheetLeft());
-  QVERIFY(topSheet() == nullptr);
-  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
 }
 
 void ScanWindowTest::asksAboutLooping() {
   const SiteServer server({{"/", page("Start", {kLoop, "b.html"})}, {"/b.html", page("B", {})}});
   Desk desk;
   openWithShop(desk, server.url());
-  for (const char* choice : {"", "Cancel Scan", "Continue"}) {
+  for (const bool goOn : {false, true}) {
     QVERIFY(desk.click("scanSiteButton"));
     QMessageBox* question = message(kLooping);
     QVERIFY(question);
-    QCOMPARE(question->informativeText(),
-             QStringLiteral("URL parameters have been found containing multiple ?s which may be invalid."));
-    QVERIFY(hasButtons(*question, {QStringLiteral("Continue"), QStringLiteral("Cancel Scan")}));
     // One sheet at a time, and the scan waits behind it.
     QVERIFY(!platform::control<QDialog>(desk.window(), "scanCustomAlertPanel").isVisible());
     QVERIFY(!desk.enabled("scanSiteButton"));
     QCOMPARE(server.timesAsked("GET /b.html"), 0);
-    if (*choice == '\0') pressEscape(*question);
-    if (*choice != '\0') QVERIFY(answer(question, QString::fromLatin1(choice)));
+    if (goOn) QVERIFY(answer(question, QStringLiteral("Continue")));
+    if (!goOn) pressEscape(*question);
     QVERIFY(scanHasEnded(desk) && noSheetLeft());
-    QCOMPARE(desk.label("linksScanned"),
-             *choice == 'C' && choice[1] == 'o' ? QStringLiteral("2") : QStringLiteral("1"));
-    QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+    QCOMPARE(desk.label("linksScanned"), goOn ? QStringLiteral("2") : QStringLiteral("1"));
   }
 }
 
 void ScanWindowTest::tellsOfAnUnreachableSite() {
-  auto server = std::make_unique<SiteServer>(SiteServer::Pages{});
+  const SiteServer server(SiteServer::Pages{});
   Desk desk;
-  openWithShop(desk, server->url());
-  const QString title = QStringLiteral("The Site URL Could Not Be Reached");
-  for (const char* told : {"Error Code: 404 - Not Found", "Error Code: 0 - "}) {
-    QVERIFY(desk.click("filterDrawerButton"));
-    QVERIFY(desk.click("scanSiteButton"));
-    QMessageBox* alert = message(title);
-    QVERIFY(alert);
-    QVERIFY2(alert->informativeText().startsWith(QLatin1String(told)), qPrintable(alert->informativeText()));
-    QVERIFY(hasButtons(*alert, {QStringLiteral("OK")}));
-    QVERIFY(answer(alert, QStringLiteral("OK")));
-    QVERIFY(scanHasEnded(desk) && noSheetLeft());
-    QVERIFY(desk.control<QAction>("addMI").isEnabled());
-    QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(), title);
-    QVERIFY(!desk.control<QDockWidget>("filterDrawer").isVisible());
-    server.reset();
-  }
+  openWithShop(desk, server.url());
+  QVERIFY(desk.click("filterDrawerButton"));
+  QVERIFY(desk.click("scanSiteButton"));
+  QMessageBox* alert = message(QStringLiteral("The Site URL Could Not Be Reached"));
+  QVERIFY(alert);
+  QCOMPARE(alert->informativeText(), QStringLiteral("Error Code: 404 - Not Found"));
+  QVERIFY(answer(alert, kOk));
+  QVERIFY(scanHasEnded(desk) && noSheetLeft());
+  QVERIFY(!desk.control<QDockWidget>("filterDrawer").isVisible());
 }
 
 void ScanWindowTest::refusesASiteThatIsScannedElsewhere() {
@@ -290,13 +198,10 @@ void ScanWindowTest::refusesASiteThatIsScannedElsewhere() {
   Desk desk;
   openWithShop(desk, server.url());
   const platform::FolderLock elsewhere(desk.controls.siteFolder("Shop"));
-  QVERIFY(elsewhere.result().ok());
   QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(
-      answer(message(QStringLiteral("The site \"Shop\" is being scanned already.")), QStringLiteral("OK")));
+  QVERIFY(answer(message(QStringLiteral("The site \"Shop\" is being scanned already.")), kOk));
   QVERIFY(scanHasEnded(desk));
   QVERIFY(server.requests().empty());
-  QCOMPARE(desk.file("Shop", "sitemap.xml"), std::string("(missing)"));
 }
 
 void ScanWindowTest::tellsOfALostDocument() {
@@ -308,14 +213,9 @@ void ScanWindowTest::tellsOfALostDocument() {
   QVERIFY(std::filesystem::remove(desk.controls.siteFolder("Shop") / "sitemap.xml"));
   site.release();
   QMessageBox* alert = message(QStringLiteral("Not everything could be written."));
-  QVERIFY(alert);
-  QVERIFY2(alert->informativeText().startsWith(QLatin1String("sitemap.xml: ")),
-           qPrintable(alert->informativeText()));
-  QCOMPARE(alert->informativeText().count(QLatin1Char('\n')), 0);
-  QVERIFY(answer(alert, QStringLiteral("OK")));
+  QVERIFY(alert && alert->informativeText().startsWith(QLatin1String("sitemap.xml: ")));
+  QVERIFY(answer(alert, kOk));
   QVERIFY(scanHasEnded(desk));
-  QCOMPARE(desk.file("Shop", "sitemap.xml"), std::string("(missing)"));
-  QVERIFY(desk.file("Shop", "sitemap3c.html").ends_with("</html>"));
 }
 
 void ScanWindowTest::tellsOfReasonsThatCannotBeKept() {
@@ -327,11 +227,7 @@ void ScanWindowTest::tellsOfReasonsThatCannotBeKept() {
   QVERIFY(platform::replaceFile(folder / "sites", "x").ok());
   openWithShop(desk, server.url());
   QVERIFY(scan(desk));
-  const QString told = desk.control<QStatusBar>("statusBar").currentMessage();
-  QVERIFY2(
-      told.startsWith(QLatin1String("Scanned \"Shop\". The reasons of the broken pages could not be kept: ")),
-      qPrintable(told));
-  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("1"));
+  QVERIFY(status(desk).contains(QLatin1String("The reasons of the broken pages could not be kept: ")));
 }
 
 void ScanWindowTest::noticesASiteWithoutEnd() {
@@ -344,11 +240,8 @@ void ScanWindowTest::noticesASiteWithoutEnd() {
   desk.makeSite("Blog", "http://blog.test/");
   openWithShop(desk, server.url());
   const auto& notice = desk.control<QLabel>("scanNotice");
-  QVERIFY(!notice.isVisible());
   QVERIFY(scan(desk));
   QVERIFY(notice.isVisible());
-  QVERIFY(
-      notice.text().startsWith(QLatin1String("This scan may not end: 200 addresses gave the same page as ")));
   QVERIFY(notice.text().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
   QVERIFY(desk.select(QStringLiteral("Blog")));
   QVERIFY(!notice.isVisible());
