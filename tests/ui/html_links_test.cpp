@@ -42,7 +42,6 @@ class HtmlLinksTest : public QObject {
   void deletes();
   void asksBeforeDeletingFromAnUnsavedDocument();
   void deletesNoOtherLinkThanTheOneAskedAbout();
-  void keepsItsPlace();
 };
 
 void HtmlLinksTest::selectsWhatIsClicked() {
@@ -212,17 +211,6 @@ void HtmlLinksTest::deletesNoOtherLinkThanTheOneAskedAbout() {
   for (int i = 0; i < 2; ++i) QVERIFY(answer(sheetNamed({}), kOk));
   QCOMPARE(desk.onDisk(), without(unsaved, kLink2));
   QVERIFY(desk.othersAreUntouched());
-}
-
-void HtmlLinksTest::keepsItsPlace() {
-  HtmlDesk desk(samples::blocks(100));
-  desk.openAt(2);
-  desk.inPage(QStringLiteral("scrollTo(0, 500)"));
-  QVERIFY(desk.clickLink(QStringLiteral("Link 50")));
-  desk.inPage(QStringLiteral("scrollTo(0, 300)"));
-  QVERIFY(desk.type("titleEditInput", QStringLiteral("New")));
-  QVERIFY(desk.shown());
-  QVERIFY(desk.inPageComesTrue(QStringLiteral("scrollY === 500")));
 }
 
 }  // namespace window_tests

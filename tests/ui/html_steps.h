@@ -77,7 +77,7 @@ class HtmlDesk : public Desk {
 
   QLineEdit& field(const char* name) const { return control<QLineEdit>(name); }
   QString text(const char* field) const { return this->field(field).text(); }
-  /// Takes an item of a pop-up, as with the mouse.
+  /// Takes an item of a pop-up, and tells so as that does.
   bool choose(const char* popup, const QString& item) const;
   /// Writes into a field as a user does, and presses Return.
   bool type(const char* field, const QString& text) const;

@@ -167,15 +167,14 @@ void SiteEditorTest::closesWithoutAChange() {
   Desk desk;
   desk.makeSite("Shop", "http://shop.test/");
   desk.open();
-  for (const char* way : {"Escape", "Cancel", "title bar"}) {
+  for (const bool byKey : {true, false}) {
     const Editor editor = edit(desk, kShop);
     QVERIFY(editor.isUp());
     editor.fill(QStringLiteral("Other"), QStringLiteral("http://other.test/"));
-    if (way[0] == 'E') pressEscape(*editor.sheet);
-    if (way[0] == 'C') QVERIFY(click(editor.button("alternateButton")));
-    if (way[0] == 't') editor.sheet->close();
+    if (byKey) pressEscape(*editor.sheet);
+    if (!byKey) QVERIFY(click(editor.button("alternateButton")));
     QVERIFY(noSheetLeft());
-    QVERIFY2(desk.nothingSelected(), way);
+    QVERIFY(desk.nothingSelected());
     QCOMPARE(desk.listedSites(), QStringList{kShop});
   }
   QVERIFY(desk.select(kShop));

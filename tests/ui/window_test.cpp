@@ -85,17 +85,6 @@ bool answer(QDialog* sheet, const QString& buttonText) {
   return false;
 }
 
-bool hasButtons(const QDialog& sheet, const QStringList& texts) {
-  QStringList found;
-  for (const QPushButton* button : sheet.findChildren<QPushButton*>()) {
-    found.append(button->text().remove(QLatin1Char('&')));
-  }
-  found.sort();
-  QStringList wanted = texts;
-  wanted.sort();
-  return found == wanted;
-}
-
 void pressEscape(QDialog& sheet) {
   QTest::keyClick(&sheet, Qt::Key_Escape);
 }

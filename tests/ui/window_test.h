@@ -43,7 +43,6 @@ bool noSheetLeft();
 bool click(QAbstractButton& button);
 /// Clicks the button with this text on the sheet, and waits until that has closed.
 bool answer(QDialog* sheet, const QString& buttonText);
-bool hasButtons(const QDialog& sheet, const QStringList& texts);
 void pressEscape(QDialog& sheet);
 /// Whether the windows have title bars that closeByTitleBar() can work, as on X11.
 bool hasTitleBars();
