@@ -3,13 +3,10 @@
 #include <fstream>
 #include <string_view>
 
-#include <unistd.h>
-
 #include "platform/files.h"
 #include "sitemaps/html_format.h"
 #include "sitemaps/layouts.h"
 #include "sitemaps/xml_format.h"
-#include "support/waiting.h"
 
 namespace faults {
 
@@ -18,14 +15,6 @@ namespace fs = std::filesystem;
 namespace {
 
 const std::string kFolder = "(folder)";
-
-/// $1: where to mount, $2: options, $3: what to copy in, $4: what of it to make read-only.
-constexpr const char* kHolderScript = R"(
-mount -t tmpfs -o "$2" tmpfs "$1" || exit
-[ -z "$3" ] || cp -a "$3/." "$1" || exit
-[ -z "$4" ] || { mount --bind "$1/$4" "$1/$4" && mount -o remount,bind,ro "$1/$4"; } || exit
-echo $$
-exec sleep 600)";
 
 std::string page(const std::string& title, const std::vector<std::string>& links) {
   std::string text = "<html><head><title>" + title + "</title></head><body>";
@@ -78,28 +67,6 @@ void expectNothingLost(const Snapshot& now, const Snapshot& before, const Snapsh
   }
 }
 
-Arguments inOwnMounts() {
-  if (geteuid() == 0) return {"unshare", "--mount"};
-  return {"unshare", "--mount", "--map-root-user"};
-}
-
-MountedFolder::MountedFolder(const std::string& options, const fs::path& content,
-                             const std::string& readOnly) {
-  Arguments arguments = inOwnMounts();
-  arguments.insert(arguments.end(), {"sh", "-c", kHolderScript, "sh", m_place.path().string(), options,
-                                     content.string(), readOnly});
-  m_holder.emplace("/usr/bin/env", arguments);
-  // The script says its process number once it is done, and ends with a complaint when it cannot.
-  support::comesTrue([&] { return m_holder->output().ends_with('\n') || !m_holder->errors().empty(); });
-  std::string process = m_holder->output();
-  if (!process.ends_with('\n')) {
-    m_problem = m_holder->errors();
-    return;
-  }
-  process.pop_back();
-  m_path = "/proc/" + process + "/root" + m_place.path().string();
-}
-
 support::ProgramOptions FaultTest::options() const {
   return {.environment = {{"HOME", m_home}, {"XDG_STATE_HOME", ownHome.path() / "state"}}};
 }
@@ -111,7 +78,9 @@ support::ProgramResult FaultTest::run(const Arguments& arguments) const {
 support::ProgramResult FaultTest::runUnder(Arguments launcher, const Arguments& arguments) const {
   launcher.push_back(VESKEL_CLI);
   launcher.insert(launcher.end(), arguments.begin(), arguments.end());
-  return support::runProgram("/usr/bin/env", launcher, options());
+  const std::string program = launcher.front();
+  launcher.erase(launcher.begin());
+  return support::runProgram(program, launcher, options());
 }
 
 std::vector<SystemCall> FaultTest::callsOf(const Arguments& watched, const Arguments& arguments) const {

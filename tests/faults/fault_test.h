@@ -36,28 +36,6 @@ struct SystemCall {
   std::string line;
 };
 
-/// Launches what stands behind it with mounts of its own.
-Arguments inOwnMounts();
-
-/// A file system in memory that only the process holding it sees in its place; all others, who have the
-/// right, reach it by path(). Gone with this object.
-class MountedFolder {
- public:
-  /// `options` are those of mount, "size=1m". The files of `content` are copied in; `readOnly`, a folder in
-  /// it, can be read only. path() is empty where mounting is not possible, and problem() says why.
-  MountedFolder(const std::string& options, const std::filesystem::path& content = {},
-                const std::string& readOnly = {});
-
-  const std::filesystem::path& path() const { return m_path; }
-  const std::string& problem() const { return m_problem; }
-
- private:
-  support::TempFolder m_place;
-  std::optional<support::RunningProgram> m_holder;
-  std::filesystem::path m_path;
-  std::string m_problem;
-};
-
 class FaultTest : public testing::Test {
  protected:
   /// Works in `home` from now on.
@@ -96,8 +74,5 @@ class FaultTest : public testing::Test {
   if (support::withSanitizers()) GTEST_SKIP() << "sanitizers make calls of their own"; \
   if (runUnder({"strace", "-f", "-o", "/dev/null"}, {"--version"}).exitCode != 0)      \
   GTEST_SKIP() << "strace is missing, or not allowed to trace"
-
-#define SKIP_UNLESS_MOUNTED(folder) \
-  if ((folder).path().empty()) GTEST_SKIP() << "no file system can be mounted here: " << (folder).problem()
 
 }  // namespace faults

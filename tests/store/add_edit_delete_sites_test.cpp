@@ -117,6 +117,7 @@ TEST_F(AddEditDeleteSitesTest, WhatIsRememberedFollowsTheSite) {
   EXPECT_EQ(sites.createNewSite("a", "http://a.test/").outcome, SaveOutcome::saved);
   EXPECT_EQ(remembered("a"), "");  // of a former site
   remember("a");
+  EXPECT_EQ(sites.createNewSite("a", "http://a.test/").outcome, SaveOutcome::nameTaken);
   EXPECT_EQ(edit("a", {.name = "b"}), SaveOutcome::saved);
   EXPECT_EQ(remembered("b"), "of a");
   EXPECT_FALSE(platform::somethingAt(state.ofSite("a")));

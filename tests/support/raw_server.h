@@ -4,29 +4,15 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
-#include <list>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <thread>
-#include <utility>
 #include <vector>
 
 namespace support {
-
-/// A file descriptor, closed with its owner.
-class Descriptor {
- public:
-  explicit Descriptor(int number = -1) : m_number(number) {}
-  ~Descriptor();
-  Descriptor(Descriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
-
-  int number() const { return m_number; }
-
- private:
-  int m_number;
-};
 
 /// The head of a request as received, from the request line up to and including the blank line.
 struct RawRequest {
@@ -53,7 +39,7 @@ class RawConnection {
  public:
   /// The next request's head, nothing when there is none to come. Its body, if any, is not looked for.
   std::optional<RawRequest> readRequest();
-  /// What comes next, whatever it is; empty when the client is gone.
+  /// What comes behind the last request that was read, whatever it is; empty when the client is gone.
   std::string receive();
   /// False when the client is gone. Blocks while the client does not read.
   bool send(std::string_view bytes);
@@ -61,18 +47,13 @@ class RawConnection {
   void sendForever(std::string_view bytes, std::chrono::milliseconds pauseBetween = {});
   /// Says nothing more. Returns when the client is gone.
   void waitForClose();
-  /// From 1 in the order of accepting.
-  int number() const { return m_number; }
 
  private:
   friend class RawServer;
-  RawConnection(RawServer& server, Descriptor socket, int number);
-  bool waitFor(short event, int milliseconds);  // false on a stop; also true when the time is over
-  bool readMore();                              // to m_unread; false when the client is gone
+  RawConnection(RawServer& server, int socket) : m_server(server), m_socket(socket) {}
 
   RawServer& m_server;
-  Descriptor m_socket;
-  int m_number;
+  int m_socket;
   std::string m_unread;  // received, and not asked for yet
 };
 
@@ -91,32 +72,26 @@ class RawServer {
   /// A handler that answers every request of a connection with what `answer` makes of it, and keeps it open.
   static Handler answering(std::function<std::string(const RawRequest&)> answer);
 
-  int port() const { return m_port; }
   /// "http://127.0.0.1:PORT" and `path`.
   std::string url(std::string_view path = "/") const;
 
-  // All of these count from the start and may be asked at any time.
+  // Both count from the start and may be asked at any time.
   int connectionCount() const { return m_connectionCount; }
-  int requestCount() const;
   std::vector<RawRequest> requests() const;
 
  private:
   friend class RawConnection;
-  struct Worker {
-    std::atomic<bool> done = false;
-    std::thread thread;
-  };
   void acceptConnections();
-  void serve(Descriptor socket);
+  void serve(int socket);
 
   Handler m_handler;
-  Descriptor m_listener;
-  Descriptor m_stop;  // readable for good once the server is to stop
-  int m_port = 0;
+  int m_listener;
+  int m_port;
   std::atomic<int> m_connectionCount = 0;
   mutable std::mutex m_mutex;
   std::vector<RawRequest> m_requests;  // guarded by m_mutex
-  std::list<Worker> m_workers;         // of the accepting thread, until that is joined
+  std::set<int> m_open;                // sockets; guarded by m_mutex
+  std::vector<std::thread> m_workers;  // of the accepting thread, until that is joined
   std::thread m_acceptor;
 };
 

@@ -6,12 +6,11 @@
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include <fcntl.h>
-#include <poll.h>
 #include <spawn.h>
 #include <sys/mman.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -60,17 +59,6 @@ Terminal terminalWith(std::string_view input) {
   return {ours, theirs};
 }
 
-std::vector<std::string> mergedEnvironment(std::map<std::string, std::string> merged) {
-  for (char** entry = environ; *entry != nullptr; ++entry) {
-    const std::string text = *entry;
-    const auto equals = text.find('=');
-    if (equals != std::string::npos) merged.emplace(text.substr(0, equals), text.substr(equals + 1));
-  }
-  std::vector<std::string> entries;
-  for (const auto& [name, value] : merged) entries.push_back(name + "=" + value);
-  return entries;
-}
-
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
   for (std::string& text : texts) pointers.push_back(text.data());
@@ -78,37 +66,25 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   return pointers;
 }
 
-pid_t spawn(const std::string& program, std::vector<std::string> arguments,
-            std::vector<std::string> environment, const int (&standardFiles)[3]) {
-  arguments.insert(arguments.begin(), program);
+pid_t spawn(std::vector<std::string> arguments, const int (&standardFiles)[3]) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   for (int target = 0; target < 3; ++target) {
     posix_spawn_file_actions_adddup2(&actions, standardFiles[target], target);
   }
   pid_t process = -1;
-  const int error = posix_spawn(&process, program.c_str(), &actions, nullptr, pointersTo(arguments).data(),
-                                pointersTo(environment).data());
+  const int error =
+      posix_spawn(&process, arguments[0].c_str(), &actions, nullptr, pointersTo(arguments).data(), environ);
   posix_spawn_file_actions_destroy(&actions);
-  if (error != 0) throw std::system_error(error, std::generic_category(), program);
+  if (error != 0) throw std::system_error(error, std::generic_category(), arguments[0]);
   return process;
-}
-
-/// Whether the process ended in time. It is left for waitpid().
-bool endsWithin(pid_t process, std::chrono::milliseconds limit) {
-  // The header of this glibc declares pidfd_open() for C alone.
-  const int handle = checked(static_cast<int>(syscall(SYS_pidfd_open, process, 0)), "pidfd_open");
-  pollfd waiting{handle, POLLIN, 0};
-  const int ready = poll(&waiting, 1, static_cast<int>(limit.count()));
-  close(handle);
-  return ready == 1;
 }
 
 }  // namespace
 
 RunningProgram::RunningProgram(const std::filesystem::path& program,
                                const std::vector<std::string>& arguments, const ProgramOptions& options)
-    : m_timeLimit(options.timeLimit), m_output(memoryFile()), m_errors(memoryFile()) {
+    : m_output(memoryFile()), m_errors(memoryFile()) {
   int input = -1;
   if (options.inputFrom == StandardInput::terminal) {
     const Terminal terminal = terminalWith(options.input);
@@ -117,7 +93,11 @@ RunningProgram::RunningProgram(const std::filesystem::path& program,
   } else {
     input = memoryFile(options.input);
   }
-  m_process = spawn(program, arguments, mergedEnvironment(options.environment), {input, m_output, m_errors});
+  std::vector<std::string> command = {"/usr/bin/env"};
+  for (const auto& [name, value] : options.environment) command.push_back(name + "=" + value);
+  command.push_back(program);
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  m_process = spawn(std::move(command), {input, m_output, m_errors});
   close(input);
 }
 
@@ -145,8 +125,6 @@ std::string RunningProgram::errors() const {
 
 ProgramResult RunningProgram::wait() {
   ProgramResult result;
-  result.timedOut = !endsWithin(m_process, m_timeLimit);
-  if (result.timedOut) kill(m_process, SIGKILL);
   int status = 0;
   checked(waitpid(m_process, &status, 0), "waitpid");
   m_process = -1;

@@ -1,7 +1,6 @@
 // Runs a built program as its users do, and catches everything it says.
 #pragma once
 
-#include <chrono>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -17,12 +16,10 @@ struct ProgramOptions {
   std::map<std::string, std::string> environment = {};  // beside, or instead of, what this process has
   std::string input = {};                               // what the program reads
   StandardInput inputFrom = StandardInput::file;
-  std::chrono::milliseconds timeLimit{300'000};  // for wait(); the program is killed then
 };
 
 struct ProgramResult {
-  int exitCode = -1;  // 128 + signal for one that was killed
-  bool timedOut = false;
+  int exitCode = -1;   // 128 + signal for one that was killed
   std::string output;  // stdout
   std::string errors;  // stderr
 };
@@ -30,7 +27,7 @@ struct ProgramResult {
 /// A program that runs. What it writes lands in memory, so it is never held up by a full pipe.
 class RunningProgram {
  public:
-  /// Throws when the program cannot be started.
+  /// `program` is looked up in PATH where it has no slash. The exit code is 127 when it cannot be started.
   RunningProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments,
                  const ProgramOptions& options = {});
   /// Kills the program when nobody waited for its end.
@@ -44,11 +41,10 @@ class RunningProgram {
   std::string output() const;
   std::string errors() const;
 
-  /// Waits for its end. Call once.
+  /// Waits for its end, however long that takes. Call once.
   ProgramResult wait();
 
  private:
-  std::chrono::milliseconds m_timeLimit;
   int m_output = -1;
   int m_errors = -1;
   int m_terminal = -1;  // our side of it

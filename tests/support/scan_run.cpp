@@ -34,12 +34,6 @@ crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&
   return scanner.result();
 }
 
-std::vector<std::string> ScanRun::pagesOf(const crawler::ScanResult& result) {
-  std::vector<std::string> pages;
-  for (std::size_t i = 0; i < result.pages->size(); ++i) pages.emplace_back((*result.pages)[i]);
-  return pages;
-}
-
 std::string ScanRun::file(const std::string& name) const {
   const platform::FileContent content = platform::readFile(folder() / name);
   return content.result.ok() ? content.text : "(missing)";

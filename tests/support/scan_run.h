@@ -60,7 +60,6 @@ class ScanRun {
   /// The scanner in hand, for callbacks of the view.
   crawler::SiteScanner& scanner() { return *m_scanner; }
 
-  const store::GlobalControls& controls() const { return m_controls; }
   std::filesystem::path folder() const { return m_controls.siteFolder("Site"); }
 
   /// A file of the site's folder, whole; "(missing)" when there is none.
@@ -70,9 +69,6 @@ class ScanRun {
   /// part of the documents that is the same in all is left out, and `base`, the server's address, becomes
   /// "http://site.test/".
   std::string documents(const std::string& base) const;
-
-  /// All pages that the scan knew, in the order found.
-  static std::vector<std::string> pagesOf(const crawler::ScanResult& result);
 
  private:
   TempFolder m_home;

@@ -1,18 +1,13 @@
 // A small website on 127.0.0.1 for whole scans.
 #pragma once
 
-#include <chrono>
 #include <functional>
 #include <map>
-#include <memory>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <vector>
 
-namespace httplib {
-class Server;
-}
+#include "support/raw_server.h"
 
 namespace support {
 
@@ -34,23 +29,20 @@ class SiteServer {
 
   explicit SiteServer(Pages pages);
   explicit SiteServer(Handler handler);
-  ~SiteServer();
-
   /// "http://127.0.0.1:PORT/" and the rest of the path.
-  std::string url(const std::string& path = "") const;
+  std::string url(const std::string& path = "") const { return m_server.url("/" + path); }
 
   /// "GET /index.html" and so on, in the order received.
   std::vector<std::string> requests() const;
   int timesAsked(const std::string& methodAndTarget) const;
 
  private:
-  std::unique_ptr<httplib::Server> m_server;
+  std::string answer(const RawRequest& request);
+
   Handler m_handler;
-  int m_port = 0;
-  mutable std::mutex m_mutex;  // guards what follows
-  std::vector<std::string> m_requests;
-  std::map<std::string, int> m_gets;
-  std::thread m_thread;
+  std::mutex m_mutex;
+  std::map<std::string, int> m_gets;  // guarded by m_mutex
+  RawServer m_server;                 // last, since its threads use the rest
 };
 
 /// What a site of these pages answers.

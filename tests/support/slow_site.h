@@ -1,8 +1,7 @@
 // A website that keeps one page back.
 #pragma once
 
-#include <condition_variable>
-#include <mutex>
+#include <atomic>
 #include <string>
 
 #include "support/site_server.h"
@@ -12,23 +11,27 @@ namespace support {
 /// A site one page of which is answered only when the test says so.
 class SlowSite {
  public:
-  SlowSite(SiteServer::Pages pages, std::string slowTarget);
+  SlowSite(const SiteServer::Pages& pages, const std::string& slowTarget)
+      : m_server([this, pages, slowTarget](const std::string& target, int) {
+          if (target == slowTarget) {
+            m_waitedFor = true;
+            m_released.wait(false);
+          }
+          return pageOf(pages, target);
+        }) {}
   ~SlowSite() { release(); }
 
   std::string url(const std::string& path = {}) const { return m_server.url(path); }
-  void release();
+  void release() {
+    m_released = true;
+    m_released.notify_all();
+  }
   /// Whether somebody waits for the slow page.
-  bool isWaitedFor() const;
+  bool isWaitedFor() const { return m_waitedFor && !m_released; }
 
  private:
-  ServedPage answer(const std::string& target);
-
-  const SiteServer::Pages m_pages;
-  const std::string m_slowTarget;
-  mutable std::mutex m_mutex;  // guards what follows, up to the server
-  std::condition_variable m_changed;
-  bool m_waitedFor = false;
-  bool m_released = false;
+  std::atomic<bool> m_waitedFor = false;
+  std::atomic<bool> m_released = false;
   SiteServer m_server;  // last, since its threads use the rest
 };
 

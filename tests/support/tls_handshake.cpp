@@ -12,21 +12,12 @@ namespace support {
 
 namespace {
 
-template <auto Free>
-struct Deleter {
-  template <typename T>
-  void operator()(T* object) const {
-    Free(object);
-  }
-};
-using Key = std::unique_ptr<EVP_PKEY, Deleter<EVP_PKEY_free>>;
-using Certificate = std::unique_ptr<X509, Deleter<X509_free>>;
-using Context = std::unique_ptr<SSL_CTX, Deleter<SSL_CTX_free>>;
-using Session = std::unique_ptr<SSL, Deleter<SSL_free>>;
+template <typename T>
+using Owned = std::unique_ptr<T, void (*)(T*)>;
 
-Certificate selfSigned(EVP_PKEY* key) {
+Owned<X509> selfSigned(EVP_PKEY* key) {
   constexpr long kSeconds = 3600;
-  Certificate certificate(X509_new());
+  Owned<X509> certificate(X509_new(), X509_free);
   ASN1_INTEGER_set(X509_get_serialNumber(certificate.get()), 1);
   X509_gmtime_adj(X509_getm_notBefore(certificate.get()), 0);
   X509_gmtime_adj(X509_getm_notAfter(certificate.get()), kSeconds);
@@ -39,30 +30,24 @@ Certificate selfSigned(EVP_PKEY* key) {
   return certificate;
 }
 
-/// Sends what the session has to say.
-bool flush(BIO* outgoing, RawConnection& connection) {
-  std::string bytes(BIO_ctrl_pending(outgoing), '\0');
-  if (bytes.empty()) return true;
-  BIO_read(outgoing, bytes.data(), static_cast<int>(bytes.size()));
-  return connection.send(bytes);
-}
-
 }  // namespace
 
 void shakeHandsSelfSigned(RawConnection& connection) {
-  const Key key(EVP_EC_gen("P-256"));
-  const Certificate certificate = selfSigned(key.get());
-  const Context context(SSL_CTX_new(TLS_server_method()));
+  const Owned<EVP_PKEY> key(EVP_EC_gen("P-256"), EVP_PKEY_free);
+  const Owned<X509> certificate = selfSigned(key.get());
+  const Owned<SSL_CTX> context(SSL_CTX_new(TLS_server_method()), SSL_CTX_free);
   SSL_CTX_use_certificate(context.get(), certificate.get());
   SSL_CTX_use_PrivateKey(context.get(), key.get());
-  const Session session(SSL_new(context.get()));
+  const Owned<SSL> session(SSL_new(context.get()), SSL_free);
   BIO* incoming = BIO_new(BIO_s_mem());
   BIO* outgoing = BIO_new(BIO_s_mem());
   SSL_set_bio(session.get(), incoming, outgoing);  // which owns them from here
   for (std::string bytes = connection.receive(); !bytes.empty(); bytes = connection.receive()) {
     BIO_write(incoming, bytes.data(), static_cast<int>(bytes.size()));
     SSL_accept(session.get());
-    if (!flush(outgoing, connection)) return;
+    std::string reply(BIO_ctrl_pending(outgoing), '\0');
+    BIO_read(outgoing, reply.data(), static_cast<int>(reply.size()));
+    if (!connection.send(reply)) return;
   }
 }
 

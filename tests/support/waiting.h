@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <thread>
 
 namespace support {
 
@@ -10,6 +11,14 @@ namespace support {
 inline constexpr std::chrono::milliseconds kPatience{60'000};
 
 /// Whether `condition` comes true.
-bool comesTrue(const std::function<bool()>& condition);
+inline bool comesTrue(const std::function<bool()>& condition) {
+  constexpr std::chrono::milliseconds kLook{2};
+  const auto deadline = std::chrono::steady_clock::now() + kPatience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    std::this_thread::sleep_for(kLook);
+  }
+  return true;
+}
 
 }  // namespace support
