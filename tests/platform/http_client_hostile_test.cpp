@@ -33,6 +33,8 @@ using support::RawServer;
 constexpr HttpLimits kPatient = {.connectTimeout = 600s, .silenceTimeout = 600s};
 constexpr HttpLimits kImpatient = {.connectTimeout = 1s, .silenceTimeout = 1s};
 const std::string kOkHead = "HTTP/1.1 200 OK\r\n";
+// A file name without end, as the head of the gzip format may hold one, decodes to nothing at all.
+const std::string kNothingEncoded("\x1F\x8B\x08\x08\0\0\0\0\0\3", 10);
 const std::string kChunked = "Transfer-Encoding: chunked\r\n\r\n";
 
 void expectFailure(const HttpAnswer& answer, FetchFailure expected) {
@@ -41,72 +43,85 @@ void expectFailure(const HttpAnswer& answer, FetchFailure expected) {
   EXPECT_TRUE((answer.contentType + answer.lastModified + answer.body).empty());
 }
 
+struct Misbehaviour {
+  const char* name;
+  std::string start;
+  std::string repeated = {};
+  FetchFailure expected = FetchFailure::tooLarge;
+  HttpLimits limits = kPatient;
+  std::chrono::milliseconds timeout{0};  // of the request
+
+  bool slow() const { return expected == FetchFailure::timedOut || expected == FetchFailure::tookTooLong; }
+};
+
+/// Sends the start; then closes, goes on for ever or says nothing more.
+void expectEndOf(const Misbehaviour& site) {
+  SCOPED_TRACE(site.name);
+  RawServer server([&](RawConnection& connection) {
+    connection.readRequest();
+    connection.send(site.start);
+    if (!site.repeated.empty()) {
+      connection.sendForever(site.repeated, site.slow() ? 50ms : 0ms);
+    } else if (site.slow()) {
+      connection.waitForClose();
+    }
+  });
+  CurlHttpClient client("test", site.limits);
+  const HttpRequest request = {.url = server.url(), .timeout = site.timeout, .maxBytes = 1'000'000};
+  expectFailure(client.fetch(request, {}), site.expected);
+  EXPECT_LE(server.connectionCount(), 1);
+}
+
 TEST(HostileSite, BreaksOffOrTalksNonsense) {
-  struct Case {
-    const char* name;
-    std::string sent;  // and then the connection is closed
-    FetchFailure expected = FetchFailure::connectionClosed;
-  };
+  constexpr FetchFailure kClosed = FetchFailure::connectionClosed;
   const std::string longLine(200'000, 'a');
-  const Case cases[] = {
-      {"nothing", ""},
-      {"half a status line", "HTTP/1.1 2"},
-      {"less than its length", kOkHead + "Content-Type: a/b\r\nContent-Length: 3\r\n\r\nhi"},
-      {"negative length", kOkHead + "Content-Length: -5\r\n\r\nhi"},
-      {"half a chunk", kOkHead + kChunked + "5\r\nhi"},
-      {"no HTTP", "<html><body>hello, this is a page without any header</body></html>"},
-      {"status 000", "HTTP/1.1 000 Zero\r\n\r\nhi"},
-      {"NUL in a header", std::string("HTTP/1.1 200 OK\r\nContent-Type: a\0b\r\n\r\nhi", 41)},
-      {"header line of 200 KB", kOkHead + "X: " + longLine + "\r\n\r\nhi", FetchFailure::tooLarge},
-      {"broken gzip", rawAnswer("200 OK", "Content-Encoding: gzip\r\n", "no gzip"),
+  const Misbehaviour cases[] = {
+      {"nothing", "", "", kClosed},
+      {"less than its length", kOkHead + "Content-Type: a/b\r\nContent-Length: 3\r\n\r\nhi", "", kClosed},
+      {"half a chunk", kOkHead + kChunked + "5\r\nhi", "", kClosed},
+      {"no HTTP", "<html><body>hello, this is a page without any header</body></html>", "", kClosed},
+      {"status 000", "HTTP/1.1 000 Zero\r\n\r\nhi", "", kClosed},
+      {"NUL in a header", std::string("HTTP/1.1 200 OK\r\nContent-Type: a\0b\r\n\r\nhi", 41), "", kClosed},
+      {"header line of 200 KB", kOkHead + "X: " + longLine + "\r\n\r\nhi"},
+      {"broken gzip", rawAnswer("200 OK", "Content-Encoding: gzip\r\n", "no gzip"), "",
        FetchFailure::undecodable},
-      {"unknown encoding", rawAnswer("200 OK", "Content-Encoding: rot13\r\n", "uv"),
+      {"unknown encoding", rawAnswer("200 OK", "Content-Encoding: rot13\r\n", "uv"), "",
        FetchFailure::undecodable},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    RawServer server([&](RawConnection& connection) {
-      connection.readRequest();
-      connection.send(c.sent);
-    });
-    CurlHttpClient client("test", kPatient);
-    expectFailure(client.fetch({.url = server.url()}, {}), c.expected);
-  }
+  for (const Misbehaviour& c : cases) expectEndOf(c);
 }
 
 TEST(HostileSite, SendsWithoutEnd) {
-  struct Case {
-    const char* name;
-    std::string start, repeated;
-  };
   const std::string junk(10'000, 'x');
   constexpr std::size_t kBombBytes = 16u << 20;
-  const std::string chunk = "2710\r\n" + junk + "\r\n";
-  const Case cases[] = {
+  const Misbehaviour cases[] = {
       {"body", kOkHead + "\r\n", junk},
       {"what is said beside a chunk", kOkHead + kChunked + "1;", junk},
       {"header line", kOkHead + "X: ", junk},
       {"small headers", kOkHead, "a: b\r\n"},
-      {"interim answers", "", "HTTP/1.1 103 Early Hints\r\nLink: x\r\n\r\n"},
       {"trailers", kOkHead + kChunked + "0\r\n", "a: b\r\n"},
-      {"body of a redirect", "HTTP/1.1 302 Found\r\nLocation: /x\r\n" + kChunked, chunk},
+      {"body of a redirect", "HTTP/1.1 302 Found\r\nLocation: /x\r\n" + kChunked, "2710\r\n" + junk + "\r\n"},
       {"gzip bomb",
        kOkHead + "Content-Encoding: gzip\r\n\r\n" + *platform::gzipped(std::string(kBombBytes, '\0')), junk},
       {"brotli bomb", kOkHead + "Content-Encoding: br\r\n\r\n" + support::brotliBomb(kBombBytes), junk},
-      // A file name without end, as the head of the gzip format may hold one: decodes to nothing at all.
-      {"encoded nothing",
-       kOkHead + "Content-Encoding: gzip\r\n\r\n" + std::string("\x1F\x8B\x08\x08\0\0\0\0\0\3", 10), junk},
+      {"encoded nothing", kOkHead + "Content-Encoding: gzip\r\n\r\n" + kNothingEncoded, junk},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    RawServer server([&](RawConnection& connection) {
-      connection.readRequest();
-      connection.send(c.start);
-      connection.sendForever(c.repeated);
-    });
-    CurlHttpClient client("test", kPatient);
-    expectFailure(client.fetch({.url = server.url(), .maxBytes = 1'000'000}, {}), FetchFailure::tooLarge);
-  }
+  for (const Misbehaviour& c : cases) expectEndOf(c);
+}
+
+TEST(HostileSite, TakesItsTime) {
+  constexpr HttpLimits kHasty = {.exchangeTimeout = 200ms};
+  constexpr FetchFailure kTimedOut = FetchFailure::timedOut;
+  constexpr FetchFailure kTookTooLong = FetchFailure::tookTooLong;
+  const std::string body = kOkHead + "\r\n";
+  const Misbehaviour cases[] = {
+      {"silence counts", body, "", kTimedOut, kImpatient},
+      {"so does next to nothing", body, "x", kTimedOut, kImpatient},
+      {"the request's own limit", body, "x", kTimedOut, kPatient, 100ms},
+      {"the limit for all", body, "x", kTookTooLong, kHasty, 600s},
+      {"beside a chunk", kOkHead + kChunked + "1;", "x", kTookTooLong, kHasty},
+  };
+  for (const Misbehaviour& c : cases) expectEndOf(c);
 }
 
 TEST(HostileSite, IsCutWhereTheCallerWants) {
@@ -134,37 +149,6 @@ TEST(HostileSite, IsCutWhereTheCallerWants) {
     EXPECT_EQ(answer.failure, FetchFailure::none);
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(answer.body, c.ifTruncating);
-  }
-}
-
-TEST(HostileSite, TakesItsTime) {
-  struct Case {
-    const char* name;
-    std::string start, repeated;
-    HttpLimits limits = kPatient;
-    std::chrono::milliseconds timeout{0};
-    FetchFailure expected = FetchFailure::timedOut;
-  };
-  constexpr HttpLimits kHasty = {.exchangeTimeout = 200ms};
-  const std::string body = kOkHead + "\r\n";
-  const Case cases[] = {
-      {"silence counts", body, "", kImpatient},
-      {"so does next to nothing", body, "x", kImpatient},
-      {"the request's own limit", body, "x", kPatient, 100ms},
-      {"the limit for all", body, "x", kHasty, 600s, FetchFailure::tookTooLong},
-      {"beside a chunk", kOkHead + kChunked + "1;", "x", kHasty, 0ms, FetchFailure::tookTooLong},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    RawServer server([&](RawConnection& connection) {
-      connection.readRequest();
-      connection.send(c.start);
-      if (c.repeated.empty()) return connection.waitForClose();
-      connection.sendForever(c.repeated, 50ms);
-    });
-    CurlHttpClient client("test", c.limits);
-    expectFailure(client.fetch({.url = server.url(), .timeout = c.timeout}, {}), c.expected);
-    EXPECT_LE(server.connectionCount(), 1);
   }
 }
 
@@ -223,13 +207,13 @@ TEST(StoppedFetch, EndsWhereverItIs) {
     std::string start, repeated;
     const char* scheme = "http";
   };
-  const std::string nothing("\x1F\x8B\x08\x08\0\0\0\0\0\3", 10);
   const Case cases[] = {
       {"before any answer", "", ""},
       {"in a TLS handshake", "", "", "https"},
       {"within the headers", kOkHead + "X: ", "x"},
       {"in a silent body", kOkHead + "\r\nhi", ""},
-      {"in an endless body", kOkHead + "Content-Encoding: gzip\r\n\r\n" + nothing, std::string(10'000, 'x')},
+      {"in an endless body", kOkHead + "Content-Encoding: gzip\r\n\r\n" + kNothingEncoded,
+       std::string(10'000, 'x')},
       {"beside an endless chunk", kOkHead + kChunked + "1;", std::string(10'000, 'x')},
   };
   for (const Case& c : cases) {

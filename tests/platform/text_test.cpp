@@ -22,10 +22,7 @@ TEST(FoldCase, MakesTextsEqualThatDifferInCaseAlone) {
   };
   const Case cases[] = {
       {"ASCII", "AbZ[`{@ 09", "abz[`{@ 09"},
-      {"empty", "", ""},
-      {"a letter that folds to two", "Stra\u00DFe", "strasse"},
       {"no locale: Turkish I", "I\u0130", "ii\u0307"},
-      {"beyond the basic plane", "\U00010400", "\U00010428"},
       {"bad bytes", "A\xFFZ\xC3", "a" + kBad + "z" + kBad},
   };
   for (const Case& c : cases) {
@@ -43,10 +40,8 @@ TEST(DecodeUtf8, ReplacesWhatIsBad) {
   const Case cases[] = {
       {"valid", "a\u00E4\u20AC\U0001F600\0z"s, "a\u00E4\u20AC\U0001F600\0z"s},
       {"a mark", "\xEF\xBB\xBFx\xEF\xBB\xBF", "x\xEF\xBB\xBF"},
-      {"stray bytes", "a\x80\xFF z", "a" + kBad + kBad + " z"},
       {"cut off by a letter", "\xF0\x9F\x98z\xC3", kBad + "z" + kBad},
       {"a surrogate", "\xED\xA0\x80", kBad + kBad + kBad},
-      {"beyond Unicode", "\xF4\x90\x80\x80", kBad + kBad + kBad + kBad},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -69,33 +64,25 @@ TEST(DecodePage, ChoosesTheEncodingAsBrowsersDo) {
   const std::string longHead = "<!DOCTYPE html><HTML lang=x>\n<head/><link rel=x><object></object><style>" +
                                std::string(1024, '{') + "</style>";
   const Case cases[] = {
-      {"nothing said", "", "text/html", kWindows},
       {"by the header", "", "text/html; charset=utf-8", kLetter},
       {"header in other forms", "", "text/html ;x=\";charset=big5\"; CharSet = \"UTF\\-8\" ;y", kLetter},
       {"the header's first one", "", "text/html;charset=windows-1251;charset=utf-8", kCyrillic},
-      {"an unknown label in the header", utf8Meta, "text/html; charset=none", kLetter},
       {"two labels in one", utf8Meta, "text/html; charset=\"latin1 l1\"", kLetter},
       {"the header before the page", utf8Meta, "text/html; charset=windows-1251", kCyrillic},
       {"the mark before the header", "\xEF\xBB\xBF", "text/html; charset=windows-1251", kLetter},
       {"by a meta element", utf8Meta, "", kLetter},
       {"meta in other forms", "<p><META/name='x'  CHARSET\n= 'UTF8' >", "", kLetter},
-      {"Latin-1 is windows-1252", "<meta charset=iso-8859-1>", "", kWindows},
       {"declared in content", "<meta http-equiv=Content-Type content='text/html; charset=utf-8'>", "",
        kLetter},
-      {"content comes first", "<meta content='charset=\"utf-8\"' http-equiv=content-type>", "", kLetter},
       {"content without http-equiv", "<meta content='text/html; charset=utf-8'>", "", kWindows},
       {"content with more words", "<meta http-equiv=content-type content='charset charset = utf-8 x'>", "",
        kLetter},
-      {"an open quote in content", "<meta http-equiv=content-type content='charset=\"utf-8'>", "", kWindows},
       {"an attribute twice", "<meta charset=windows-1251 charset=utf-8>", "", kCyrillic},
       {"an unknown meta, then a known one", "<meta charset=x><meta charset=utf-8>", "", kLetter},
       {"UTF-16 in a meta cannot be", "<meta charset=utf-16>", "", kLetter},
       {"in a comment", "<!-- <meta charset=utf-8> -->", "", kWindows},
       {"in an open comment", "<!-- <meta charset=utf-8>", "", kWindows},
-      {"behind the shortest comment", "<!--><meta charset=utf-8>", "", kLetter},
       {"in an attribute", "<a title='<meta charset=utf-8>'>", "", kWindows},
-      {"in a processing instruction", "<?x <meta charset=utf-8>", "", kWindows},
-      {"a longer name", "<metal charset=utf-8>", "", kWindows},
       {"just within the start", std::string(1024 - utf8Meta.size(), ' ') + utf8Meta, "", kLetter},
       {"behind the start, still in the head", longHead + utf8Meta, "", kLetter},
       {"from the start to behind it", std::string(1025 - utf8Meta.size(), ' ') + utf8Meta, "", kLetter},
@@ -106,8 +93,6 @@ TEST(DecodePage, ChoosesTheEncodingAsBrowsersDo) {
       {"just within the 64 KB of a head", std::string(65536 - utf8Meta.size(), ' ') + utf8Meta, "", kLetter},
       {"behind the 64 KB of a head", std::string(65537 - utf8Meta.size(), ' ') + utf8Meta, "", kWindows},
       {"an XML declaration", "<?xml version='1.0' encoding = \"utf-8\"?>", "", kLetter},
-      {"meta before the XML declaration", "<?xml encoding='windows-1251'?>" + utf8Meta, "", kLetter},
-      {"a broken XML declaration", "<?xml encoding='utf-8?>", "", kWindows},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -126,21 +111,15 @@ TEST(DecodePage, ReadsTheSetsOfTheWeb) {
       {"us-ascii", "\x80\x81\x8D\x9D\x9F\xE4", "\u20AC\u0081\u008D\u009D\u0178\u00E4"},
       {"iso-8859-3", "\xA5", kBad},
       {"iso-8859-16", "\x85\xA0\xA4\xAD\xFE\xFF", "\u0085\u00A0\u20AC\u00AD\u021B\u00FF"},
-      {"cp866", "\x8F\xE0\x1A", "\u041F\u0440\x1A"},
-      {"macintosh", "\xDB", "\u20AC"},
       {"x-user-defined", "a\x80\xFF", "a\uF780\uF7FF"},
       {"gb2312", "\xC4\xE3\x80\xFF\x81<", "\u4F60\u20AC" + kBad + kBad + "<"},
       {"big5", "\xA7\x41\x87\x40\x80<", "\u4F60\u43F0" + kBad + "<"},
       {"sjis", "\x93\xFA\x81\x60\xB1\x5C\x7E\xA0\x81", "\u65E5\uFF5E\uFF71\\~" + kBad + kBad},
-      {"euc-jp", "\xC6\xFC\x8E\xB1\x8F\xB0\xA1", "\u65E5\uFF71\u4E02"},
       {"iso-2022-jp", "\x1B$BF|\x1B(Ba",
        "\u65E5"
        "a"},
-      {"ks_c_5601-1987", "\xB0\xA1\x81\x41", "\uAC00\uAC02"},
       {"utf-16", "a\0=\xD8\0\xDE\0\xDC\0\xD8"s, "a\U0001F600" + kBad + kBad},
-      {"utf-16be", "\0a\x20\xAC\0"s, "a\u20AC" + kBad},
       {"utf-8", "a\0\u20AC\xFF"s, "a" + kBad + "\u20AC" + kBad},
-      {"latin1", "a\0b"s, "a" + kBad + "b"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.label);

@@ -26,19 +26,12 @@ TEST(SplitUri, SplitsEveryText) {
   };
   const Case cases[] = {
       {"http://u:p@h.test:80/a/b?q#f", "http", "u:p@h.test:80", "/a/b", "q", "f", "h.test"},
-      {"", kNone, kNone, "", kNone, kNone, ""},
       {"http://h/#", "http", "h", "/", kNone, "", "h"},
       {"http://h?q", "http", "h", "", "q", kNone, "h"},
-      {"//h:1/a:b@c", kNone, "h:1", "/a:b@c", kNone, kNone, "h"},
-      {"///a", kNone, "", "/a", kNone, kNone, ""},
       {"http:a", "http", kNone, "a", kNone, kNone, ""},
-      {"http:/a", "http", kNone, "/a", kNone, kNone, ""},
       {"?a#b#c?d", kNone, kNone, "", "a", "b#c?d", ""},
-      {"#a:b//c", kNone, kNone, "", kNone, "a:b//c", ""},
       {"a b:c", "a b", kNone, "c", kNone, kNone, ""},
-      {"HTTP://H.Test/%7e", "HTTP", "H.Test", "/%7e", kNone, kNone, "H.Test"},
       {"http://[::1]:8080/", "http", "[::1]:8080", "/", kNone, kNone, "[::1]"},
-      {"http://u@[v1.x:y]/", "http", "u@[v1.x:y]", "/", kNone, kNone, "[v1.x:y]"},
       {"http://safe.test@evil.test@h/", "http", "safe.test@evil.test@h", "/", kNone, kNone, "h"},
       {"http://:80/", "http", ":80", "/", kNone, kNone, ""},
       {"http://[::1/", "http", "[::1", "/", kNone, kNone, "["},
@@ -82,17 +75,12 @@ TEST(RequestAddress, EncodesWhatDoesNotFit) {
   };
   const Case cases[] = {
       {"fits already", "http://h/a;b=(c),~!*'$&+?d=/e:@?#f#g", "http://h/a;b=(c),~!*'$&+?d=/e:@?"},
-      {"fragment alone", "#a", ""},
-      {"dot segments stay", "http://h/a/.././/b/%2e", "http://h/a/.././/b/%2e"},
       {"blanks and controls", " http://h/a b\t\r\n\x7F", "%20http://h/a%20b%09%0D%0A%7F"},
       {"a NUL", std::string_view("a\0b", 3), "a%00b"},
-      {"letters beyond ASCII", "http://h/\xC3\xA4?\xE2\x82\xAC\xFF", "http://h/%C3%A4?%E2%82%AC%FF"},
       {"excluded characters", "/\"<>\\^`{|}", "/%22%3C%3E%5C%5E%60%7B%7C%7D"},
       {"triplets and stray percents", "/%41%zz%4%%42%", "/%41%25zz%254%25%42%25"},
       {"brackets outside the authority", "http://[::1]:80/[a]?b[]=c", "http://[::1]:80/%5Ba%5D?b%5B%5D=c"},
-      {"brackets without an authority", "/[a]", "/%5Ba%5D"},
       {"a percent cut off by the fragment", "/a%#41", "/a%25"},
-      {"user and port", "http://u:p@h:8080", "http://u:p@h:8080"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -115,8 +103,6 @@ TEST(WithAsciiHost, WritesOtherScriptsAsTheNameSystemDoes) {
        "http://me@xn--strae-oqa.example"},
       {"http://\xE2\x80\x8B/", "http://\xE2\x80\x8B/"},    // nothing is left of a blank without width
       {"http://b\xE2\x81\x88/", "http://b\xE2\x81\x88/"},  // U+2048 means "?!"
-      {"http://b\xFF/", "http://b\xFF/"},
-      {"relative/\xC3\xBC", "relative/\xC3\xBC"},
   };
   for (const Case& c : cases) EXPECT_EQ(withAsciiHost(c.url), c.expected);
 }
