@@ -37,7 +37,6 @@ TEST(Refusal, HoldsDatesToTheirOddBounds) {
        ""},                            // by characters, not bytes
       {"00000 7 2010-06-15", kMonth},  // a blank is no digit
       {"0000012345678901234567890-2010-06-15", kMonth},
-      {"2010-06-15\xC3\xA9\xE2\x82\xAC", ""},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.value);
