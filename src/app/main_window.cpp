@@ -86,6 +86,8 @@ void MainWindow::makeControllers() {
   m_siteEditor = std::make_unique<store::AddEditDeleteSitesController>(*this, *m_sheets, m_controls,
                                                                        m_reasons.state(), m_state);
   m_filters = std::make_unique<crawler::FilterController>(*this, *m_sheets, m_controls, m_state);
+  m_scanSettings = std::make_unique<crawler::ScanSettingsController>(*this, *m_sheets, m_controls,
+                                                                     m_reasons.state(), m_state);
   m_scan = std::make_unique<crawler::ScanController>(*this, *m_sheets, m_controls, m_state, m_reasons);
   m_scanView = std::make_unique<ui::ScanViewController>(
       *this,
@@ -114,6 +116,7 @@ void MainWindow::makeControllers() {
   connect(m_scanView.get(), &ui::ScanViewController::report, this, report);
   connect(m_xmlView.get(), &xml_editor::XMLViewController::report, this, report);
   connect(m_filters.get(), &crawler::FilterController::report, this, report);
+  connect(m_scanSettings.get(), &crawler::ScanSettingsController::report, this, report);
   connect(m_export.get(), &ui::ExportController::report, this, report);
   connect(m_export.get(), &ui::ExportController::saveFolderChanged, this, &MainWindow::rememberPlace);
 }

@@ -7,6 +7,7 @@
 #include "app/menu_commands.h"
 #include "crawler/filter_controller.h"
 #include "crawler/scan_controller.h"
+#include "crawler/scan_settings_controller.h"
 #include "html_editor/html_view_controller.h"
 #include "platform/close_requests.h"
 #include "platform/sheet_queue.h"
@@ -75,6 +76,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<platform::SheetQueue> m_sheets;
   std::unique_ptr<store::AddEditDeleteSitesController> m_siteEditor;
   std::unique_ptr<crawler::FilterController> m_filters;
+  std::unique_ptr<crawler::ScanSettingsController> m_scanSettings;
   std::unique_ptr<crawler::ScanController> m_scan;
   std::unique_ptr<ui::ScanViewController> m_scanView;
   std::unique_ptr<ui::MainViewControl> m_views;

@@ -16,7 +16,7 @@ using platform::toQString;
 struct ScanController::Scan {
   Scan(ScanController& owner, ScanSettings settings)
       : client("Veskel/" VESKEL_VERSION),
-        pages(client),
+        pages(client, limitsFor(settings.site)),
         scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons}, std::move(settings)) {}
 
   platform::CurlHttpClient client;
@@ -58,10 +58,13 @@ void ScanController::scanSiteAction() {
   m_page.filterDrawer.hide();
   lockControls();
   forgetLastScan();
+  const store::StoredSettings stored = store::readSettings(m_reasons.state(), m_state.qzvskCurSite);
+  m_settingsProblems = toQString(stored.allProblems());
   ScanSettings settings{.siteName = m_state.qzvskCurSite,
                         .startUrl = store::readSite(m_controls, m_state.qzvskCurSite).details.url,
                         .ignoreRobots = m_ignoreRobots,
                         .filters = m_state.qzvskFiltersArray,
+                        .site = stored.settings,
                         .dateStyle = platform::environmentDateStyle()};
   m_view.restart(settings.startUrl);
   m_establishConnectionSheet.setText(tr("Connecting to %1").arg(toQString(settings.startUrl)));
@@ -221,6 +224,7 @@ void ScanController::tellEnd(const ScanResult& result) {
     sentence +=
         tr(". The reasons of the broken pages could not be kept: %1").arg(toQString(result.reasons.error));
   }
+  if (!sentence.isEmpty() && !m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
   if (!sentence.isEmpty()) emit report(sentence);
 }
 

@@ -90,7 +90,8 @@ class ScanController : public QObject, private ScanView {
   platform::SheetQueue m_questions;  // above whatever sheet the scan shows
   LinkListModel m_links;
   CoalescingView m_view;
-  QStringList m_notices;  // of the last scan
+  QStringList m_notices;       // of the last scan
+  QString m_settingsProblems;  // what of the site's settings was ignored
   bool m_ignoreRobots = false;
   bool m_reopenFilterDrawer = false;
   bool m_asksToStop = false;

@@ -30,9 +30,9 @@ struct ScanControls {
   QDockWidget& filterDrawer = platform::control<QDockWidget>(window, "filterDrawer");
 
   /// Whatever would bring another site into hand, or change the one that is scanned.
-  std::array<QAction*, 7> lockedActions = {
-      &action("addMI"),     &action("editMI"),      &action("deleteMI"),      &action("scanMI"),
-      &action("filtersMI"), &action("addFilterMI"), &action("ignoreRobotsMI")};
+  std::array<QAction*, 8> lockedActions = {
+      &action("addMI"),     &action("editMI"),      &action("deleteMI"),       &action("scanMI"),
+      &action("filtersMI"), &action("addFilterMI"), &action("ignoreRobotsMI"), &action("scanSettingsMI")};
   std::array<QWidget*, 8> lockedWidgets = {&platform::control<QTableView>(window, "siteListTable"),
                                            &platform::control<QLineEdit>(window, "siteSearch"),
                                            &platform::control<QPushButton>(window, "addSiteButton"),

@@ -91,6 +91,12 @@ std::string settingsAsOptions(const SiteSettings& settings) {
   return options;
 }
 
+std::string StoredSettings::allProblems() const {
+  std::string all;
+  for (const std::string& problem : problems) all.append(all.empty() ? "" : " ").append(problem);
+  return all;
+}
+
 StoredSettings parseSettings(std::string_view text) {
   StoredSettings stored;
   for (const std::string& line : nonEmptyLines(text)) {

@@ -95,6 +95,8 @@ struct [[nodiscard]] StoredSettings {
   SiteSettings settings = {};                // the default for whatever could not be read
   std::vector<std::string> problems = {};    // what of this failed, one sentence each
   std::vector<std::string> otherLines = {};  // of settings that only a newer program knows
+
+  std::string allProblems() const;  // on one line
 };
 
 /// What the file's text says, and the text that says it. Of a setting that stands there twice the last

@@ -194,7 +194,7 @@ void ScanViewController::buildContextMenus() {
     line->setSeparator(true);
     return line;
   };
-  m_view.siteListTable.addActions({&m_view.scanMI, &m_view.editMI, separator()});
+  m_view.siteListTable.addActions({&m_view.scanMI, &m_view.editMI, &m_view.scanSettingsMI, separator()});
   addAddressActions(m_view.siteListTable, [this] {
     return m_parts.state.qzvskCurSite.empty() ? QStringList() : QStringList(siteUrl());
   });
@@ -319,10 +319,10 @@ void ScanViewController::setSiteControlsEnabled(const QString& whyNot) {
            &m_view.ignoreRobotsButton, &m_view.copyUrlButton}) {
     platform::enableUnless(*each, whyNot);
   }
-  for (QAction* each :
-       {&m_view.editMI, &m_view.deleteMI, &m_view.scanMI, &m_view.filtersMI, &m_view.addFilterMI,
-        &m_view.ignoreRobotsMI, &m_view.openFolderMI, &m_view.viewInBrowserMI, &m_view.exportBrokenTextMI,
-        &m_view.exportBrokenHtmlMI, &m_view.copyAddressMI, &m_view.openAddressMI}) {
+  for (QAction* each : {&m_view.editMI, &m_view.deleteMI, &m_view.scanMI, &m_view.filtersMI,
+                        &m_view.addFilterMI, &m_view.ignoreRobotsMI, &m_view.scanSettingsMI,
+                        &m_view.openFolderMI, &m_view.viewInBrowserMI, &m_view.exportBrokenTextMI,
+                        &m_view.exportBrokenHtmlMI, &m_view.copyAddressMI, &m_view.openAddressMI}) {
     each->setEnabled(whyNot.isEmpty());
   }
   m_view.layoutMenu.menuAction()->setEnabled(whyNot.isEmpty());

@@ -62,6 +62,7 @@ struct ScanViewControls {
   QAction& findSiteMI = platform::control<QAction>(window, "findSiteMI");
   QMenu& layoutMenu = platform::control<QMenu>(window, "layoutMenu");
   QAction& scanMI = platform::control<QAction>(window, "scanMI");
+  QAction& scanSettingsMI = platform::control<QAction>(window, "scanSettingsMI");
   QAction& filtersMI = platform::control<QAction>(window, "filtersMI");
   QAction& addFilterMI = platform::control<QAction>(window, "addFilterMI");
   QAction& ignoreRobotsMI = platform::control<QAction>(window, "ignoreRobotsMI");

@@ -2,7 +2,6 @@
 #include <nlohmann/json.hpp>
 
 #include "cli_test.h"
-#include "store/site_settings.h"
 #include "support/site_server.h"
 
 namespace {
@@ -129,13 +128,7 @@ TEST_F(SiteCommands, SettingsCountUntilAScanIsToldOtherwise) {
   EXPECT_THAT(run(words("show store")).output, HasSubstr("\nSettings:    --max-pages 2 --connections 1\n"));
   EXPECT_THAT(run(words("scan store")).output, HasSubstr(" after 2 of 3 pages"));
   EXPECT_THAT(run(words("scan store --max-pages 0")).output, HasSubstr("Scanned \"store\""));
-
-  prepare(words("edit store --max-pages 0"));
-  EXPECT_EQ(nlohmann::json::parse(run(words("show store --json")).output)["settings"],
-            nlohmann::json::parse(R"({"max-pages": 0, "connections": 1})"));
-  ASSERT_TRUE(platform::replaceFile(store::settingsFile(reasons.state(), "store"), "connections 0\n").ok());
-  EXPECT_THAT(run(words("scan store")).errors,
-              HasSubstr("\"connections\" was ignored: it has to be 1 to 64."));
+  EXPECT_EQ(nlohmann::json::parse(run(words("show store --json")).output)["settings"]["connections"], 1);
 }
 
 TEST_F(SiteCommands, DeleteAsksOnATerminal) {

@@ -23,7 +23,7 @@ bool allSiteControls(const Desk& desk, bool enabled) {
   const auto areAsWanted = [&](const auto& control) { return control.isEnabled() == enabled; };
   for (const char* name : {"scanSiteButton", "editSiteButton", "deleteSiteButton", "newFilterInput"})
     if (!areAsWanted(desk.control<QWidget>(name))) return false;
-  for (const char* name : {"scanMI", "editMI", "deleteMI", "ignoreRobotsMI", "viewInBrowserMI"})
+  for (const char* name : {"scanMI", "editMI", "deleteMI", "ignoreRobotsMI", "scanSettingsMI"})
     if (!areAsWanted(desk.control<QAction>(name))) return false;
   return true;
 }

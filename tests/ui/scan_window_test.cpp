@@ -6,6 +6,7 @@
 #include <QListView>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QStatusBar>
 #include <QTableView>
 
@@ -13,6 +14,7 @@
 #include "platform/qt_text.h"
 #include "scan_steps.h"
 #include "store/site_record.h"
+#include "store/site_settings.h"
 
 namespace window_tests {
 
@@ -52,6 +54,7 @@ class ScanWindowTest : public QObject {
   void asksAboutLooping();
   void tellsOfAnUnreachableSite();
   void refusesASiteThatIsScannedElsewhere();
+  void scansAsTheSettingsSay();
   void tellsOfALostDocument();
   void tellsOfReasonsThatCannotBeKept();
   void noticesASiteWithoutEnd();
@@ -202,6 +205,32 @@ void ScanWindowTest::refusesASiteThatIsScannedElsewhere() {
   QVERIFY(answer(message(QStringLiteral("The site \"Shop\" is being scanned already.")), kOk));
   QVERIFY(scanHasEnded(desk));
   QVERIFY(server.requests().empty());
+}
+
+void ScanWindowTest::scansAsTheSettingsSay() {
+  const SiteServer server(smallSite());
+  Desk desk;
+  openWithShop(desk, server.url());
+  desk.control<QAction>("scanSettingsMI").trigger();
+  QDialog* sheet = sheetNamed(QStringLiteral("scanSettingsSheet"));
+  QVERIFY(sheet);
+  auto& pages = platform::control<QSpinBox>(*sheet, "max-pages");
+  QTest::keyClicks(&pages, QStringLiteral("2"));
+  // Meanwhile another program changes what is not touched here, and scans.
+  const auto file = store::settingsFile(desk.reasons.state(), "Shop");
+  std::filesystem::create_directories(file.parent_path());
+  QVERIFY(platform::replaceFile(file, "connections 9\n").ok());
+  {
+    const platform::FolderLock scanned(desk.controls.siteFolder("Shop"));
+    QTest::keyClick(&pages, Qt::Key_Return);
+    QVERIFY(answer(message(QStringLiteral("The settings could not be saved.")), kOk));
+  }
+  QVERIFY(answer(sheet, QStringLiteral("Save")));
+  QCOMPARE(platform::readFile(file).text, std::string("max-pages 2\nconnections 9\n"));
+  QVERIFY(platform::replaceFile(file, "max-pages 2\nconnections 99\n").ok());
+  QVERIFY(scan(desk));
+  QCOMPARE(desk.label("linksScanned"), QStringLiteral("2"));
+  QVERIFY(status(desk).endsWith(QLatin1String("\"connections\" was ignored: it has to be 1 to 64.")));
 }
 
 void ScanWindowTest::tellsOfALostDocument() {

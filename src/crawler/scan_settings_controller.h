@@ -1,0 +1,42 @@
+// The command "Scan Settings".
+#pragma once
+
+#include <QMainWindow>
+#include <QObject>
+#include <string>
+
+#include "crawler/scan_settings_sheet.h"
+#include "platform/sheet_queue.h"
+#include "store/global_controls.h"
+#include "store/shared_state.h"
+#include "store/state_folder.h"
+
+namespace crawler {
+
+/// Shows the settings of the site in hand in a sheet and saves what is changed there. UI thread.
+class ScanSettingsController : public QObject {
+  Q_OBJECT
+
+ public:
+  /// All are borrowed and outlive the controller.
+  ScanSettingsController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
+                         const store::GlobalControls& controls, const store::StateFolder& stateFolder,
+                         const store::SharedState& state);
+
+ signals:
+  void report(const QString& sentence);
+
+ private:
+  void showSheet();
+  void save();
+
+  platform::SheetQueue& m_sheets;
+  const store::GlobalControls& m_controls;
+  const store::StateFolder& m_stateFolder;
+  const store::SharedState& m_state;
+  ScanSettingsSheet m_sheet;
+  platform::SheetQueue m_sheetsOfSheet;
+  std::string m_siteName;  // whose settings are shown
+};
+
+}  // namespace crawler

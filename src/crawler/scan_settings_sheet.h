@@ -1,0 +1,44 @@
+// The sheet "Scan Settings": how the site in hand is scanned.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <vector>
+
+#include "store/site_settings.h"
+
+class QFormLayout;
+
+namespace crawler {
+
+/// A control for each row of the table of settings, "Save" and "Cancel". Whoever shows it takes it down.
+class ScanSettingsSheet : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit ScanSettingsSheet(QWidget* parent);
+
+  void showSettings(const store::SiteSettings& settings);
+
+  /// Sets in `settings` what the user has changed since showSettings(), and leaves the rest as it is.
+  void applyChanges(store::SiteSettings& settings) const;
+
+ signals:
+  void saveAsked();
+
+ private:
+  struct Control {
+    QWidget* widget;
+    std::function<void(const store::SiteSettings&)> show;
+    std::function<void(store::SiteSettings&)> take;
+  };
+
+  Control makeControl(const store::WholeNumber& number);
+  Control makeControl(const store::Choice& choice);
+  void addRow(QFormLayout& form, const store::SettingField& field);
+
+  std::vector<Control> m_controls;  // in the order of the table
+  store::SiteSettings m_shown;
+};
+
+}  // namespace crawler
