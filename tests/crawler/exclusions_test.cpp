@@ -15,7 +15,6 @@ TEST(Robots, OnlyExactDisallowLinesCount) {
       robotsRules("User-agent: other\nDisallow: /private\nDisallow:/tight\ndisallow: /small\n"
                   "Disallow:  /two\nDisallow: \nDisallow: /cr\r\n Disallow: /indented\nDisallow: /last"),
       (std::vector<std::string>{"/private", " /two", "", "/cr\r", "/last"}));
-  EXPECT_TRUE(robotsRules("").empty());
   EXPECT_EQ(robotsAddress("http://h/dir/"), "http://h/dir//robots.txt");
 }
 

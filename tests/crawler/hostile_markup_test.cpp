@@ -32,8 +32,7 @@ TEST(HostileMarkup, IsReadWholeInOnePass) {
       {"attributes of an image", "<a href=1><img" + attributes + " alt=One></a>"},
       {"elements left open", repeated("<div>") + link},
       {"end tags of what is outside", link + repeated("<i>") + repeated("<a><b></i>")},
-      {"tables", link + repeated("<table><td>") + repeated("</td>")},
-      {"objects", link + repeated("<object><button>") + repeated("</button></object></table>")},
+      {"tables", link + repeated("<table><td><object><button>") + repeated("</button></object></td>")},
       {"drawings", link + repeated("<svg><desc>") + repeated("</svg><svg>")},
       {"templates", link + repeated("<template>") + repeated("<table><td></template>")},
       // What makes a reader look ahead in vain.
@@ -60,7 +59,6 @@ TEST(HostileMarkup, IsReadWholeInOnePass) {
 
 TEST(HostileMarkup, GivesLongNamesWholeOrNotAtAll) {
   const std::string name = repeated("long ");
-  EXPECT_TRUE(readPageContents("<a href=1>" + name + "</a>").anchors[0].title == name);
   EXPECT_TRUE(readPageContents("<a href=1><img alt='" + name + "'></a>").anchors[0].title == name);
   const std::string beyond(5 * kMegabyte, 'x');
   EXPECT_EQ(readPageContents("<a href=1><img alt='" + beyond + "'></a>").anchors[0].title,

@@ -1,21 +1,18 @@
 // Titles, link names and addresses that look like parts of the documents they are written to.
-#include <map>
 #include <string>
 #include <string_view>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/raw_server.h"
 #include "support/scan_run.h"
+#include "support/site_server.h"
 
 namespace crawler {
 namespace {
 
-using support::rawAnswerTo;
-using support::RawRequest;
-using support::RawServer;
 using support::ScanRun;
+using support::ServedPage;
+using support::SiteServer;
 
 struct HostilePage {
   const char* target;  // how the request for it begins
@@ -39,27 +36,23 @@ const HostilePage kPages[] = {
     {"/control", "control.html?\x01\x0B\x7F&#2;", "\x01x", "\x02\x0C"},
 };
 
-std::string answerTo(const RawRequest& request) {
-  const std::string_view target = request.target();
+ServedPage answerTo(std::string_view target) {
   if (target == "/") {
     std::string links;
     for (const HostilePage& page : kPages) {
       links += "<a href=\"" + std::string(page.href) + "\">" + page.name + "</a>";
     }
-    return rawAnswerTo(request, "200 OK", "Content-Type: text/html; charset=utf-8\r\n",
-                       "<title>Start ---LINKID:0---</title>" + links);
+    return {"<title>Start ---LINKID:0---</title>" + links};
   }
   for (const HostilePage& page : kPages) {
     if (!target.starts_with(page.target) || page.title == nullptr) continue;
-    return rawAnswerTo(
-        request, "200 OK", "Content-Type: text/html; charset=utf-8\r\n",
-        "<title>" + std::string(page.title) + "</title><a href=control.html>" + page.name + "</a>");
+    return {"<title>" + std::string(page.title) + "</title><a href=control.html>" + page.name + "</a>"};
   }
-  return rawAnswerTo(request, "404 Not Found", "", "");
+  return {.status = 404};
 }
 
 TEST(HostileTexts, AreWrittenAsTheyAre) {
-  RawServer server(RawServer::answering(answerTo));
+  const SiteServer server([](const std::string& target, int) { return answerTo(target); });
   ScanRun run(server.url());
   EXPECT_EQ(run.scan().end, ScanEnd::complete);
   support::expectStored("scans/hostile-texts.txt", run.documents(server.url()));
