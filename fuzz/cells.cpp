@@ -73,8 +73,8 @@ std::string described(xmlNodePtr node) {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string markup = platform::decodeUtf8(std::string(fuzz::textOf(data, size)));
+void fuzz::tryInput(std::string_view input) {
+  std::string markup = platform::decodeUtf8(std::string(input));
   const html_editor::DocumentCells found = html_editor::readCellsByParser(markup);
   markup = platform::replaceText(markup, "\f", " ");
   static const platform::Regex kNoCharacter("[^\\t\\n\\r -\\x{FFFD}\\x{10000}-\\x{10FFFF}]");
@@ -95,5 +95,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
               "an entry that is written and read again is the same");
     }
   }
-  return 0;
 }

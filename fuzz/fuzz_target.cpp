@@ -1,8 +1,17 @@
 #include "fuzz_target.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+
+/// Called by libFuzzer.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::tryInput(size == 0 ? "" : std::string_view(reinterpret_cast<const char*>(data), size));
+  return 0;
+}
 
 namespace fuzz {
 
@@ -10,11 +19,6 @@ void require(bool holds, const char* property) {
   if (holds) return;
   std::fprintf(stderr, "This does not hold: %s\n", property);
   std::abort();
-}
-
-std::string_view textOf(const std::uint8_t* data, std::size_t size) {
-  if (size == 0) return "";
-  return {reinterpret_cast<const char*>(data), size};
 }
 
 std::string_view takeLine(std::string_view& rest) {

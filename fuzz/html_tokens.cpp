@@ -65,11 +65,12 @@ const char* readToken(const Token& token, const char* from, std::string_view tex
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size == 0) return 0;
-  const auto content = static_cast<web::Content>(data[0] % 6);
-  const bool cdata = (data[0] & 0x40) != 0;
-  const std::string_view text = fuzz::textOf(data + 1, size - 1);
+void fuzz::tryInput(std::string_view input) {
+  if (input.empty()) return;
+  const auto first = static_cast<unsigned char>(input.front());
+  const auto content = static_cast<web::Content>(first % 6);
+  const bool cdata = (first & 0x40) != 0;
+  const std::string_view text = input.substr(1);
   const std::vector<Token> tokens = tokensOf(text, content, cdata);
   const char* at = text.data();
   for (const Token& token : tokens) {
@@ -77,7 +78,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   }
 
   // A token depends on nothing in front of it.
-  if (content != web::Content::markup) return 0;
+  if (content != web::Content::markup) return;
   const std::string behind = "<b>" + std::string(text);
   const std::vector<Token> again = tokensOf(behind, content, cdata);
   require(again.size() == tokens.size() + 1, "what stands in front changes nothing");
@@ -85,5 +86,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     require(again[i + 1].kind == tokens[i].kind && again[i + 1].written == tokens[i].written,
             "each token is the same then");
   }
-  return 0;
 }

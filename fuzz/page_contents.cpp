@@ -6,9 +6,8 @@
 
 using fuzz::require;
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string bytes(fuzz::textOf(data, size));
-  const std::string markup = platform::decodePage(bytes, "text/html; charset=utf-8");
+void fuzz::tryInput(std::string_view input) {
+  const std::string markup = platform::decodePage(std::string(input), "text/html; charset=utf-8");
   const crawler::PageContents contents = crawler::readPageContents(markup);
   require(!contents.title.empty() && fuzz::isUtf8(contents.title), "there is a title");
   std::size_t written = 0;
@@ -31,5 +30,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     require(twice.anchors[i + 1].href == contents.anchors[i].href, "each address is the same then");
     require(twice.anchors[i + 1].title == contents.anchors[i].title, "and so is each name");
   }
-  return 0;
 }

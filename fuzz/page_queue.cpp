@@ -19,14 +19,13 @@ class Comparison {
     if (isNew) m_order.push_back(url);
     require(m_queue.contains(url) != isNew, "an address is known once it was appended, and not before");
     require((m_queue.append(url) == crawler::Queued::now) == isNew, "an address is appended once");
-    require(m_queue.size() == m_order.size(), "the queue grows by one with every new address");
     askInPieces(url);
   }
 
   void compareAll() const {
+    require(m_queue.size() == m_order.size(), "the queue grows by one with every new address");
     for (std::size_t i = 0; i < m_order.size(); ++i) {
       require(m_queue[i] == m_order[i], "entries stay where and what they are");
-      require(m_queue.contains(m_order[i]), "entries stay known");
     }
   }
 
@@ -37,8 +36,6 @@ class Comparison {
       require(m_queue.contains(url.substr(0, first), url.substr(first, second), url.substr(first + second)),
               "an address is known however it is cut");
     }
-    const std::string shorter(url.substr(0, url.size() / 2));
-    require(m_queue.contains(shorter) == m_set.contains(shorter), "a part of an address is another address");
     const std::string longer = std::string(url) + "/";
     require(m_queue.contains(url, "/") == m_set.contains(longer), "more than an address is another address");
   }
@@ -50,10 +47,9 @@ class Comparison {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::tryInput(std::string_view rest) {
   constexpr std::size_t kLong = 70'000;  // more than one of the queue's blocks of text
   constexpr int kMaxLong = 3;            // in one input, to stay quick
-  std::string_view rest = fuzz::textOf(data, size);
   Comparison comparison;
   int longOnes = 0;
   while (!rest.empty()) {
@@ -64,5 +60,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     for (int i = 0; i < more; ++i) comparison.append(url + "?" + std::to_string(i));
   }
   comparison.compareAll();
-  return 0;
 }

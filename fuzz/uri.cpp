@@ -44,13 +44,6 @@ std::string decoded(std::string_view text) {
 void checkSplit(std::string_view text) {
   const platform::UriParts parts = platform::splitUri(text);
   require(recomposed(parts) == text, "the parts make up the text");
-  require(!parts.scheme ||
-              (!parts.scheme->empty() && parts.scheme->find_first_of(":/?#") == std::string_view::npos),
-          "a scheme is short");
-  require(!parts.authority || parts.authority->find_first_of("/?#") == std::string_view::npos,
-          "an authority ends before the path");
-  require(parts.path.find_first_of("?#") == std::string_view::npos, "a path ends before query and fragment");
-  require(parts.query.value_or("").find('#') == std::string_view::npos, "a query ends before the fragment");
   require(parts.authority.value_or("").find(parts.host()) != std::string_view::npos,
           "a host is in its authority");
 }
@@ -107,10 +100,8 @@ void checkHost(std::string_view text) {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view text = fuzz::textOf(data, size);
+void fuzz::tryInput(std::string_view text) {
   checkSplit(text);
   checkRequest(text);
   checkHost(text);
-  return 0;
 }

@@ -71,8 +71,7 @@ void checkChange(const std::string& row, const std::string& value) {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view rest = fuzz::textOf(data, size);
+void fuzz::tryInput(std::string_view rest) {
   const std::string value(fuzz::takeLine(rest));
   const Rows rows = read(rest);
   for (const std::string& row : rows) {
@@ -87,5 +86,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     require(!finding.message.empty() && fuzz::isUtf8(finding.message), "findings can be shown");
   }
   require(!findings.empty() || (fuzz::isUtf8(rest) && rows.size() > 0), "a valid sitemap has entries");
-  return 0;
 }
