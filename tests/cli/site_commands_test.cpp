@@ -55,7 +55,6 @@ TEST_F(SiteCommands, BadInputIsNamedAndChangesNothing) {
        "There is no filter \"/A\". Nothing was changed.\n"},
       {"show an unknown site", words("show none\x1B[2J"), "There is no site named \"none\uFFFD[2J\".\n"},
       {"scan an unknown site", words("scan none"), "There is no site named \"none\".\n"},
-      {"too many connections", words("scan shop --connections 65"), "--connections: "},
       {"unknown command", words("sties"), "Unknown command: sties\n"},
   };
   for (const Case& c : cases) {
@@ -134,7 +133,6 @@ TEST_F(SiteCommands, SettingsCountUntilAScanIsToldOtherwise) {
 TEST_F(SiteCommands, DeleteAsksOnATerminal) {
   prepare({"add", "shop", "a.test"});
   for (const char* answer : {"\n", "n\n", "yep\n", "\x04"}) {
-    SCOPED_TRACE(answer);
     const auto refused = run({"delete", "shop"}, answer, StandardInput::terminal);
     EXPECT_EQ(refused.exitCode, 0);
     EXPECT_THAT(refused.errors, StartsWith("Do you really want to delete the site:\nshop\n[y/N] "));

@@ -108,20 +108,6 @@ TEST(HostileSite, CanBeLeftWhereverItHolds) {
   }
 }
 
-TEST(HostileSite, IsNotAskedForADateAfterAStop) {
-  // The limit on that question would end it too, though late.
-  struct Client : platform::HttpClient {
-    platform::HttpAnswer fetch(const platform::HttpRequest&, std::stop_token stop) override {
-      EXPECT_TRUE(stop.stop_requested());
-      return {};
-    }
-  };
-  Client client;
-  std::stop_source stop;
-  stop.request_stop();
-  EXPECT_EQ(askLastModified(client, "http://a.test/", stop.get_token()), "");
-}
-
 /// The most memory held so far, in kilobytes.
 long peakKilobytes() {
   std::ifstream status("/proc/self/status");

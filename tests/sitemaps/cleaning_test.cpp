@@ -23,12 +23,10 @@ TEST(HtmlCleaning, TakesMarkersAndNothingElse) {
   const TextCase cases[] = {
       {"an entry", pageEntry("http://h/a", 12, "Title"),
        "\n\t\t\t<div class=\"vskPageTitle\"><a href=\"http://h/a\">Title</a></div>"},
-      {"carriage returns", "a---LINKID:1---\r\nb\r\n", "a\r\nb\r\n"},
+      {"too few blanks in a comment", "<!-- LINKID: -->a -->", ""},
       {"markers end on their line", "a---LINKID:1\n---b<!-- LINKID: 1\n -->",
        "a---LINKID:1\n---b<!-- LINKID: 1\n -->"},
       {"the first end counts", "a---LINKID:1---b---c<!-- LINKID: 1 --> -->", "ab---c -->"},
-      {"too few blanks in a comment", "<!-- LINKID: -->a -->", ""},
-      {"other cases", "---linkid:1---<!-- Linkid: 1 -->", "---linkid:1---<!-- Linkid: 1 -->"},
       {"comments go first", "---LINKID:<!-- LINKID: 1 -->2---b", "b"},
       {"regular expressions mean nothing", "---LINKID:.*?---$1\\1---LINKID:\xC3\xA9---", "$1\\1"},
   };
@@ -76,7 +74,6 @@ TEST(PublishableXml, MendsWhatIsNotLegalAndKeepsTheRest) {
     const char* expected;
   };
   const Case cases[] = {
-      {"legal", "http://a.test/?a='1'&amp;b=%20#c", "http://a.test/?a='1'&amp;b=%20#c"},
       {"legal, spelled otherwise", " http://a.test/?a&#38;b&quot;", "http://a.test/?a&amp;b%22"},
       {"blanks around it", "\n http://a.test/&apos; ", "\n http://a.test/&apos; "},
       {"a section of characters", "<![CDATA[http://a.test/?a&b]]>", "<![CDATA[http://a.test/?a&b]]>"},
@@ -111,7 +108,6 @@ TEST(PublishableXml, WritesWhatIsNoXmlAnew) {
        header + entry + "\n\t</url>" + entry + "\n\t</url>" + closing},
       {"a date with markup in it", header + loc + "<lastmod>2010-06-15<b</lastmod></url>" + closing,
        header + entry + "\n\t\t<lastmod>2010-06-15&lt;b</lastmod>\n\t</url>" + closing},
-      {"nothing", "", header + closing},
       {"another prefix", "<s:urlset><s:url><s:loc>http://a.test/ &</s:loc></s:url></s:urlset>",
        header + entry + "\n\t</url>" + closing},
   };

@@ -1,4 +1,4 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "sitemaps/html_format.h"
 #include "sitemaps/xml_format.h"
@@ -6,6 +6,8 @@
 
 namespace sitemaps {
 namespace {
+
+using testing::HasSubstr;
 
 TEST(Openings, AreByteForByteWhatEditorsExpect) {
   support::expectStored("openings/one-column.html", documentOpening(1));
@@ -21,14 +23,9 @@ TEST(XmlEntry, EscapesTheAddressOnce) {
 }
 
 TEST(XmlEntry, EncodesWhatXmlCannotHold) {
-  const auto loc = [](std::string_view url) {
-    const std::string entry = xmlEntry(url, "");
-    const std::size_t start = entry.find("<loc>") + 5;
-    return entry.substr(start, entry.find("</loc>") - start);
-  };
-  EXPECT_EQ(loc("http://h/\x01\x1F\t\r\n\x7F\xC2\x80\xEF\xBF\xBD\xEF\xBF\xBE%zz"),
-            "http://h/%01%1F\t\r\n\x7F\xC2\x80\xEF\xBF\xBD%EF%BF%BE%zz");
-  EXPECT_EQ(loc("http://h/\xFF\xC3\xA9"), "http://h/%FF%C3%A9");
+  EXPECT_THAT(xmlEntry("http://h/\x01\x1F\t\r\n\x7F\xC2\x80\xEF\xBF\xBD\xEF\xBF\xBE%zz", ""),
+              HasSubstr("<loc>http://h/%01%1F\t\r\n\x7F\xC2\x80\xEF\xBF\xBD%EF%BF%BE%zz</loc>"));
+  EXPECT_THAT(xmlEntry("http://h/\xFF\xC3\xA9", ""), HasSubstr("<loc>http://h/%FF%C3%A9</loc>"));
 }
 
 TEST(PageEntry, LetsNeitherAddressNorTitleOutOfTheirPlaces) {
