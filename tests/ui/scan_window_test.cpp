@@ -56,7 +56,6 @@ class ScanWindowTest : public QObject {
   void refusesASiteThatIsScannedElsewhere();
   void scansAsTheSettingsSay();
   void tellsOfALostDocument();
-  void tellsOfReasonsThatCannotBeKept();
   void noticesASiteWithoutEnd();
 };
 
@@ -245,18 +244,6 @@ void ScanWindowTest::tellsOfALostDocument() {
   QVERIFY(alert && alert->informativeText().startsWith(QLatin1String("sitemap.xml: ")));
   QVERIFY(answer(alert, kOk));
   QVERIFY(scanHasEnded(desk));
-}
-
-void ScanWindowTest::tellsOfReasonsThatCannotBeKept() {
-  const SiteServer server(smallSite());
-  Desk desk;
-  // A file where their folder belongs.
-  const std::filesystem::path folder = desk.reasons.state().location();
-  std::filesystem::create_directories(folder);
-  QVERIFY(platform::replaceFile(folder / "sites", "x").ok());
-  openWithShop(desk, server.url());
-  QVERIFY(scan(desk));
-  QVERIFY(status(desk).contains(QLatin1String("The reasons of the broken pages could not be kept: ")));
 }
 
 void ScanWindowTest::noticesASiteWithoutEnd() {
