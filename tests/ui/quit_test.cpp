@@ -44,12 +44,9 @@ QStringList waysToClose() {
   return hasTitleBars() ? QStringList{kByKey, kByTitleBar} : QStringList{kByKey};
 }
 
-int messagesUp() {
-  int count = 0;
-  for (const QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->isVisible() && qobject_cast<const QMessageBox*>(widget) != nullptr) ++count;
-  }
-  return count;
+/// Those that wait for another one to go, too.
+int questions(const Desk& desk) {
+  return static_cast<int>(desk.window().findChildren<QMessageBox*>().size());
 }
 
 /// Whether the program quits once `act` is done. `act` tells whether it could be done.
@@ -85,10 +82,10 @@ void QuitTest::asksOnceBeforeQuitting() {
       openWithShop(desk, site.url());
       QVERIFY(desk.click("scanSiteButton"));
       QVERIFY(moment.sheet());
-      const int sheets = messagesUp();
+      const int sheets = questions(desk);
       // Keys go nowhere before the sheet has the focus; whoever is in a hurry tries again.
       QVERIFY(comesTrue([&] {
-        if (messagesUp() > sheets) return true;
+        if (questions(desk) > sheets) return true;
         closeBy(way, desk);
         return false;
       }));
@@ -96,7 +93,7 @@ void QuitTest::asksOnceBeforeQuitting() {
       closeBy(way, desk);
       desk.window().close();
       QTest::qWait(0);
-      QCOMPARE(messagesUp(), sheets + 1);
+      QCOMPARE(questions(desk), sheets + 1);
       QVERIFY(answer(message(kRunning), kKeep));
       QVERIFY(moment.sheet());
       QVERIFY(desk.window().isVisible());
@@ -147,7 +144,7 @@ void QuitTest::staysWhileASiteIsEdited() {
     if (way == kByKey) pressEscape(*sheet);
     QVERIFY(noSheetLeft());
     QVERIFY(desk.window().isVisible());
-    QCOMPARE(messagesUp(), 0);
+    QCOMPARE(questions(desk), 0);
   }
 }
 
