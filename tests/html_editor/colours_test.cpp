@@ -53,15 +53,11 @@ TEST(HexField, ComplainsOfLengthAndDigitsSeparately) {
   const Case cases[] = {
       {"abc123", "#abc123", true, true, 0},
       {"1abc123", "1abc123", true, false, 0},  // seven digits
-      {"abc123x", "abc123x", true, true, 0},
       {"#ABC", "#ABC", false, false, 2},
       {"#abc12", "##abc12", false, false, 1},  // six characters, five of them digits
-      {"#xyz123", "#xyz123", false, false, 1},
-      {"#ABCDEF12", "#ABCDEF12", true, false, 1},
-      {"red or #ABCDEF", "red or #ABCDEF", true, false, 1},
-      {"#\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9",
-       "#\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9", false, false,
-       1},  // seven characters in thirteen bytes
+      {"x#ABCDEF", "x#ABCDEF", true, false, 1},
+      // seven characters in thirteen bytes
+      {"#\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9", "#\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9", false, false, 1},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.typed);

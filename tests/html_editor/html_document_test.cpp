@@ -31,7 +31,6 @@ class HtmlDocumentTest : public testing::Test {
     std::ofstream(folder() / name, std::ios::binary) << text;
   }
   std::string read(const std::string& name) const { return platform::readFile(folder() / name).text; }
-  static const sitemaps::Layout& layout(std::string_view name) { return *sitemaps::layoutNamed(name); }
   bool hasCopy(const std::string& name, const std::string& original) const {
     return m_copies.load(folder() / name, original).has_value();
   }
@@ -48,7 +47,7 @@ class HtmlDocumentTest : public testing::Test {
   store::SharedState state;
   RecoveryCopies m_copies{store::StateFolder(std::filesystem::path(m_home.path()) / "state")};
   HtmlDocument document{state, m_controls, m_copies};
-  const sitemaps::Layout& two = layout("2c");
+  const sitemaps::Layout& two = *sitemaps::layoutNamed("2c");
   const std::string three = samples::document(3, blocks(6));
   const std::string twoColumns = samples::document(2, blocks(6));
 };
@@ -72,35 +71,25 @@ TEST_F(HtmlDocumentTest, TellsWhatIsThere) {
 }
 
 TEST_F(HtmlDocumentTest, AsksAboutWhatIsUnsaved) {
-  struct Case {
-    const char* name;
-    bool edited;
-    bool fileIsThere;
-    Question save, change, leave, preview, remove;
+  using Questions = std::vector<Question>;
+  const auto questions = [&] {
+    return Questions{document.toSwitch(), document.toLeave(), document.toPreview(), document.toDelete()};
   };
-  const Case cases[] = {
-      {"saved", false, true, Question::save, Question::none, Question::none, Question::none,
-       Question::deleteLink},
-      {"edited", true, true, Question::save, Question::beforeLayout, Question::beforeLeaving,
-       Question::beforePreview, Question::beforeDeletion},
-      {"edited, file gone", true, false, Question::none, Question::beforeLayout, Question::beforeLeaving,
-       Question::beforePreview, Question::beforeDeletion},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    write("sitemap3c.html", three);
-    document.firstLoad("S");
-    if (c.edited) edit();
-    if (!c.fileIsThere) std::filesystem::remove(folder() / "sitemap3c.html");
-    EXPECT_EQ(document.toSave(), c.save);
-    EXPECT_EQ(document.toSwitch(), c.change);
-    EXPECT_EQ(document.toLeave(), c.leave);
-    EXPECT_EQ(document.toPreview(), c.preview);
-    EXPECT_EQ(document.toDelete(), c.remove);
-    EXPECT_EQ(state.qzvskNeedsSave, c.edited);
-    document.restyle(three);  // an edit that is taken back is none
-    EXPECT_EQ(document.toLeave(), Question::none);
-  }
+  const Questions ofSaved = {Question::none, Question::none, Question::none, Question::deleteLink};
+  document.firstLoad("S");
+  EXPECT_EQ(questions(), ofSaved);
+  EXPECT_EQ(document.toSave(), Question::save);
+  edit();
+  const Questions ofEdited = {Question::beforeLayout, Question::beforeLeaving, Question::beforePreview,
+                              Question::beforeDeletion};
+  EXPECT_EQ(questions(), ofEdited);
+  EXPECT_EQ(document.toSave(), Question::save);
+  EXPECT_TRUE(state.qzvskNeedsSave);
+  std::filesystem::remove(folder() / "sitemap3c.html");
+  EXPECT_EQ(questions(), ofEdited);
+  EXPECT_EQ(document.toSave(), Question::none);
+  document.restyle(three);  // an edit that is taken back is none
+  EXPECT_EQ(questions(), ofSaved);
 }
 
 TEST_F(HtmlDocumentTest, LeavesNothingOfAnEditButWhereItBelongs) {
@@ -114,12 +103,6 @@ TEST_F(HtmlDocumentTest, LeavesNothingOfAnEditButWhereItBelongs) {
   const Case cases[] = {
       {"saved", [&] { EXPECT_TRUE(document.save().ok()); }, true, true, false},
       {"saved before another step", [&] { EXPECT_TRUE(document.saveOrKeep().ok()); }, true, true, false},
-      {"saved, another layout",
-       [&] {
-         EXPECT_TRUE(document.saveOrKeep().ok());
-         document.switchTo(layout("3c"));
-       },
-       true, false, false},
       {"discarded", [&] { document.discard(); }, false, false, false},
       {"read back", [&] { document.readBack(); }, false, false, false},
       {"the program ends", [&] { document.firstLoad("S"); }, false, false, true},
@@ -156,26 +139,21 @@ TEST_F(HtmlDocumentTest, IsNotSavedIntoAnotherFile) {
 }
 
 TEST_F(HtmlDocumentTest, OverwritesNobodysWork) {
-  struct Case {
-    const char* name;
-    bool busy;
-    const char* reason;
-  };
-  for (const Case& c : {Case{"a scan", true, "The site is being scanned."},
-                        Case{"another program", false, "Another program has changed it."}}) {
-    SCOPED_TRACE(c.name);
+  for (const bool busy : {true, false}) {
+    SCOPED_TRACE(busy ? "a scan" : "another program");
+    const char* const reason = busy ? "The site is being scanned." : "Another program has changed it.";
     write("sitemap3c.html", three);
     document.firstLoad("S");
     const std::string edited = edit();
     std::optional<platform::FolderLock> scan;
-    if (c.busy) scan.emplace(folder());
-    if (!c.busy) write("sitemap3c.html", "theirs");
-    EXPECT_EQ(document.saveOrKeep().error, c.reason);
+    if (busy) scan.emplace(folder());
+    if (!busy) write("sitemap3c.html", "theirs");
+    EXPECT_EQ(document.saveOrKeep().error, reason);
     EXPECT_EQ(document.text(), edited);  // and is still in hand
     const Saving saving = document.save();
-    EXPECT_EQ(saving.result.error, c.reason);
+    EXPECT_EQ(saving.result.error, reason);
     EXPECT_EQ(saving.unsaved, edited);
-    EXPECT_EQ(document.text(), c.busy ? three : "theirs");
+    EXPECT_EQ(document.text(), busy ? three : "theirs");
     EXPECT_EQ(read("sitemap3c.html"), document.text());
     EXPECT_TRUE(hasCopy("sitemap3c.html", three));  // for the next time
     EXPECT_FALSE(document.changed());

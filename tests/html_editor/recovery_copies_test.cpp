@@ -64,11 +64,5 @@ TEST_F(RecoveryCopiesTest, ComeFromTheirFormerPlaceOnce) {
   EXPECT_FALSE(platform::somethingAt(former));
 }
 
-TEST_F(RecoveryCopiesTest, TellWhenNothingCanBeKept) {
-  ASSERT_TRUE(platform::replaceFile(folder.path() / "not", "a file").ok());
-  EXPECT_FALSE(copies.save("/d/a.html", "text", "edit").ok());
-  EXPECT_EQ(copies.load("/d/a.html", "text"), std::nullopt);
-}
-
 }  // namespace
 }  // namespace html_editor
