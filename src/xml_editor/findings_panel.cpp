@@ -4,9 +4,11 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLocale>
+#include <algorithm>
 #include <chrono>
+#include <exception>
+#include <memory>
 
-#include "platform/files.h"
 #include "platform/qt_text.h"
 #include "sitemaps/site_export.h"
 
@@ -18,6 +20,9 @@ namespace {
 
 // Long enough that a user who changes one cell after the other does not wait for it.
 constexpr std::chrono::milliseconds kAgainDelay{400};
+
+/// Nobody mends more of them one by one, and a list of a million holds the window up.
+constexpr std::size_t kMostListed = 10'000;
 
 QString findingText(const sitemaps::XmlFinding& finding) {
   const QString message = toQString(finding.message);
@@ -64,37 +69,68 @@ void FindingsPanel::validateSoonAgain() {
 void FindingsPanel::close() {
   m_again.stop();
   m_shown = false;
+  m_findings.clear();
+  m_texts.setStringList({});
   m_view.xmlFindingsPanel.hide();
 }
 
 void FindingsPanel::check() {
+  if (!m_shown) show(tr("Checking the sitemap..."));
+  // One at a time: what is asked meanwhile is looked at when this one is done.
+  if (m_checking) return m_again.start();
   m_again.stop();
-  const platform::FileContent content = platform::readFile(m_sitemap);
-  m_findings.clear();
-  if (!content.result.ok()) {
-    show(tr("The sitemap cannot be read: %1").arg(toQString(content.result.error)));
-    return;
+  m_checking = true;
+  m_worker = std::jthread([this, sitemap = m_sitemap, siteUrl = m_siteUrl] {
+    auto outcome = std::make_shared<Outcome>(outcomeOf(sitemap, siteUrl));
+    QMetaObject::invokeMethod(
+        this, [this, outcome] { take(std::move(*outcome)); }, Qt::QueuedConnection);
+  });
+}
+
+FindingsPanel::Outcome FindingsPanel::outcomeOf(const std::filesystem::path& sitemap,
+                                                const std::string& siteUrl) {
+  Outcome outcome{sitemap};
+  try {
+    const platform::FileContent content = platform::readFile(sitemap);
+    outcome.read = content.result;
+    if (!content.result.ok()) return outcome;
+    outcome.findings = sitemaps::validateAsPublished(content.text, siteUrl);
+    outcome.count = outcome.findings.size();
+    outcome.findings.resize(std::min(outcome.count, kMostListed));
+    for (const sitemaps::XmlFinding& finding : outcome.findings) outcome.texts.append(findingText(finding));
+  } catch (const std::exception& failure) {  // no memory
+    outcome = {sitemap, {platform::FileStatus::failed, failure.what()}};
   }
-  m_findings = sitemaps::validateAsPublished(content.text, m_siteUrl);
-  if (m_findings.empty()) {
+  return outcome;
+}
+
+void FindingsPanel::take(Outcome outcome) {
+  m_checking = false;
+  // The panel was closed meanwhile, or is about another site now.
+  if (!m_shown || outcome.sitemap != m_sitemap) return;
+  m_findings = std::move(outcome.findings);
+  const int place = m_list.currentIndex().row();
+  m_texts.setStringList(outcome.texts);
+  // Faults can be mended one after the other.
+  if (place >= 0) m_list.setCurrentIndex(m_texts.index(std::min<int>(place, m_texts.rowCount() - 1)));
+  const QString count = QLocale().toString(static_cast<qulonglong>(outcome.count));
+  if (!outcome.read.ok()) {
+    show(tr("The sitemap cannot be read: %1").arg(toQString(outcome.read.error)));
+  } else if (outcome.count == 0) {
     show(tr("The sitemap is valid."));
-  } else if (m_findings.size() == 1) {
+  } else if (outcome.count == 1) {
     show(tr("The sitemap has one fault. Click it to see its entry:"));
+  } else if (outcome.count <= kMostListed) {
+    show(tr("The sitemap has %1 faults. Click one to see its entry:").arg(count));
   } else {
-    show(tr("The sitemap has %1 faults. Click one to see its entry:")
-             .arg(QLocale().toString(static_cast<qulonglong>(m_findings.size()))));
+    show(tr("The sitemap has %1 faults. These are the first %2; click one to see its entry:")
+             .arg(count, QLocale().toString(static_cast<qulonglong>(kMostListed))));
   }
 }
 
-/// Keeps the place in the list, so that faults can be mended one after the other.
-void FindingsPanel::show(const QString& outcome) {
-  const int place = m_list.currentIndex().row();
-  QStringList texts;
-  for (const sitemaps::XmlFinding& finding : m_findings) texts.append(findingText(finding));
-  m_texts.setStringList(texts);
-  if (place >= 0) m_list.setCurrentIndex(m_texts.index(std::min<int>(place, m_texts.rowCount() - 1)));
+void FindingsPanel::show(const QString& sentence) {
   m_list.setVisible(!m_findings.empty());
-  m_view.xmlFindingsLabel.setText(outcome);
+  m_view.xmlFindingsLabel.setText(sentence);
   // Without a list there is nothing to make room for.
   const QSizePolicy::Policy height = m_findings.empty() ? QSizePolicy::Fixed : QSizePolicy::Preferred;
   m_view.xmlFindingsPanel.setSizePolicy(QSizePolicy::Preferred, height);

@@ -7,8 +7,10 @@
 #include <QTimer>
 #include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "platform/files.h"
 #include "sitemaps/xml_validation.h"
 #include "xml_editor/xml_view_controls.h"
 
@@ -21,8 +23,8 @@ class FindingsPanel : public QObject {
  public:
   explicit FindingsPanel(const QMainWindow& mainWindow);
 
-  /// Checks the file `sitemap` of a site that starts at `siteUrl`, as the export would write it, and shows
-  /// the outcome.
+  /// Checks the file `sitemap` of a site that starts at `siteUrl`, as the export would write it, on a thread
+  /// of its own, and shows the outcome when it is known; of very many faults the first ones.
   void validate(const std::filesystem::path& sitemap, const std::string& siteUrl);
   /// The same once more, a moment after the last call, if the outcome is still shown.
   void validateSoonAgain();
@@ -33,8 +35,19 @@ class FindingsPanel : public QObject {
   void wanted(const sitemaps::XmlFinding& finding);
 
  private:
+  /// What a check has found.
+  struct Outcome {
+    std::filesystem::path sitemap;
+    platform::FileResult read = {};
+    std::vector<sitemaps::XmlFinding> findings = {};  // those that are listed
+    QStringList texts = {};                           // and what the list says of them
+    std::size_t count = 0;                            // of all
+  };
+
+  static Outcome outcomeOf(const std::filesystem::path& sitemap, const std::string& siteUrl);
   void check();
-  void show(const QString& outcome);
+  void take(Outcome outcome);
+  void show(const QString& sentence);
 
   FindingsControls m_view;
   QListView& m_list;
@@ -44,6 +57,8 @@ class FindingsPanel : public QObject {
   std::string m_siteUrl;
   QTimer m_again;
   bool m_shown = false;
+  bool m_checking = false;
+  std::jthread m_worker;  // last, so that it is over before the rest goes
 };
 
 }  // namespace xml_editor
