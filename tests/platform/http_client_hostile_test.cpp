@@ -54,17 +54,13 @@ struct Misbehaviour {
   bool slow() const { return expected == FetchFailure::timedOut || expected == FetchFailure::tookTooLong; }
 };
 
-/// Sends the start; then closes, goes on for ever or says nothing more.
+/// Sends the start; then closes or goes on for ever.
 void expectEndOf(const Misbehaviour& site) {
   SCOPED_TRACE(site.name);
   RawServer server([&](RawConnection& connection) {
     connection.readRequest();
     connection.send(site.start);
-    if (!site.repeated.empty()) {
-      connection.sendForever(site.repeated, site.slow() ? 50ms : 0ms);
-    } else if (site.slow()) {
-      connection.waitForClose();
-    }
+    if (!site.repeated.empty()) connection.sendForever(site.repeated, site.slow() ? 50ms : 0ms);
   });
   CurlHttpClient client("test", site.limits);
   const HttpRequest request = {.url = server.url(), .timeout = site.timeout, .maxBytes = 1'000'000};
@@ -74,18 +70,12 @@ void expectEndOf(const Misbehaviour& site) {
 
 TEST(HostileSite, BreaksOffOrTalksNonsense) {
   constexpr FetchFailure kClosed = FetchFailure::connectionClosed;
-  const std::string longLine(200'000, 'a');
   const Misbehaviour cases[] = {
       {"nothing", "", "", kClosed},
       {"less than its length", kOkHead + "Content-Type: a/b\r\nContent-Length: 3\r\n\r\nhi", "", kClosed},
-      {"half a chunk", kOkHead + kChunked + "5\r\nhi", "", kClosed},
       {"no HTTP", "<html><body>hello, this is a page without any header</body></html>", "", kClosed},
       {"status 000", "HTTP/1.1 000 Zero\r\n\r\nhi", "", kClosed},
-      {"NUL in a header", std::string("HTTP/1.1 200 OK\r\nContent-Type: a\0b\r\n\r\nhi", 41), "", kClosed},
-      {"header line of 200 KB", kOkHead + "X: " + longLine + "\r\n\r\nhi"},
       {"broken gzip", rawAnswer("200 OK", "Content-Encoding: gzip\r\n", "no gzip"), "",
-       FetchFailure::undecodable},
-      {"unknown encoding", rawAnswer("200 OK", "Content-Encoding: rot13\r\n", "uv"), "",
        FetchFailure::undecodable},
   };
   for (const Misbehaviour& c : cases) expectEndOf(c);
@@ -99,7 +89,6 @@ TEST(HostileSite, SendsWithoutEnd) {
       {"what is said beside a chunk", kOkHead + kChunked + "1;", junk},
       {"header line", kOkHead + "X: ", junk},
       {"small headers", kOkHead, "a: b\r\n"},
-      {"trailers", kOkHead + kChunked + "0\r\n", "a: b\r\n"},
       {"body of a redirect", "HTTP/1.1 302 Found\r\nLocation: /x\r\n" + kChunked, "2710\r\n" + junk + "\r\n"},
       {"gzip bomb",
        kOkHead + "Content-Encoding: gzip\r\n\r\n" + *platform::gzipped(std::string(kBombBytes, '\0')), junk},
@@ -115,8 +104,7 @@ TEST(HostileSite, TakesItsTime) {
   constexpr FetchFailure kTookTooLong = FetchFailure::tookTooLong;
   const std::string body = kOkHead + "\r\n";
   const Misbehaviour cases[] = {
-      {"silence counts", body, "", kTimedOut, kImpatient},
-      {"so does next to nothing", body, "x", kTimedOut, kImpatient},
+      {"next to nothing counts as silence", body, "x", kTimedOut, kImpatient},
       {"the request's own limit", body, "x", kTimedOut, kPatient, 100ms},
       {"the limit for all", body, "x", kTookTooLong, kHasty, 600s},
       {"beside a chunk", kOkHead + kChunked + "1;", "x", kTookTooLong, kHasty},
@@ -125,30 +113,18 @@ TEST(HostileSite, TakesItsTime) {
 }
 
 TEST(HostileSite, IsCutWhereTheCallerWants) {
-  struct Case {
-    const char* name;
-    std::string sent;
-    std::size_t maxBytes;
-    FetchFailure ifFailing;
-    const char* ifTruncating;
-  };
   const std::string chunks = kOkHead + kChunked + "2\r\nab\r\n2\r\ncd\r\n0\r\n\r\n";
-  const Case cases[] = {
-      {"fits exactly", rawAnswer("200 OK", "", "abcd"), 4, FetchFailure::none, "abcd"},
-      {"one too many", rawAnswer("200 OK", "", "abcd"), 3, FetchFailure::tooLarge, "abc"},
-      {"within the second chunk", chunks, 3, FetchFailure::tooLarge, "abc"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    RawServer server(RawServer::answering([&](const RawRequest&) { return c.sent; }));
-    CurlHttpClient client("test", kPatient);
-    HttpRequest request = {.url = server.url(), .maxBytes = c.maxBytes};
-    EXPECT_EQ(client.fetch(request, {}).failure, c.ifFailing);
+  RawServer server(RawServer::answering([&](const RawRequest&) { return chunks; }));
+  CurlHttpClient client("test", kPatient);
+  for (const std::size_t maxBytes : {4u, 3u, 1u}) {
+    SCOPED_TRACE(maxBytes);
+    HttpRequest request = {.url = server.url(), .maxBytes = maxBytes};
+    EXPECT_EQ(client.fetch(request, {}).failure, maxBytes == 4 ? FetchFailure::none : FetchFailure::tooLarge);
     request.overflow = Overflow::truncate;
     const HttpAnswer answer = client.fetch(request, {});
     EXPECT_EQ(answer.failure, FetchFailure::none);
     EXPECT_EQ(answer.status, 200);
-    EXPECT_EQ(answer.body, c.ifTruncating);
+    EXPECT_EQ(answer.body, std::string("abcd", maxBytes));
   }
 }
 
@@ -201,7 +177,7 @@ TEST(HostileSite, FloodsWithCookies) {
   EXPECT_FALSE(kept);
 }
 
-TEST(StoppedFetch, EndsWhereverItIs) {
+TEST(StoppedFetch, EndsWhereverItIsAndLeavesTheClientFit) {
   struct Case {
     const char* name;
     std::string start, repeated;
@@ -221,7 +197,11 @@ TEST(StoppedFetch, EndsWhereverItIs) {
     const bool secure = c.scheme == std::string("https");
     std::latch started(1);
     RawServer server([&](RawConnection& connection) {
-      if (!secure) connection.readRequest();
+      const auto request = secure ? std::nullopt : connection.readRequest();
+      if (request && request->target() == "/next") {
+        connection.send(rawAnswer("200 OK", "", "next"));
+        return;
+      }
       connection.send(c.start);
       started.count_down();
       if (c.repeated.empty()) return connection.waitForClose();
@@ -236,29 +216,10 @@ TEST(StoppedFetch, EndsWhereverItIs) {
     const HttpRequest request = {.url = c.scheme + server.url().substr(4), .maxBytes = std::size_t{1} << 40};
     expectFailure(client.fetch(request, stop.get_token()),
                   secure ? whereSecure(FetchFailure::stopped) : FetchFailure::stopped);
-  }
-}
-
-TEST(StoppedFetch, LeavesTheClientFitForTheNext) {
-  RawServer server([](RawConnection& connection) {
-    while (const auto request = connection.readRequest()) {
-      connection.send(kOkHead + "Content-Length: 4\r\n\r\nab");
-      if (request->target() == "/hang") return connection.waitForClose();
-      connection.send("cd");
-    }
-  });
-  CurlHttpClient client("test", kPatient);
-  for (int i = 0; i < 5; ++i) {
-    std::stop_source stop;
-    const std::size_t before = server.requests().size();
-    const std::jthread stopper([&] {
-      while (server.requests().size() == before) std::this_thread::yield();
-      stop.request_stop();
-    });
-    expectFailure(client.fetch({.url = server.url("/hang")}, stop.get_token()), FetchFailure::stopped);
+    if (secure) continue;
     expectFailure(client.fetch({.url = server.url("/never")}, stop.get_token()), FetchFailure::stopped);
-    EXPECT_EQ(client.fetch({.url = server.url()}, {}).body, "abcd");
-    EXPECT_EQ(server.requests().size(), before + 2);
+    EXPECT_EQ(client.fetch({.url = server.url("/next")}, {}).body, "next");
+    EXPECT_EQ(server.requests().size(), 2u);
   }
 }
 

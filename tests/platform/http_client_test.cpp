@@ -1,7 +1,6 @@
 #include "platform/http_client.h"
 
 #include <cstdlib>
-#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -35,34 +34,21 @@ TEST(ReasonPhrase, FallsBackToTheClass) {
   for (const auto& [status, expected] : cases) EXPECT_EQ(platform::reasonPhrase(status), expected) << status;
 }
 
-TEST(FailureText, TellsFailuresApart) {
-  std::set<std::string_view> texts;
-  for (int failure = 0; failure <= static_cast<int>(FetchFailure::other); ++failure) {
-    texts.insert(platform::failureText(static_cast<FetchFailure>(failure)));
-  }
-  EXPECT_EQ(texts.size(), static_cast<std::size_t>(FetchFailure::other) + 1);
-}
-
 TEST(CurlHttpClient, SendsTheUrlAsHeld) {
-  struct Case {
-    const char* name;
-    std::string path;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {"no path", "", "/"},
-      {"query right after the host", "?q", "/?q"},
-      {"dot segments", "/a/../b/./c", "/a/../b/./c"},
-      {"line break", "/a\r\nHost: evil", "/a%0D%0AHost:%20evil"},
+  const std::pair<const char*, const char*> cases[] = {
+      {"", "/"},
+      {"?q", "/?q"},
+      {"/a/../b/./c", "/a/../b/./c"},
+      {"/a\r\nHost: evil", "/a%0D%0AHost:%20evil"},
   };
   RawServer server(RawServer::answering([](const RawRequest&) { return rawAnswer("200 OK", "", ""); }));
   CurlHttpClient client("veskel-test/1");
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(fetch(client, server.url(c.path)).failure, FetchFailure::none);
+  for (const auto& [path, expected] : cases) {
+    SCOPED_TRACE(path);
+    EXPECT_EQ(fetch(client, server.url(path)).failure, FetchFailure::none);
     const RawRequest request = server.requests().back();
     EXPECT_EQ(request.method(), "GET");
-    EXPECT_EQ(request.target(), c.expected);
+    EXPECT_EQ(request.target(), expected);
   }
   const RawRequest request = server.requests().back();
   EXPECT_TRUE(request.contains("\r\nUser-Agent: veskel-test/1\r\n")) << request.head;
@@ -89,18 +75,13 @@ TEST(CurlHttpClient, ReadsEveryFormOfAnswer) {
   };
   const Case cases[] = {
       {"with a length",
-       "HTTP/1.1 200 OK\r\nContent-Length: 2\r\ncontent-type:  text/html; charset=x \r\nLAST-MODIFIED: "
+       "HTTP/1.1 201 Made\r\nContent-Length: 2\r\ncontent-type:  text/html; charset=x \r\nLAST-MODIFIED: "
        "yesterday\r\n\r\nhi",
-       {.status = 200, .contentType = "text/html; charset=x", .lastModified = "yesterday", .body = "hi"}},
-      {"in chunks",
-       "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2;x=y\r\nhi\r\n1\r\n!\r\n0\r\n\r\n",
-       {.status = 200, .body = "hi!"}},
-      {"trailer is no header",
-       "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n0\r\nContent-Type: text/evil\r\n\r\n",
-       {.status = 200}},
-      {"any byte in the body",
-       std::string("HTTP/1.1 200 OK\r\n\r\n\0\xFF\r\n", 23),
-       {.status = 200, .body = std::string("\0\xFF\r\n", 4)}},
+       {.status = 201, .contentType = "text/html; charset=x", .lastModified = "yesterday", .body = "hi"}},
+      {"in chunks, with a trailer",
+       "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2;x=y\r\nhi\r\n0\r\nContent-Type: "
+       "text/evil\r\n\r\n",
+       {.status = 200, .body = "hi"}},
       {"gzip",
        rawAnswer("200 OK", "Content-Encoding: gzip\r\n", platform::gzipped("hello").value_or("")),
        {.status = 200, .body = "hello"}},
@@ -144,7 +125,6 @@ TEST(CurlHttpClient, TakesNoLeftoverForTheNextAnswer) {
     bool spoilsHead = false;
   };
   const Case cases[] = {
-      {"nothing", "", "", ""},
       {"behind the body", "GET", leftover, ""},
       {"behind the body, in two", "GET", "x", leftover},
       {"a body after HEAD", "HEAD", leftover, ""},
@@ -178,28 +158,7 @@ TEST(CurlHttpClient, TakesNoLeftoverForTheNextAnswer) {
         EXPECT_TRUE(head.lastModified == path || c.spoilsHead) << head.lastModified;
         EXPECT_EQ(head.body, "");
       }
-      // One for each method, as long as nothing is wrong.
-      if (c.method.empty()) {
-        EXPECT_EQ(server.connectionCount(), 2);
-      }
     }
-  }
-}
-
-TEST(CurlHttpClient, SharesCookiesAmongConnections) {
-  RawServer server(RawServer::answering([](const RawRequest& request) {
-    return rawAnswer("200 OK", request.target() == "/set" ? "Set-Cookie: session=1\r\n" : "", "");
-  }));
-  CurlHttpClient client("test");
-  ASSERT_EQ(fetch(client, server.url("/set")).status, 200);
-  EXPECT_FALSE(server.requests().back().contains("Cookie:"));
-  std::vector<std::jthread> threads;
-  for (int i = 0; i < 4; ++i)
-    threads.emplace_back([&] { EXPECT_EQ(fetch(client, server.url()).status, 200); });
-  threads.clear();
-  const std::vector<RawRequest> requests = server.requests();
-  for (std::size_t i = 1; i < requests.size(); ++i) {
-    EXPECT_TRUE(requests[i].contains("\r\nCookie: session=1\r\n")) << requests[i].head;
   }
 }
 
@@ -241,34 +200,27 @@ TEST(CurlHttpClient, FollowsRedirectsToHttpOnly) {
   }
 }
 
-TEST(CurlHttpClient, AsksTheProxyOfTheEnvironment) {
-  RawServer proxy(
-      RawServer::answering([](const RawRequest&) { return rawAnswer("200 OK", "", "by proxy"); }));
-  setenv("http_proxy", proxy.url().c_str(), 1);
-  CurlHttpClient client("test");
-  EXPECT_EQ(fetch(client, "http://nonexistent.invalid/a").body, "by proxy");
-  unsetenv("http_proxy");
-  EXPECT_EQ(proxy.requests().back().target(), "http://nonexistent.invalid/a");
-}
-
-TEST(CurlHttpClient, GivesEveryThreadItsOwnAnswer) {
+TEST(CurlHttpClient, GivesEveryThreadItsOwnAnswerAndAllTheSameCookies) {
   RawServer server(RawServer::answering([](const RawRequest& request) {
     const std::string cookie = "Set-Cookie: c" + std::string(request.target().substr(1)) + "=1\r\n";
     return rawAnswer("200 OK", cookie, request.target());
   }));
   CurlHttpClient client("test");
-  {
-    std::vector<std::jthread> threads;
-    for (int thread = 0; thread < 8; ++thread) {
-      threads.emplace_back([&, thread] {
-        for (int i = 0; i < 100; ++i) {
-          const std::string path = "/" + std::to_string(thread) + "-" + std::to_string(i);
-          EXPECT_EQ(fetch(client, server.url(path)).body, path);
-        }
-      });
-    }
+  EXPECT_EQ(fetch(client, server.url("/first")).body, "/first");
+  std::vector<std::jthread> threads;
+  for (int thread = 0; thread < 8; ++thread) {
+    threads.emplace_back([&, thread] {
+      for (int i = 0; i < 100; ++i) {
+        const std::string path = "/" + std::to_string(thread) + "-" + std::to_string(i);
+        EXPECT_EQ(fetch(client, server.url(path)).body, path);
+      }
+    });
   }
+  threads.clear();
   EXPECT_LE(server.connectionCount(), 8);
+  const std::vector<RawRequest> requests = server.requests();
+  EXPECT_FALSE(requests[0].contains("Cookie:"));
+  for (std::size_t i = 1; i < 100; ++i) EXPECT_TRUE(requests[i].contains("cfirst=1")) << requests[i].head;
 }
 
 }  // namespace

@@ -6,16 +6,14 @@
 
 #include <gtest/gtest.h>
 
+#include "support/repeated.h"
+
 namespace platform {
 namespace {
 
 using Links = std::vector<std::string>;
 
-std::string repeated(std::string_view unit, std::size_t times) {
-  std::string text;
-  for (; times > 0; --times) text += unit;
-  return text;
-}
+using support::repeated;
 
 /// `prefix`0, `prefix`1 and so on.
 std::string numbered(const std::string& prefix, int count) {
