@@ -34,10 +34,10 @@ struct ReadAheadLimits {
 ReadAheadLimits limitsFor(const store::SiteSettings& site);
 
 /// Visits coming pages over several connections at once, in the order in which they were announced, each on
-/// one of its own threads, which reads it too and asks for its date where it came without. What page() gives for an address is what
-/// a visit at that moment would give, however many connections there are. Addresses that differ only in their
-/// fragment share one visit as long as that is remembered. Nothing is fetched past an address that raises the
-/// looping warning until the crawl goes on behind it.
+/// one of its own threads, which reads it too and asks for its date where it came without. What page() gives
+/// for an address is what a visit at that moment would give, however many connections there are. Addresses
+/// that differ only in their fragment share one visit as long as that is remembered. Nothing is fetched past
+/// an address that raises the looping warning until the crawl goes on behind it.
 class ReadAheadPages : public PageSource {
  public:
   explicit ReadAheadPages(platform::HttpClient& client, const ReadAheadLimits& limits = {});

@@ -11,8 +11,8 @@
 namespace web {
 
 /// Told of a page's tags, it knows when one ends an element that the anchor in hand began in, like the
-/// "</li>" of "<li><a href=x>text</li>". Elements are told apart by ElementName::key(), and only roughly by where they
-/// are.
+/// "</li>" of "<li><a href=x>text</li>". Elements are told apart by ElementName::key(), and only roughly by
+/// where they are.
 class AnchorBounds {
  public:
   void beginAnchor() {

@@ -6,8 +6,8 @@
 
 namespace samples {
 
-/// The entry of a page or of a link, as it stands in a document behind its line feed and tabs. Address and title
-/// go in as they are.
+/// The entry of a page or of a link, as it stands in a document behind its line feed and tabs. Address and
+/// title go in as they are.
 std::string page(int number, const std::string& url, const std::string& title);
 std::string link(int number, const std::string& url, const std::string& title);
 
