@@ -22,7 +22,7 @@ struct HostilePage {
 };
 
 const HostilePage kPages[] = {
-    {"/quoted", "quoted.html?x---LINKID:9---&quot;&gt;x&lt;!-- LINKID: 9 --&gt;&lt;/a&gt;",
+    {"/quoted", "quoted.html?'x---LINKID:9---&quot;&gt;x&lt;!-- LINKID: 9 --&gt;&lt;/a&gt;",
      "---LINKID:9---&quot;&gt;x&lt;!-- LINKID: 9 --&gt;&lt;/a&gt;",
      "---LINKID:9---&quot;&gt;x&lt;!-- LINKID: 9 --&gt;&lt;/a&gt;"},
     {"/markup", "markup.html?&lt;/td&gt;&lt;/tr&gt;&lt;/table&gt;", "<b>&lt;/td&gt;&lt;td&gt;</b>",

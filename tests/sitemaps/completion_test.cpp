@@ -11,11 +11,8 @@ namespace {
 
 using CompletionTest = SiteFolderTest;
 
-TEST_F(CompletionTest, BrokenPagesAreListedOrAnOldListEmptied) {
-  EXPECT_TRUE(writeBadLinks(m_controls, "S", {}).ok());
-  EXPECT_FALSE(std::filesystem::exists(folder() / "badLinks.txt"));
-  EXPECT_TRUE(writeBadLinks(m_controls, "S", {"http://h/a", "http://h/b"}).ok());
-  EXPECT_EQ(read("badLinks.txt"), "http://h/a\nhttp://h/b\n");
+TEST_F(CompletionTest, AListOfBrokenPagesIsEmptiedByAScanWithout) {
+  write("badLinks.txt", "http://h/a\n");
   EXPECT_TRUE(writeBadLinks(m_controls, "S", {}).ok());
   EXPECT_TRUE(std::filesystem::exists(folder() / "badLinks.txt"));
   EXPECT_EQ(read("badLinks.txt"), "");
@@ -32,23 +29,6 @@ TEST_F(CompletionTest, CountsGoIntoARecordThatHasAllThree) {
   std::filesystem::remove(folder() / "S.qzVSK");
   EXPECT_EQ(writeStatistics(m_controls, "S", {3, 3, 3}).status, platform::FileStatus::missing);
   EXPECT_FALSE(std::filesystem::exists(folder() / "S.qzVSK"));
-}
-
-TEST_F(CompletionTest, PagesOnlyTablesCloseByTheCountOfAllLinks) {
-  SiteDocuments documents(folder());
-  ASSERT_TRUE(documents.start());
-  documents.appendPage("P");
-  documents.appendPage("Q");  // a page without content: its links never come
-  documents.appendLinks("");
-  documents.appendLinks("PQ");
-  documents.finish();
-  EXPECT_TRUE(documents.problems().empty());
-  EXPECT_TRUE(read("sitemap2cpo.html")
-                  .ends_with("Q\n\t\t</td>\n\t</tr>&nbsp;</td>\n\t</tr>\n</table>\n</body>\n</html>"));
-  EXPECT_TRUE(
-      read("sitemap3cpo.html")
-          .ends_with(
-              "Q\n\t\t</td>\n\t\t<td>&nbsp;</td>\n\t\t<td>&nbsp;</td>\n\t</tr>\n</table>\n</body>\n</html>"));
 }
 
 TEST_F(CompletionTest, AFailingDocumentIsToldOnce) {

@@ -7,7 +7,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "sitemaps/xml_format.h"
 #include "sitemaps/xml_value_rules.h"
 
 namespace sitemaps {
@@ -39,11 +38,8 @@ std::string sitemap(const std::string& entries) {
   return kOpen + entries + "</urlset>";
 }
 
-TEST(ValidateXmlSitemap, TakesWhatOurScansWrite) {
-  const std::string text = std::string(kXmlHeader) + xmlEntry("http://a.test/?x=1&y='2'", "2010-06-15") +
-                           xmlEntry("http://a.test/b", "2024-05-06") + std::string(kXmlClosing);
-  EXPECT_THAT(validate(text), IsEmpty());
-  EXPECT_THAT(validate("\xEF\xBB\xBF" + text), IsEmpty());
+TEST(ValidateXmlSitemap, TakesAByteOrderMark) {
+  EXPECT_THAT(validate("\xEF\xBB\xBF" + sitemap(urlEntry())), IsEmpty());
 }
 
 TEST(ValidateXmlSitemap, NamesEachFaultWithItsEntry) {
