@@ -15,16 +15,6 @@ TEST(Robots, OnlyExactDisallowLinesCount) {
       robotsRules("User-agent: other\nDisallow: /private\nDisallow:/tight\ndisallow: /small\n"
                   "Disallow:  /two\nDisallow: \nDisallow: /cr\r\n Disallow: /indented\nDisallow: /last"),
       (std::vector<std::string>{"/private", " /two", "", "/cr\r", "/last"}));
-  EXPECT_EQ(robotsAddress("http://h/dir/"), "http://h/dir//robots.txt");
-}
-
-TEST(Exclusions, IgnoreCaseAndEmptyTexts) {
-  const Exclusions exclusions({"/Private", "", "\xC3\x84rger", "stra\u00DFe"});
-  EXPECT_EQ(exclusions.find("http://h/a/PRIVATE/x"), 0u);
-  EXPECT_EQ(exclusions.find("http://h/\xC3\xA4rger"), 2u);
-  EXPECT_EQ(exclusions.find("http://h/STRASSE"), 3u);
-  EXPECT_EQ(exclusions.find("http://h/privat"), std::nullopt);
-  EXPECT_TRUE(Exclusions({""}).empty());
 }
 
 TEST(Exclusions, FindWhatOneLookForEachTextFinds) {

@@ -7,10 +7,8 @@
 namespace crawler {
 namespace {
 
-TEST(PageTitle, IsTheTitleElementsText) {
-  EXPECT_EQ(readPageContents("<title>\n  Tom &amp; Jerry \n</title>").title, "\n  Tom & Jerry \n");
+TEST(PageTitle, IsThatOfTheFirstTitleElement) {
   EXPECT_EQ(readPageContents("<title></title><title>Two</title>").title, "Could not find page title");
-  EXPECT_EQ(readPageContents("").title, "Could not find page title");
 }
 
 TEST(LinkTitle, FollowsTheRules) {
@@ -40,13 +38,6 @@ TEST(LinkTitle, FollowsTheRules) {
     EXPECT_EQ(contents.anchors[0].href, "x");
     EXPECT_EQ(contents.anchors[0].title, c.title);
   }
-}
-
-TEST(Anchors, AreAllListedInOrder) {
-  const PageContents contents = readPageContents("<a href='1'>one<a>none</a><a name=n>named</a><a href=>");
-  std::vector<std::string> hrefs;
-  for (const Anchor& anchor : contents.anchors) hrefs.push_back(anchor.href.value_or("(none)"));
-  EXPECT_EQ(hrefs, (std::vector<std::string>{"1", "(none)", "(none)", ""}));
 }
 
 }  // namespace

@@ -14,7 +14,9 @@ namespace {
 using support::ScanRun;
 using support::ServedPage;
 using support::SiteServer;
+using testing::Contains;
 using testing::ElementsAre;
+using testing::Field;
 using testing::HasSubstr;
 
 std::string titled(const std::string& title, const std::string& body = {}) {
@@ -58,7 +60,8 @@ SiteServer::Pages oddSite() {
                  linkTo("http://elsewhere.test", "Elsewhere") + linkTo("list.php?id=1&amp;x=<2>", "List") +
                  linkTo("skipped/p.html") + linkTo("listing/") + linkTo("moved.html", "Moved") +
                  linkTo("latin.html") + linkTo("plain.php") + linkTo("untitled.html", "") +
-                 linkTo("hollow.html") + "<a href=\"late.html\"><img src=\"i.png\" alt=\"Late\"></a>"),
+                 linkTo("hollow.html") + "<a href=\"late.html\"><img src=\"i.png\" alt=\"Late\"></a>" +
+                 linkTo("untyped.html")),
       "text/html; charset=utf-8", 200, "Tue, 15 Jun 2010 12:00:00 GMT"};
   pages["/a.html"] = {
       titled("A", linkTo("") + linkTo("../x.html") + linkTo("/rooted.html") + linkTo("./b.html")),
@@ -75,6 +78,7 @@ SiteServer::Pages oddSite() {
   pages["/untitled.html"] = {"<p>" + linkTo("a.html", "<i>To</i> A")};
   pages["/hollow.html"] = {""};
   pages["/late.html"] = {titled("Late")};
+  pages["/untyped.html"] = {titled("Untyped"), ""};
   return pages;
 }
 
@@ -95,7 +99,8 @@ TEST(Scan, AppliesTheRulesToAWholeSite) {
 TEST(Scan, AsksOnceForAPageAndForADateThatAGoodOneLacks) {
   const SiteServer server(oddSite());
   ScanRun run(server.url());
-  run.scan();
+  // What is no page is as broken as what is missing.
+  EXPECT_THAT(run.scan().brokenPages, Contains(Field(&store::BrokenPage::reason, "200 - OK")));
   EXPECT_EQ(server.timesAsked("GET /latin.html"), 1);
   EXPECT_EQ(server.timesAsked("HEAD /latin.html"), 1);
   EXPECT_EQ(server.timesAsked("HEAD /a.html"), 0);
@@ -121,15 +126,20 @@ TEST(Scan, AsksOnceAboutQuestionMarksAndWaitsForTheAnswer) {
   const Answer stop = [](auto& scanner) { scanner.sheetDidEndShouldStopScan(LoopingAnswer::cancelScan); };
   const Answer cancel = [](auto& scanner) { scanner.cancelScan(); };
   for (const Answer* answer : {&goOn, &stop, &cancel}) {
-    const SiteServer server({{"/", {titled("Start", linkTo("a?b?c?d?e") + linkTo("f?g?h?i?j"))}},
-                             {"/a?b?c?d?e", {titled("Loop")}},
-                             {"/f?g?h?i?j", {titled("Loop")}}});
+    const SiteServer server(
+        {{"/", {titled("Start", linkTo("a?b?c?d?e") + linkTo("f?g?h?i?j") + linkTo("z"))}},
+         {"/a?b?c?d?e", {titled("Loop")}},
+         {"/f?g?h?i?j", {titled("Loop")}},
+         {"/z", {titled("Behind")}}});
     ScanRun run(server.url());
     std::jthread user;
-    run.view.onLooping = [&] { user = std::jthread([&] { (*answer)(run.scanner()); }); };
+    run.view.onLooping = [&] {
+      EXPECT_EQ(server.timesAsked("GET /z"), 0);  // nothing behind such an address is read ahead
+      user = std::jthread([&] { (*answer)(run.scanner()); });
+    };
     const ScanResult result = run.scan();
     EXPECT_EQ(result.end, answer == &goOn ? ScanEnd::complete : ScanEnd::cancelled);
-    EXPECT_EQ(result.progress.pagesScanned, answer == &goOn ? 3 : 1);
+    EXPECT_EQ(result.progress.pagesScanned, answer == &goOn ? 4 : 1);
     EXPECT_THAT(run.view.events, ElementsAre("started", "connected", "looping", "closing", "finished"));
   }
 }
@@ -164,17 +174,6 @@ TEST(Scan, TellsWhyAStartPageCannotBeReached) {
   }
   ScanRun run("http://127.0.0.1:1/");
   EXPECT_THAT(run.scan().unreachableReason, testing::StartsWith("0 - "));
-}
-
-TEST(Scan, StartsNothingWhenADocumentCannotBeWritten) {
-  const SiteServer server(chainOf(1));
-  ScanRun run(server.url());
-  std::filesystem::create_directories(run.folder() / "sitemap3c.html" / "in the way");
-  const ScanResult result = run.scan();
-  EXPECT_EQ(result.end, ScanEnd::unwritable);
-  ASSERT_EQ(result.problems.size(), 1u);
-  EXPECT_EQ(result.problems[0].path.filename(), "sitemap3c.html");
-  EXPECT_TRUE(server.requests().empty());
 }
 
 TEST(Scan, KeepsWithinItsBounds) {

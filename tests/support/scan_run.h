@@ -14,11 +14,10 @@
 
 namespace support {
 
-/// Keeps all that a scan says. `onPage` and `onLink`, where set, are called on the scan's thread.
+/// Keeps the order of what a scan says. `onPage` and `onLink`, where set, are called on the scan's thread.
 class RecordingView : public crawler::ScanView {
  public:
   std::vector<std::string> events;  // in order; counters and links are left out
-  std::vector<std::string> links;   // updateScanLinksList()
   std::function<void(const crawler::VisitedPage&)> onPage;
   std::function<void(std::string_view link)> onLink;
   std::function<void()> onLooping;
@@ -26,7 +25,6 @@ class RecordingView : public crawler::ScanView {
   void scanStarted() override { events.push_back("started"); }
   void connectionEstablished() override { events.push_back("connected"); }
   void updateScanLinksList(std::string_view link) override {
-    links.emplace_back(link);
     if (onLink) onLink(link);
   }
   void pageVisited(const crawler::VisitedPage& page) override {

@@ -10,6 +10,25 @@ ServedPage pageOf(const SiteServer::Pages& pages, const std::string& target) {
   return found != pages.end() ? found->second : ServedPage{.body = "<title>Missing</title>", .status = 404};
 }
 
+SiteServer::Pages manyPages(int count) {
+  const auto name = [count](int number) { return "page" + std::to_string(number % count) + ".html"; };
+  SiteServer::Pages pages;
+  for (int number = 0; number < count; ++number) {
+    std::vector<std::string> links;
+    for (const int step : {1, 2, 3, 7, 11, 31}) links.push_back(name(number + step));
+    if (number % 10 == 0) {
+      links.push_back("broken" + std::to_string(number) + ".html");
+      links.push_back(name(number + 5) + "#part");
+    }
+    std::string body = "<title>Page " + std::to_string(number) +
+                       std::string(static_cast<std::size_t>(number % 40), 'x') + "</title>";
+    for (const std::string& link : links) body += "<a href=\"" + link + "\">To " + link + "</a>\n";
+    pages[number == 0 ? "/" : "/" + name(number)] = {
+        .body = body, .lastModified = number % 3 == 0 ? "Mon, 02 Mar 2020 10:00:00 GMT" : ""};
+  }
+  return pages;
+}
+
 SiteServer::SiteServer(Pages pages)
     : SiteServer(
           [pages = std::move(pages)](const std::string& target, int) { return pageOf(pages, target); }) {}

@@ -48,4 +48,8 @@ class SiteServer {
 /// What a site of these pages answers.
 ServedPage pageOf(const SiteServer::Pages& pages, const std::string& target);
 
+/// A site of `count` pages, each with links to several others and every tenth with one that is broken and one
+/// to a fragment. Two of three have no date.
+SiteServer::Pages manyPages(int count);
+
 }  // namespace support
