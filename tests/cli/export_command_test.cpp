@@ -1,19 +1,24 @@
 // Exports and checks by the built program, as scripts run it.
 #include <algorithm>
 
-#include "cli_test.h"
+#include <gmock/gmock.h>
+
 #include "platform/gzip.h"
 #include "sitemaps/html_format.h"
 #include "sitemaps/layouts.h"
 #include "sitemaps/split_sitemaps.h"
 #include "sitemaps/xml_format.h"
+#include "store/site_record.h"
+#include "support/program_test.h"
 
 namespace {
 
+using support::Arguments;
+using support::words;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-class ExportCommand : public CliTest {
+class ExportCommand : public support::ProgramTest {
  protected:
   ExportCommand() { write("shop/shop.qzVSK", store::newSiteRecord("shop", "http://shop.test/")); }
 

@@ -16,12 +16,6 @@ namespace {
 
 const std::string kFolder = "(folder)";
 
-std::string page(const std::string& title, const std::vector<std::string>& links) {
-  std::string text = "<html><head><title>" + title + "</title></head><body>";
-  for (const std::string& link : links) text += "<a href=\"" + link + "\">To " + link + "</a>\n";
-  return text + "</body></html>";
-}
-
 /// Whether `text` is what a scan has written to `file` after some whole number of pages, by the text that it
 /// has in the end.
 bool endsBehindACell(const std::string& file, const std::string& text, const std::string& whole) {
@@ -39,21 +33,6 @@ bool endsBehindACell(const std::string& file, const std::string& text, const std
 
 }  // namespace
 
-support::SiteServer::Pages manyPages(int count) {
-  const auto name = [count](int number) { return "page" + std::to_string(number % count) + ".html"; };
-  support::SiteServer::Pages pages;
-  for (int number = 0; number < count; ++number) {
-    std::vector<std::string> links;
-    for (const int step : {1, 2, 3, 7, 11, 31}) links.push_back(name(number + step));
-    if (number % 10 == 0) links.push_back("broken" + std::to_string(number) + ".html");
-    const std::string title =
-        "Page " + std::to_string(number) + std::string(static_cast<std::size_t>(number % 40), 'x');
-    const std::string target = number == 0 ? "/" : "/" + name(number);
-    pages[target] = {.body = page(title, links), .lastModified = "Mon, 02 Mar 2020 10:00:00 GMT"};
-  }
-  return pages;
-}
-
 void expectNothingLost(const Snapshot& now, const Snapshot& before, const Snapshot& after) {
   for (const auto& [file, text] : before) EXPECT_TRUE(now.contains(file)) << file;
   for (const auto& [file, text] : now) {
@@ -67,14 +46,6 @@ void expectNothingLost(const Snapshot& now, const Snapshot& before, const Snapsh
   }
 }
 
-support::ProgramOptions FaultTest::options() const {
-  return {.environment = {{"HOME", m_home}, {"XDG_STATE_HOME", ownHome.path() / "state"}}};
-}
-
-support::ProgramResult FaultTest::run(const Arguments& arguments) const {
-  return support::runProgram(VESKEL_CLI, arguments, options());
-}
-
 support::ProgramResult FaultTest::runUnder(Arguments launcher, const Arguments& arguments) const {
   launcher.push_back(VESKEL_CLI);
   launcher.insert(launcher.end(), arguments.begin(), arguments.end());
@@ -84,7 +55,7 @@ support::ProgramResult FaultTest::runUnder(Arguments launcher, const Arguments& 
 }
 
 std::vector<SystemCall> FaultTest::callsOf(const Arguments& watched, const Arguments& arguments) const {
-  const fs::path trace = ownHome.path() / "trace";
+  const fs::path trace = home.path() / "trace";
   Arguments strace = {"strace", "-f", "-y", "--seccomp-bpf", "-o", trace};
   strace.insert(strace.end(), watched.begin(), watched.end());
   runUnder(strace, arguments);
@@ -95,7 +66,7 @@ std::vector<SystemCall> FaultTest::callsOf(const Arguments& watched, const Argum
     if (line.find("<... ") != line.npos) continue;  // the end of a call that another thread's came between
     const std::string threadAndName = line.substr(0, line.find('('));
     const int number = ++counts[threadAndName];
-    if (line.find(" = -1 ") != line.npos || line.find(ownHome.path()) == line.npos) continue;
+    if (line.find(" = -1 ") != line.npos || line.find(home.path()) == line.npos) continue;
     calls.push_back({threadAndName.substr(threadAndName.rfind(' ') + 1), number, line});
   }
   return calls;
@@ -131,11 +102,6 @@ void FaultTest::restore(const Snapshot& snapshot) const {
       std::ofstream(data() / name) << text;
     }
   }
-}
-
-void FaultTest::prepare(const Arguments& arguments, int expectedCode) const {
-  const auto result = run(arguments);
-  ASSERT_EQ(result.exitCode, expectedCode) << result.errors;
 }
 
 }  // namespace faults

@@ -9,21 +9,17 @@
 
 #include <gmock/gmock.h>
 
-#include "store/global_controls.h"
-#include "support/run_program.h"
+#include "support/program_test.h"
 #include "support/sanitizers.h"
 #include "support/site_server.h"
-#include "support/temp_folder.h"
 
 namespace faults {
 
-using Arguments = std::vector<std::string>;
+using support::Arguments;
+using support::manyPages;
 
 /// Everything below the data folder: the text of each file, and "(folder)" for each folder.
 using Snapshot = std::map<std::string, std::string>;
-
-/// A site of `count` pages, each with links to several others and every tenth with one that is broken.
-support::SiteServer::Pages manyPages(int count);
 
 /// Every file of a scanned site stands as it did `before`, as it does `after` the whole scan or, a document,
 /// as it does after some whole number of pages.
@@ -36,17 +32,10 @@ struct SystemCall {
   std::string line;
 };
 
-class FaultTest : public testing::Test {
+class FaultTest : public support::ProgramTest {
  protected:
-  /// Works in `home` from now on.
-  void useHome(const std::filesystem::path& home) { m_home = home; }
-
-  support::ProgramOptions options() const;
-  support::ProgramResult run(const Arguments& arguments) const;
   /// Runs `launcher` with the program and `arguments` behind its own; it is looked up in PATH.
   support::ProgramResult runUnder(Arguments launcher, const Arguments& arguments) const;
-  /// What has to go well for a test to begin.
-  void prepare(const Arguments& arguments, int expectedCode = 0) const;
 
   /// The calls that `arguments` makes with success below the home directory, in order. `watched` are strace's
   /// options that tell which calls count.
@@ -59,14 +48,7 @@ class FaultTest : public testing::Test {
   Snapshot snapshot() const;
   void restore(const Snapshot& snapshot) const;
 
-  store::GlobalControls controls() const { return store::GlobalControls(m_home); }
-  std::filesystem::path data() const { return controls().homeFolderLocation(); }
-  std::filesystem::path site() const { return controls().siteFolder("shop"); }
-
-  support::TempFolder ownHome;
-
- private:
-  std::filesystem::path m_home = ownHome.path();
+  std::filesystem::path site() const { return controls.siteFolder("shop"); }
 };
 
 /// Skips the test where the calls of the program alone cannot be watched, or there is no strace.

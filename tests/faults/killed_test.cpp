@@ -4,7 +4,6 @@
 
 #include "fault_test.h"
 #include "platform/files.h"
-#include "store/broken_reasons.h"
 #include "store/site_record.h"
 
 namespace faults {
@@ -87,7 +86,6 @@ TEST_F(Killed, ASiteIsChangedOrNotWhereverThatEnds) {
         {"store/store.qzVSK", store::newSiteRecord("store", "http://b.test/")}}},
       {{"sites"}, {{"shop", "(folder)"}, {"shop/shop.qzvsk", older}, {"shop/sitemap.html", "x"}}, bare},
   };
-  const store::BrokenReasons reasons(store::StateFolder(ownHome.path() / "state"));
   for (const auto& [command, before, after] : cases) {
     const auto begin = [&, &start = before] {
       restore(start);
@@ -102,7 +100,7 @@ TEST_F(Killed, ASiteIsChangedOrNotWhereverThatEnds) {
       begin();
       runAndKill(call, command);
       const std::string name = fs::exists(site()) ? "shop" : "store";
-      const std::string left = platform::readFile(controls().returnFullFileLocation(name)).text;
+      const std::string left = read(name + "/" + name + ".qzVSK");
       EXPECT_TRUE(command[0] != "edit" || store::recordValue(left, store::kSiteName) == name);
       prepare({"sites"});
       const Snapshot now = withoutLeftovers(snapshot());

@@ -34,17 +34,11 @@ TEST_F(OddFolders, AReadOnlySiteIsToldAndLeftAlone) {
       "cd \"$0\" && mount -t tmpfs none \"$0\" && cp -a . \"$0\" && mount -o remount,ro \"$0\"", site());
   SKIP_UNLESS_MOUNTED(launcher);
   const Snapshot before = snapshot();
-  const Arguments edits[] = {{"edit", "shop", "--url", "http://b.test/"},
-                             {"edit", "shop", "--name", "store"},
-                             {"filters", "shop", "--add", "/second/"},
-                             {"delete", "shop", "--yes"},
-                             {"scan", "shop"}};
-  for (const Arguments& edit : edits) {
-    SCOPED_TRACE(edit[0] + " " + edit.back());
+  for (const Arguments& edit : {Arguments{"filters", "shop", "--add", "/second/"}, {"scan", "shop"}}) {
+    SCOPED_TRACE(edit[0]);
     const auto result = runUnder(launcher, edit);
     EXPECT_EQ(result.exitCode, 4);
-    EXPECT_THAT(result.errors, testing::AnyOf(HasSubstr("Read-only file system"),
-                                              HasSubstr("Device or resource busy")));  // moves and deletions
+    EXPECT_THAT(result.errors, HasSubstr("Read-only file system"));
     EXPECT_TRUE(snapshot() == before);
   }
   const auto shown = runUnder(launcher, {"show", "shop"});
@@ -52,9 +46,9 @@ TEST_F(OddFolders, AReadOnlySiteIsToldAndLeftAlone) {
 }
 
 TEST_F(OddFolders, WithoutHomeTheUserDatabaseKnows) {
-  const support::TempFolder home;
-  const fs::path users = ownHome.path() / "users";
-  std::ofstream(users) << "root:x:0:0::" << home.path().string() << ":/bin/sh\n";
+  const support::TempFolder known;
+  const fs::path users = home.path() / "users";
+  std::ofstream(users) << "root:x:0:0::" << known.path().string() << ":/bin/sh\n";
   Arguments launcher = behindMount("mount --bind \"$0\" /etc/passwd", users);
   SKIP_UNLESS_MOUNTED(launcher);
   launcher.push_back("env");
@@ -64,9 +58,9 @@ TEST_F(OddFolders, WithoutHomeTheUserDatabaseKnows) {
     complete.insert(complete.end(), unset.begin(), unset.end());
     const auto result = runUnder(complete, {"where"});
     EXPECT_EQ(result.exitCode, 0) << result.errors;
-    EXPECT_THAT(result.output, StartsWith(home.path().string() + "/Library/"));
+    EXPECT_THAT(result.output, StartsWith(known.path().string() + "/Library/"));
   }
-  EXPECT_TRUE(fs::is_directory(store::GlobalControls(home.path()).homeFolderLocation()));
+  EXPECT_TRUE(fs::is_directory(store::GlobalControls(known.path()).homeFolderLocation()));
 }
 
 TEST_F(OddFolders, WithoutCertificatesTheReasonSaysSo) {
@@ -82,18 +76,17 @@ TEST_F(OddFolders, WithoutCertificatesTheReasonSaysSo) {
 }
 
 TEST_F(OddFolders, AHomeThatLeadsNowhereIsTold) {
-  const fs::path file = ownHome.path() / "file";
+  const fs::path file = home.path() / "file";
   std::ofstream(file) << "x";
-  for (const fs::path& home : {ownHome.path() / "none", file}) {
-    SCOPED_TRACE(home);
-    useHome(home);
-    const auto result = run({"add", "shop", "a.test"});
+  for (const fs::path& other : {home.path() / "none", file}) {
+    SCOPED_TRACE(other);
+    const auto result = runUnder({"env", "HOME=" + other.string()}, {"add", "shop", "a.test"});
     EXPECT_EQ(result.exitCode, 4);
     EXPECT_EQ(result.output, "");
-    EXPECT_THAT(result.errors, StartsWith("Could not use the data folder " + data().string()));
+    EXPECT_THAT(result.errors, StartsWith("Could not use the data folder " + other.string()));
   }
-  EXPECT_THAT(platform::filesBelow(ownHome.path()), testing::ElementsAre("file"));
-  EXPECT_FALSE(fs::exists(ownHome.path() / "none"));
+  EXPECT_THAT(platform::filesBelow(home.path()), testing::ElementsAre("file"));
+  EXPECT_FALSE(fs::exists(home.path() / "none"));
 }
 
 TEST_F(OddFolders, AnUnreadableFolderIsNoUnknownSite) {
@@ -102,7 +95,7 @@ TEST_F(OddFolders, AnUnreadableFolderIsNoUnknownSite) {
   // The superuser may read everything, unless that right is dropped.
   Arguments launcher = {"env"};
   if (geteuid() == 0) launcher = {"setpriv", "--bounding-set", "-dac_override,-dac_read_search"};
-  const fs::path record = controls().returnFullFileLocation("shop");
+  const fs::path record = controls.returnFullFileLocation("shop");
   const Arguments commands[] = {{"sites"},           {"show", "shop"},
                                 {"scan", "shop"},    {"edit", "shop", "--url", "http://b.test/"},
                                 {"filters", "shop"}, {"delete", "shop", "--yes"}};

@@ -47,7 +47,7 @@ TEST_F(Stopped, BySignals) {
 TEST_F(Stopped, WhenNobodyReadsOn) {
   const support::SiteServer server = endlessSite([] {});
   prepare({"add", "shop", server.url()});
-  const std::string code = ownHome.path() / "code";
+  const std::string code = home.path() / "code";
   struct Case {
     std::string before;
     std::string progress;

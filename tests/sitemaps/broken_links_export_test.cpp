@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "site_folder_test.h"
 #include "sitemaps/copy_file.h"
+#include "support/data_folder_test.h"
 
 namespace sitemaps {
 namespace {
@@ -45,19 +45,19 @@ TEST(CopyFile, GivesATakenNameTheTime) {
   EXPECT_EQ(timedName("/t.d/report", afternoon, ".html"), "/t.d/report_140509.html");
 }
 
-using CopyFileTest = SiteFolderTest;
+using CopyFileTest = support::DataFolderTest;
 
 TEST_F(CopyFileTest, NeverReplaces) {
   write("a.html", "new");
   write("b.html", "old");
-  EXPECT_TRUE(copyFile(folder() / "a.html", folder() / "b.html", ".html").ok());
+  EXPECT_TRUE(copyFile(data() / "a.html", data() / "b.html", ".html").ok());
   EXPECT_EQ(read("b.html"), "old");
-  const std::vector<std::string> files = platform::filesBelow(folder());
+  const std::vector<std::string> files = platform::filesBelow(data());
   ASSERT_EQ(files.size(), 3u);
   EXPECT_EQ(files[2].size(), std::string("b_140509.html").size());
   EXPECT_EQ(read(files[2]), "new");
-  EXPECT_EQ(copyFile(folder() / "none", folder() / "c.html", ".html").status, platform::FileStatus::missing);
-  EXPECT_FALSE(std::filesystem::exists(folder() / "c.html"));
+  EXPECT_EQ(copyFile(data() / "none", data() / "c.html", ".html").status, platform::FileStatus::missing);
+  EXPECT_EQ(read("c.html"), "(missing)");
 }
 
 }  // namespace

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 
 #include "platform/gzip.h"
-#include "site_folder_test.h"
 #include "sitemaps/site_export.h"
 #include "sitemaps/xml_format.h"
 #include "store/site_record.h"
+#include "support/data_folder_test.h"
 
 namespace sitemaps {
 namespace {
@@ -85,14 +85,14 @@ TEST(SitemapIndex, NamesTheFilesWhereTheSiteStarts) {
             "\n\t<sitemap>\n\t\t<loc>http://h/sitemap-2.xml</loc>\n\t</sitemap>\n</sitemapindex>\n");
 }
 
-using SiteExportTest = SiteFolderTest;
+using SiteExportTest = support::DataFolderTest;
 
 TEST_F(SiteExportTest, WritesTheFilesThenTheIndex) {
   const std::string whole = sitemapOf(3);
   const SplitSitemap sitemap(whole, {2, 1'000'000});
-  const SplitResult written = writeSplit(sitemap, "http://h/", Compression::gzip, folder());
+  const SplitResult written = writeSplit(sitemap, "http://h/", Compression::gzip, data());
   ASSERT_TRUE(written.result.ok());
-  EXPECT_EQ(platform::filesBelow(folder()), splitFileNames(2, Compression::gzip));
+  EXPECT_EQ(platform::filesBelow(data()), splitFileNames(2, Compression::gzip));
   EXPECT_EQ(platform::gunzipped(read("sitemap-1.xml.gz"), 10'000).text, sitemap.part(0));
   EXPECT_EQ(platform::gunzipped(read("sitemap-2.xml.gz"), 10'000).text, sitemap.part(1));
   EXPECT_EQ(read("sitemap-index.xml"), sitemapIndex("http://h/", 2, Compression::gzip));
@@ -100,32 +100,33 @@ TEST_F(SiteExportTest, WritesTheFilesThenTheIndex) {
 
 TEST_F(SiteExportTest, NoIndexOfFilesThatAreNotThere) {
   const std::string whole = sitemapOf(3);
-  std::filesystem::create_directory(folder() / "sitemap-2.xml");  // in the way
+  std::filesystem::create_directory(data() / "sitemap-2.xml");  // in the way
   const SplitResult result =
-      writeSplit(SplitSitemap(whole, {2, 1'000'000}), "http://h/", Compression::none, folder());
+      writeSplit(SplitSitemap(whole, {2, 1'000'000}), "http://h/", Compression::none, data());
   EXPECT_FALSE(result.result.ok());
-  EXPECT_EQ(result.path, folder() / "sitemap-2.xml");
-  EXPECT_FALSE(std::filesystem::exists(folder() / "sitemap-index.xml"));
+  EXPECT_EQ(result.path, data() / "sitemap-2.xml");
+  EXPECT_EQ(read("sitemap-index.xml"), "(missing)");
 }
 
 TEST_F(SiteExportTest, LargeSitesWantSplitting) {
   const auto record = [&](int pages) {
-    write("S.qzVSK",
+    write("S/S.qzVSK",
           store::newSiteRecord("S", "http://h/") + "\n<pagesUsed>" + std::to_string(pages) + "</pagesUsed>");
   };
-  EXPECT_FALSE(wantsSplitting(m_controls, "S"));
+  EXPECT_FALSE(wantsSplitting(controls, "S"));
   for (const int pages : {50'000, -1}) {
     record(pages);
-    EXPECT_FALSE(wantsSplitting(m_controls, "S"));
+    EXPECT_FALSE(wantsSplitting(controls, "S"));
   }
-  write("sitemap.xml", "");
-  std::filesystem::resize_file(folder() / "sitemap.xml", kMaxSitemapBytes);
-  EXPECT_FALSE(wantsSplitting(m_controls, "S"));
-  std::filesystem::resize_file(folder() / "sitemap.xml", kMaxSitemapBytes + 1);
-  EXPECT_TRUE(wantsSplitting(m_controls, "S"));
-  write("sitemap.xml", "");
+  write("S/sitemap.xml", "");
+  const std::filesystem::path file = data() / "S" / "sitemap.xml";
+  std::filesystem::resize_file(file, kMaxSitemapBytes);
+  EXPECT_FALSE(wantsSplitting(controls, "S"));
+  std::filesystem::resize_file(file, kMaxSitemapBytes + 1);
+  EXPECT_TRUE(wantsSplitting(controls, "S"));
+  write("S/sitemap.xml", "");
   record(50'001);
-  EXPECT_TRUE(wantsSplitting(m_controls, "S"));
+  EXPECT_TRUE(wantsSplitting(controls, "S"));
 }
 
 }  // namespace

@@ -5,10 +5,10 @@
 
 #include <gmock/gmock.h>
 
-#include "store/broken_reasons.h"
 #include "store/filters_file.h"
+#include "store/site_list.h"
 #include "store/site_record.h"
-#include "store_test.h"
+#include "support/data_folder_test.h"
 
 namespace {
 
@@ -16,7 +16,7 @@ using store::NameClash;
 using store::SaveOutcome;
 using testing::ElementsAre;
 
-class AddEditDeleteSitesTest : public StoreTest {
+class AddEditDeleteSitesTest : public support::DataFolderTest {
  protected:
   void add(const std::string& name) {
     write(name + "/" + name + ".qzVSK", record(name, "http://" + name + ".test/"));
@@ -33,11 +33,9 @@ class AddEditDeleteSitesTest : public StoreTest {
   }
 
   void remember(const std::string& name) const {
-    ASSERT_TRUE(store::BrokenReasons(state).save(name, {{"u", "of " + name}}).ok());
+    ASSERT_TRUE(reasons.save(name, {{"u", "of " + name}}).ok());
   }
-  std::string remembered(const std::string& name) const {
-    return store::BrokenReasons(state).lookUp(name, {"u"})[0].reason;
-  }
+  std::string remembered(const std::string& name) const { return reasons.lookUp(name, {"u"})[0].reason; }
 
   store::AddEditDeleteSites sites{controls, state};
 };

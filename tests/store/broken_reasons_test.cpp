@@ -5,18 +5,15 @@
 
 #include <gmock/gmock.h>
 
-#include "support/temp_folder.h"
+#include "support/data_folder_test.h"
 
 namespace {
 
-class BrokenReasonsTest : public testing::Test {
+class BrokenReasonsTest : public support::DataFolderTest {
  protected:
   std::string reasonOf(const std::string& site, const std::string& url) const {
     return reasons.lookUp(site, {url}).at(0).reason;
   }
-
-  support::TempFolder folder;
-  store::BrokenReasons reasons{store::StateFolder(folder.path() / "not" / "there yet")};
 };
 
 TEST_F(BrokenReasonsTest, ComeBackWhateverTheUrlsHold) {

@@ -5,13 +5,13 @@
 
 #include <gmock/gmock.h>
 
-#include "store_test.h"
+#include "support/data_folder_test.h"
 
 namespace {
 
 using testing::ElementsAre;
 
-class FiltersFileTest : public StoreTest {
+class FiltersFileTest : public support::DataFolderTest {
  protected:
   FiltersFileTest() { write("a/a.qzVSK", "x"); }
 };
@@ -31,7 +31,6 @@ TEST_F(FiltersFileTest, AddsOneLineEach) {
     const char* after;
   };
   const Case cases[] = {
-      {"blanks stay", "", "  /private  ", "  /private  \n"},
       {"line ends at both ends go", "", "\r\n\n/a\xE2\x80\xA8\xC2\x85\n", "/a\n"},
       {"empty changes nothing", "/a", "", "/a"},
       {"last line without its end", "/a", "/b", "/a\n/b\n"},

@@ -42,7 +42,6 @@ TEST(CheckSiteUrl, CompletesTheUrl) {
     const char* url;
   };
   const Case cases[] = {
-      {"no scheme", "b.test", "http://b.test/"},
       {"page file with a query", "http://a.test/x.PHP5?y=1", "http://a.test/x.PHP5?y=1"},
       {"query without a page file", "http://a.test/?q=1", "http://a.test/?q=1/"},
       {"slash is there", "https://a.test/b/", "https://a.test/b/"},

@@ -6,9 +6,9 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-#include "store/broken_reasons.h"
 #include "store/site_record.h"
-#include "store_test.h"
+#include "support/data_folder_test.h"
+#include "support/file_size_limit.h"
 
 namespace {
 
@@ -20,7 +20,10 @@ constexpr const char* kOlder =
     "<siteName>Old</siteName>\n<siteURL>http://old.test/</siteURL>\n<ignoreRobotFile>YES</ignoreRobotFile>\n"
     "<pagesFound>5</pagesFound>\n<totalLinks>6</totalLinks>";
 
-using SiteListTest = StoreTest;
+class SiteListTest : public support::DataFolderTest {
+ protected:
+  store::SiteList list() const { return store::siteTableRows(controls, state); }
+};
 
 std::string record(const std::string& name, const std::string& url = "http://a.test/") {
   return store::newSiteRecord(name, url) + "\n<pagesUsed>7</pagesUsed>\nx";
@@ -115,7 +118,6 @@ TEST_F(SiteListTest, KeepsRecordsWhoseUpgradeFails) {
 }
 
 TEST_F(SiteListTest, ACopiedFolderTakesNothingThatIsRemembered) {
-  const store::BrokenReasons reasons(state);
   ASSERT_TRUE(reasons.save("a", {{"u", "of a"}}).ok());
   write("a/a.qzVSK", record("a"));
   write("b/a.qzVSK", record("a"));

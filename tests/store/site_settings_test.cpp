@@ -4,11 +4,11 @@
 
 #include <gmock/gmock.h>
 
-#include "store_test.h"
+#include "support/data_folder_test.h"
 
 namespace {
 
-using SiteSettingsTest = StoreTest;
+using SiteSettingsTest = support::DataFolderTest;
 
 TEST_F(SiteSettingsTest, ReadsWhatItCanAndWritesItBack) {
   write("a/a.qzVSK", "x");

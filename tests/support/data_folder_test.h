@@ -1,4 +1,4 @@
-// A home directory of its own for each test of the store.
+// A home directory of its own for each test, with an empty data folder.
 #pragma once
 
 #include <filesystem>
@@ -9,14 +9,15 @@
 #include <gtest/gtest.h>
 
 #include "platform/files.h"
+#include "store/broken_reasons.h"
 #include "store/global_controls.h"
-#include "store/site_list.h"
-#include "support/file_size_limit.h"
 #include "support/temp_folder.h"
 
-class StoreTest : public testing::Test {
+namespace support {
+
+class DataFolderTest : public testing::Test {
  protected:
-  StoreTest() { EXPECT_TRUE(store::checkNeededFoldersExist(controls).ok()); }
+  DataFolderTest() { std::filesystem::create_directories(data()); }
 
   std::filesystem::path data() const { return controls.homeFolderLocation(); }
 
@@ -27,7 +28,7 @@ class StoreTest : public testing::Test {
   }
 
   /// The text of a file below the data folder; "(missing)" when there is none.
-  std::string read(const std::string& file) const {
+  std::string read(const std::filesystem::path& file) const {
     const auto content = platform::readFile(data() / file);
     return content.result.ok() ? content.text : "(missing)";
   }
@@ -39,9 +40,10 @@ class StoreTest : public testing::Test {
     return files;
   }
 
-  store::SiteList list() const { return store::siteTableRows(controls, state); }
-
-  support::TempFolder home;
+  TempFolder home;
   store::GlobalControls controls{home.path()};
   store::StateFolder state{home.path() / "state"};
+  store::BrokenReasons reasons{state};
 };
+
+}  // namespace support
