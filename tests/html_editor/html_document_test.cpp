@@ -105,6 +105,7 @@ TEST_F(HtmlDocumentTest, LeavesNothingOfAnEditButWhereItBelongs) {
       {"saved before another step", [&] { EXPECT_TRUE(document.saveOrKeep().ok()); }, true, true, false},
       {"discarded", [&] { document.discard(); }, false, false, false},
       {"read back", [&] { document.readBack(); }, false, false, false},
+      {"taken back", [&] { document.restyle(twoColumns); }, false, false, false},
       {"the program ends", [&] { document.firstLoad("S"); }, false, false, true},
   };
   for (const Case& c : cases) {
