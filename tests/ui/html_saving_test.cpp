@@ -69,146 +69,139 @@ class HtmlSavingTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void savesWhenAskedTo();
-  void asksBeforeTheDocumentIsLeft();
-  void staysWhenItCannotSave();
-  void asksBeforeAScan();
-  void overwritesNoWorkOfOthers();
-  void offersWhatACrashLeft();
-};
+  void savesWhenAskedTo() {
+    HtmlDesk desk;
+    const std::string before = desk.onDisk("sitemap2c.html");
+    QVERIFY(openEdited(desk, 2));
+    QTest::keyClick(&desk.window(), Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(answer(message(kSaveQuestion), kSaveChanges));
+    QVERIFY(noSheetLeft());
+    QCOMPARE(desk.onDisk("sitemap2c.html"), edited(before));
+    QCOMPARE(desk.document(), edited(before));
+    QVERIFY(desk.isClean() && desk.othersAreUntouched("sitemap2c.html"));
 
-void HtmlSavingTest::savesWhenAskedTo() {
-  HtmlDesk desk;
-  const std::string before = desk.onDisk("sitemap2c.html");
-  QVERIFY(openEdited(desk, 2));
-  QTest::keyClick(&desk.window(), Qt::Key_S, Qt::ControlModifier);
-  QVERIFY(answer(message(kSaveQuestion), kSaveChanges));
-  QVERIFY(noSheetLeft());
-  QCOMPARE(desk.onDisk("sitemap2c.html"), edited(before));
-  QCOMPARE(desk.document(), edited(before));
-  QVERIFY(desk.isClean() && desk.othersAreUntouched("sitemap2c.html"));
+    QVERIFY(desk.click("ptItalicButton"));
+    QVERIFY(desk.click("saveChangesButton"));
+    QMessageBox* sheet = message(kSaveQuestion);
+    QVERIFY(sheet);
+    pressEscape(*sheet);  // too much would go for a key that is pressed so easily
+    QVERIFY(answer(message(kSaveQuestion), kCancel));
+    QVERIFY(desk.shown() && noSheetLeft());
+    QCOMPARE(desk.document(), desk.onDisk("sitemap3c.html"));
+    QCOMPARE(desk.onDisk("sitemap2c.html"), edited(before));
+  }
 
-  QVERIFY(desk.click("ptItalicButton"));
-  QVERIFY(desk.click("saveChangesButton"));
-  QMessageBox* sheet = message(kSaveQuestion);
-  QVERIFY(sheet);
-  pressEscape(*sheet);  // too much would go for a key that is pressed so easily
-  QVERIFY(answer(message(kSaveQuestion), kCancel));
-  QVERIFY(desk.shown() && noSheetLeft());
-  QCOMPARE(desk.document(), desk.onDisk("sitemap3c.html"));
-  QCOMPARE(desk.onDisk("sitemap2c.html"), edited(before));
-}
+  void asksBeforeTheDocumentIsLeft() {
+    for (const Way& way : kWays) {
+      for (const bool save : {true, false}) {
+        const Opener opener;
+        HtmlDesk desk;
+        const std::string before = desk.onDisk("sitemap2c.html");
+        QVERIFY(openEdited(desk, way.from));
+        way.leave(desk);
+        QVERIFY2(message(way.question), way.name);
+        pressEscape(*message(way.question));  // is no answer
+        QCOMPARE(desk.onDisk("sitemap2c.html"), before);
+        QVERIFY2(answer(message(way.question), save ? kSaveChanges : way.discard), way.name);
+        QVERIFY(comesTrue([&] { return desk.window().isVisible() != way.endsAll; }) && noSheetLeft());
+        QVERIFY2(desk.document() == desk.onDisk(way.next), way.name);
+        QVERIFY(!desk.window().state().qzvskNeedsSave);
+        QVERIFY2(desk.onDisk("sitemap2c.html") == (save ? edited(before) : before), way.name);
+        QVERIFY(desk.othersAreUntouched("sitemap2c.html"));
+        QCOMPARE(opener.opened.size(), way.previews ? 1 : 0);
+      }
+    }
+  }
 
-void HtmlSavingTest::asksBeforeTheDocumentIsLeft() {
-  for (const Way& way : kWays) {
-    for (const bool save : {true, false}) {
+  void staysWhenItCannotSave() {
+    // The other views ask by the same means as the end does.
+    for (const Way& way : std::span(kWays).subspan(3)) {
       const Opener opener;
       HtmlDesk desk;
       const std::string before = desk.onDisk("sitemap2c.html");
       QVERIFY(openEdited(desk, way.from));
-      way.leave(desk);
-      QVERIFY2(message(way.question), way.name);
-      pressEscape(*message(way.question));  // is no answer
-      QCOMPARE(desk.onDisk("sitemap2c.html"), before);
-      QVERIFY2(answer(message(way.question), save ? kSaveChanges : way.discard), way.name);
-      QVERIFY(comesTrue([&] { return desk.window().isVisible() != way.endsAll; }) && noSheetLeft());
-      QVERIFY2(desk.document() == desk.onDisk(way.next), way.name);
-      QVERIFY(!desk.window().state().qzvskNeedsSave);
-      QVERIFY2(desk.onDisk("sitemap2c.html") == (save ? edited(before) : before), way.name);
-      QVERIFY(desk.othersAreUntouched("sitemap2c.html"));
-      QCOMPARE(opener.opened.size(), way.previews ? 1 : 0);
+      {
+        const platform::FolderLock obstacle(desk.controls.siteFolder("Shop"));  // for the superuser, too
+        way.leave(desk);
+        QVERIFY2(answer(message(way.question), kSaveChanges), way.name);
+        QVERIFY2(couldNotWrite("sitemap2c.html"), way.name);
+        QVERIFY2(desk.document() == (way.givesWay ? before : edited(before)), way.name);
+        QVERIFY(answer(couldNotWrite("sitemap2c.html"), way.givesWay ? kRestoreChanges : kOk));
+        QVERIFY(desk.shown() && noSheetLeft());
+      }
+      QVERIFY2(desk.document() == edited(before) && desk.isDirty(), way.name);
+      QVERIFY(desk.control<QAbstractButton>("ptItalicButton").isChecked());
+      QVERIFY(desk.text("urlToLoad").endsWith(QLatin1String("sitemap2c.html")));
+      QCOMPARE(desk.control<QComboBox>("sitemapTypePopup").currentText(), kTwoColumns);
+      QVERIFY(desk.window().isVisible() && opener.opened.isEmpty());
+      QVERIFY(desk.othersAreUntouched("none of them"));
     }
   }
-}
 
-void HtmlSavingTest::staysWhenItCannotSave() {
-  // The other views ask by the same means as the end does.
-  for (const Way& way : std::span(kWays).subspan(3)) {
-    const Opener opener;
+  /// A scan writes the document anew: nothing may be left of the old one that a later save would put in its
+  /// place.
+  void asksBeforeAScan() {
+    const SiteServer site(smallSite());
     HtmlDesk desk;
-    const std::string before = desk.onDisk("sitemap2c.html");
-    QVERIFY(openEdited(desk, way.from));
-    {
-      const platform::FolderLock obstacle(desk.controls.siteFolder("Shop"));  // for the superuser, too
-      way.leave(desk);
-      QVERIFY2(answer(message(way.question), kSaveChanges), way.name);
-      QVERIFY2(couldNotWrite("sitemap2c.html"), way.name);
-      QVERIFY2(desk.document() == (way.givesWay ? before : edited(before)), way.name);
-      QVERIFY(answer(couldNotWrite("sitemap2c.html"), way.givesWay ? kRestoreChanges : kOk));
-      QVERIFY(desk.shown() && noSheetLeft());
-    }
-    QVERIFY2(desk.document() == edited(before) && desk.isDirty(), way.name);
-    QVERIFY(desk.control<QAbstractButton>("ptItalicButton").isChecked());
-    QVERIFY(desk.text("urlToLoad").endsWith(QLatin1String("sitemap2c.html")));
-    QCOMPARE(desk.control<QComboBox>("sitemapTypePopup").currentText(), kTwoColumns);
-    QVERIFY(desk.window().isVisible() && opener.opened.isEmpty());
-    QVERIFY(desk.othersAreUntouched("none of them"));
-  }
-}
-
-/// A scan writes the document anew: nothing may be left of the old one that a later save would put in its
-/// place.
-void HtmlSavingTest::asksBeforeAScan() {
-  const support::SiteServer site(smallSite());
-  HtmlDesk desk;
-  desk.writeFile("Shop", "Shop.qzVSK", store::newSiteRecord("Shop", site.url()));
-  desk.openAt(2);
-  QVERIFY(desk.edit());
-  desk.control<QAction>("scanMI").trigger();
-  QVERIFY(site.requests().empty());
-  QVERIFY(answer(message(kLeaveQuestion), kSaveChanges));
-  QVERIFY(comesTrue([&] { return !site.requests().empty(); }));
-  QVERIFY(scanHasEnded(desk) && desk.shown() && noSheetLeft());
-  QCOMPARE(desk.document(), desk.onDisk());
-  QVERIFY(desk.document().find(site.url()) != std::string::npos);
-  QVERIFY(desk.isClean());
-}
-
-/// Not even where no copy can be kept is anything lost.
-void HtmlSavingTest::overwritesNoWorkOfOthers() {
-  HtmlDesk desk;
-  fs::create_directories(desk.reasons.state().location());
-  std::ofstream(desk.reasons.state().location() / "sites") << "no folder";
-  desk.openAt(2);
-  QVERIFY(desk.edit());
-  const std::string unsaved = desk.document();
-  desk.writeDocuments(samples::blocks(2));  // a scan from a terminal
-  const std::string theirs = desk.onDisk();
-  desk.go(2);
-  QMessageBox* sheet = couldNotWrite("sitemap3c.html");
-  QVERIFY(sheet);
-  QCOMPARE(desk.onDisk(), theirs);
-  QCOMPARE(desk.document(), theirs);
-  QVERIFY(answer(sheet, kRestoreChanges));
-  QVERIFY(desk.shown() && noSheetLeft() && desk.isDirty());
-  // Whoever wants to have it all the same has been asked.
-  desk.go(2);
-  QVERIFY(topSheet() == nullptr);
-  QCOMPARE(desk.onDisk(), unsaved);
-}
-
-void HtmlSavingTest::offersWhatACrashLeft() {
-  HtmlDesk desk;
-  const auto copyIsKept = [&] {
-    const fs::path copies = desk.reasons.state().ofSite("Shop");
-    return fs::exists(copies) && !fs::is_empty(copies);
-  };
-  desk.openAt(2);
-  const std::string before = desk.document();
-  QVERIFY(desk.edit());
-  QVERIFY(comesTrue(copyIsKept));
-  for (const bool restore : {true, false}) {
-    desk.close();  // nobody is asked
+    desk.writeFile("Shop", "Shop.qzVSK", store::newSiteRecord("Shop", site.url()));
     desk.openAt(2);
-    QVERIFY(message(kKeptQuestion));
-    pressEscape(*message(kKeptQuestion));  // is no answer
-    QCOMPARE(desk.document(), before);
-    QVERIFY(answer(message(kKeptQuestion), restore ? kRestoreChanges : kDiscardChanges));
-    QVERIFY(desk.shown() && noSheetLeft());
-    QCOMPARE(desk.document(), restore ? edited(before) : before);
-    QCOMPARE(copyIsKept(), restore);  // until it is saved it may be lost again
+    QVERIFY(desk.edit());
+    desk.control<QAction>("scanMI").trigger();
+    QVERIFY(site.requests().empty());
+    QVERIFY(answer(message(kLeaveQuestion), kSaveChanges));
+    QVERIFY(comesTrue([&] { return !site.requests().empty(); }));
+    QVERIFY(scanHasEnded(desk) && desk.shown() && noSheetLeft());
+    QCOMPARE(desk.document(), desk.onDisk());
+    QVERIFY(desk.document().find(site.url()) != std::string::npos);
+    QVERIFY(desk.isClean());
   }
-}
+
+  /// Not even where no copy can be kept is anything lost.
+  void overwritesNoWorkOfOthers() {
+    HtmlDesk desk;
+    fs::create_directories(desk.reasons.state().location());
+    std::ofstream(desk.reasons.state().location() / "sites") << "no folder";
+    desk.openAt(2);
+    QVERIFY(desk.edit());
+    const std::string unsaved = desk.document();
+    desk.writeDocuments(samples::blocks(2));  // a scan from a terminal
+    const std::string theirs = desk.onDisk();
+    desk.go(2);
+    QMessageBox* sheet = couldNotWrite("sitemap3c.html");
+    QVERIFY(sheet);
+    QCOMPARE(desk.onDisk(), theirs);
+    QCOMPARE(desk.document(), theirs);
+    QVERIFY(answer(sheet, kRestoreChanges));
+    QVERIFY(desk.shown() && noSheetLeft() && desk.isDirty());
+    // Whoever wants to have it all the same has been asked.
+    desk.go(2);
+    QVERIFY(topSheet() == nullptr);
+    QCOMPARE(desk.onDisk(), unsaved);
+  }
+
+  void offersWhatACrashLeft() {
+    HtmlDesk desk;
+    const auto copyIsKept = [&] {
+      const fs::path copies = desk.reasons.state().ofSite("Shop");
+      return fs::exists(copies) && !fs::is_empty(copies);
+    };
+    desk.openAt(2);
+    const std::string before = desk.document();
+    QVERIFY(desk.edit());
+    QVERIFY(comesTrue(copyIsKept));
+    for (const bool restore : {true, false}) {
+      desk.close();  // nobody is asked
+      desk.openAt(2);
+      QVERIFY(message(kKeptQuestion));
+      pressEscape(*message(kKeptQuestion));  // is no answer
+      QCOMPARE(desk.document(), before);
+      QVERIFY(answer(message(kKeptQuestion), restore ? kRestoreChanges : kDiscardChanges));
+      QVERIFY(desk.shown() && noSheetLeft());
+      QCOMPARE(desk.document(), restore ? edited(before) : before);
+      QCOMPARE(copyIsKept(), restore);  // until it is saved it may be lost again
+    }
+  }
+};
 
 }  // namespace window_tests
 

@@ -57,24 +57,13 @@ void HtmlDesk::openAt(int view) {
   if (!shown()) qWarning("The sitemap is not shown");
 }
 
-void HtmlDesk::go(int view) const {
-  constexpr const char* kActions[] = {"scanTBI",   "htmlTBI",   "htmlEditTBI", "xmlTBI",
-                                      "exportTBI", "uploadTBI", "brokenMI"};
-  control<QAction>(kActions[view - 1]).trigger();
-}
-
 bool HtmlDesk::shown() const {
   return comesTrue([this] { return control<QProgressBar>("sitemapBusy").isHidden(); });
 }
 
-bool HtmlDesk::isClean() const {
-  return !window().state().qzvskNeedsSave && !enabled("saveChangesButton") &&
-         !control<QAction>("saveMI").isEnabled();
-}
-
-bool HtmlDesk::isDirty() const {
-  return window().state().qzvskNeedsSave && enabled("saveChangesButton") &&
-         control<QAction>("saveMI").isEnabled();
+bool HtmlDesk::tellsOfChanges(bool unsaved) const {
+  return window().state().qzvskNeedsSave == unsaved && enabled("saveChangesButton") == unsaved &&
+         enabled("saveMI") == unsaved;
 }
 
 bool HtmlDesk::inPageComesTrue(const QString& script) const {

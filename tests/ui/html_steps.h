@@ -58,15 +58,14 @@ class HtmlDesk : public Desk {
 
   /// Opens the window, selects the site and goes to a view, 2 or 3.
   void openAt(int view);
-  void go(int view) const;
   /// Waits until the web view shows what is in hand.
   bool shown() const;
 
   std::string document() const { return window().state().qzvskHTMLString; }
   std::string onDisk(const std::string& file = "sitemap3c.html") const { return this->file("Shop", file); }
   /// Whether nothing is unsaved, and everything that tells of it says so.
-  bool isClean() const;
-  bool isDirty() const;
+  bool isClean() const { return tellsOfChanges(false); }
+  bool isDirty() const { return tellsOfChanges(true); }
   /// Makes page titles italic, and back.
   bool edit() const { return click("ptItalicButton") && isDirty(); }
 
@@ -89,6 +88,8 @@ class HtmlDesk : public Desk {
   bool othersAreUntouched(const std::string& file = "sitemap3c.html") const;
 
  private:
+  bool tellsOfChanges(bool unsaved) const;
+
   std::vector<samples::Block> m_blocks;
 };
 

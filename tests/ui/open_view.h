@@ -1,10 +1,10 @@
 // The view of the HTML sitemap without its walls, or with one of them alone.
 #pragma once
 
+#include <QSignalSpy>
 #include <QWebEngineProfile>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
-#include <functional>
 #include <memory>
 
 #include "html_editor/sitemap_page.h"
@@ -47,12 +47,9 @@ class OpenView {
                                           : std::make_unique<QWebEngineProfile>()) {
     if (walls != Walls::profile) m_profile->installUrlSchemeHandler(DocumentScheme::kName, &m_scheme);
     if (walls == Walls::page) {
-      auto page = std::make_unique<SitemapPage>(m_profile.get());
-      m_open = [target = page.get()](const QUrl& url) { target->open(url); };
-      m_page = std::move(page);
+      m_page = std::make_unique<SitemapPage>(m_profile.get());
     } else {
       m_page = std::make_unique<OpenPage>(m_profile.get());
-      m_open = [target = m_page.get()](const QUrl& url) { target->load(url); };
     }
     if (walls == Walls::settings) {
       html_editor::turnEverythingOff(*m_page->settings());
@@ -60,9 +57,8 @@ class OpenView {
       using Settings = QWebEngineSettings;
       for (const auto each :
            {Settings::LocalContentCanAccessRemoteUrls, Settings::LocalContentCanAccessFileUrls,
-            Settings::JavascriptCanOpenWindows, Settings::HyperlinkAuditingEnabled}) {
+            Settings::JavascriptCanOpenWindows, Settings::HyperlinkAuditingEnabled})
         m_page->settings()->setAttribute(each, true);
-      }
       m_page->settings()->setAttribute(Settings::PlaybackRequiresUserGesture, false);
     }
     m_view.setPage(m_page.get());
@@ -74,13 +70,10 @@ class OpenView {
   bool load(const QString& html) {
     m_scheme.startAnother();
     m_scheme.setDocument(html.toUtf8());
-    bool loaded = false;
-    const auto connection =
-        QObject::connect(m_page.get(), &QWebEnginePage::loadFinished, m_page.get(), [&] { loaded = true; });
-    m_open(m_scheme.address());
-    const bool result = comesTrue([&] { return loaded; });
-    QObject::disconnect(connection);
-    return result;
+    const QSignalSpy loaded(m_page.get(), &QWebEnginePage::loadFinished);
+    auto* page = qobject_cast<SitemapPage*>(m_page.get());
+    page != nullptr ? page->open(m_scheme.address()) : m_page->load(m_scheme.address());
+    return comesTrue([&] { return !loaded.isEmpty(); });
   }
   /// Does not wait: what it does may take the page away.
   void act() { m_page->runJavaScript(kAct, QWebEngineScript::ApplicationWorld); }
@@ -101,7 +94,6 @@ class OpenView {
   DocumentScheme m_scheme;
   std::unique_ptr<QWebEngineProfile> m_profile;
   std::unique_ptr<QWebEnginePage> m_page;
-  std::function<void(const QUrl&)> m_open;
   QWebEngineView m_view;
 };
 

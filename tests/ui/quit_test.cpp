@@ -1,5 +1,4 @@
 // Closing the window, with a scan running and without.
-#include <QStatusBar>
 #include <QTimer>
 
 #include "scan_steps.h"
@@ -20,8 +19,8 @@ struct Moment {
   const char* slowPage;
   QString sheetName;
 
-  support::SiteServer::Pages pages() const {
-    support::SiteServer::Pages pages = smallSite();
+  SiteServer::Pages pages() const {
+    SiteServer::Pages pages = smallSite();
     if (sheetName.isEmpty()) pages["/"] = page("Start", {kLoop});
     return pages;
   }
@@ -66,114 +65,106 @@ class QuitTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void asksOnceBeforeQuitting();
-  void quitsAfterTheScanHasEndedBehindTheQuestion();
-  void quitsAtOnceWithoutAScan();
-  void staysWhileASiteIsEdited();
-  void stopsTheScanWithItsSheet();
-  void endsAScanWithTheWindow();
-};
-
-void QuitTest::asksOnceBeforeQuitting() {
-  for (const Moment& moment : kMoments) {
-    for (const QString& way : waysToClose()) {
-      const SlowSite site(moment.pages(), moment.slowPage);
-      Desk desk;
-      openWithShop(desk, site.url());
-      QVERIFY(desk.click("scanSiteButton"));
-      QVERIFY(moment.sheet());
-      const int sheets = questions(desk);
-      // Keys go nowhere before the sheet has the focus; whoever is in a hurry tries again.
-      QVERIFY(comesTrue([&] {
-        if (questions(desk) > sheets) return true;
+  void asksOnceBeforeQuitting() {
+    for (const Moment& moment : kMoments) {
+      for (const QString& way : waysToClose()) {
+        const SlowSite site(moment.pages(), moment.slowPage);
+        Desk desk;
+        desk.openShop(site.url());
+        QVERIFY(desk.click("scanSiteButton"));
+        QVERIFY(moment.sheet());
+        const int sheets = questions(desk);
+        // Keys go nowhere before the sheet has the focus; whoever is in a hurry tries again.
+        QVERIFY(comesTrue([&] {
+          if (questions(desk) > sheets) return true;
+          closeBy(way, desk);
+          return false;
+        }));
+        QVERIFY(message(kRunning));
         closeBy(way, desk);
-        return false;
-      }));
-      QVERIFY(message(kRunning));
-      closeBy(way, desk);
-      desk.window().close();
-      QTest::qWait(0);
-      QCOMPARE(questions(desk), sheets + 1);
-      QVERIFY(answer(message(kRunning), kKeep));
-      QVERIFY(moment.sheet());
-      QVERIFY(desk.window().isVisible());
-      desk.window().close();
-      QVERIFY(quits([&] { return answer(message(kRunning), kStop); }));
-      QVERIFY(!desk.window().isVisible());
-      QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+        desk.window().close();
+        QTest::qWait(0);
+        QCOMPARE(questions(desk), sheets + 1);
+        QVERIFY(answer(message(kRunning), kKeep));
+        QVERIFY(moment.sheet());
+        QVERIFY(desk.window().isVisible());
+        desk.window().close();
+        QVERIFY(quits([&] { return answer(message(kRunning), kStop); }));
+        QVERIFY(!desk.window().isVisible());
+        QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+      }
     }
   }
-}
 
-void QuitTest::quitsAfterTheScanHasEndedBehindTheQuestion() {
-  SlowSite site(smallSite(), "/b.html");
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(sheetNamed(kProgress));
-  desk.window().close();
-  QVERIFY(message(kRunning));
-  site.release();
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(quits([&] { return answer(message(kRunning), kStop); }));
-}
-
-void QuitTest::quitsAtOnceWithoutAScan() {
-  for (const QString& way : waysToClose()) {
+  void quitsAfterTheScanHasEndedBehindTheQuestion() {
+    SlowSite site(smallSite(), "/b.html");
     Desk desk;
-    openWithShop(desk, "http://shop.test/");
-    desk.window().resize(1000, 700);
-    QVERIFY(quits([&] { return closeBy(way, desk), true; }));
-    QVERIFY(!desk.window().isVisible());
-    desk.close();
-    desk.open();
-    QCOMPARE(desk.window().size(), QSize(1000, 700));
-  }
-}
-
-void QuitTest::staysWhileASiteIsEdited() {
-  for (const QString& way : waysToClose()) {
-    Desk desk;
-    openWithShop(desk, "http://shop.test/");
-    QVERIFY(desk.click("editSiteButton"));
-    QDialog* sheet = sheetNamed(QStringLiteral("aedWindow"));
-    QVERIFY(sheet);
-    closeBy(way, desk);
-    // Sent behind the other wish, and so handled behind it.
-    if (way == kByTitleBar) closeByTitleBar(*sheet);
-    if (way == kByKey) pressEscape(*sheet);
-    QVERIFY(noSheetLeft());
-    QVERIFY(desk.window().isVisible());
-    QCOMPARE(questions(desk), 0);
-  }
-}
-
-/// The title bar of a sheet is its Cancel button.
-void QuitTest::stopsTheScanWithItsSheet() {
-  if (!hasTitleBars()) QSKIP("windows have no title bars here; see the run on X11");
-  for (const Moment& moment : kMoments) {
-    const SlowSite site(moment.pages(), moment.slowPage);
-    Desk desk;
-    openWithShop(desk, site.url());
+    desk.openShop(site.url());
     QVERIFY(desk.click("scanSiteButton"));
-    QVERIFY(moment.sheet());
-    closeByTitleBar(*moment.sheet());
-    QVERIFY(scanHasEnded(desk) && noSheetLeft());
-    QVERIFY(desk.window().isVisible());
-    QCOMPARE(desk.control<QStatusBar>("statusBar").currentMessage(),
-             QStringLiteral("Stopped the scan of \"Shop\""));
+    QVERIFY(sheetNamed(kProgress));
+    desk.window().close();
+    QVERIFY(message(kRunning));
+    site.release();
+    QVERIFY(scanHasEnded(desk));
+    QVERIFY(quits([&] { return answer(message(kRunning), kStop); }));
   }
-}
 
-void QuitTest::endsAScanWithTheWindow() {
-  const SlowSite site(smallSite(), "/b.html");
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
-  desk.close();
-  QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
-}
+  void quitsAtOnceWithoutAScan() {
+    for (const QString& way : waysToClose()) {
+      Desk desk;
+      desk.openShop();
+      desk.window().resize(1000, 700);
+      QVERIFY(quits([&] { return closeBy(way, desk), true; }));
+      QVERIFY(!desk.window().isVisible());
+      desk.close();
+      desk.open();
+      QCOMPARE(desk.window().size(), QSize(1000, 700));
+    }
+  }
+
+  void staysWhileASiteIsEdited() {
+    for (const QString& way : waysToClose()) {
+      Desk desk;
+      desk.openShop();
+      QVERIFY(desk.click("editSiteButton"));
+      QDialog* sheet = sheetNamed(QStringLiteral("aedWindow"));
+      QVERIFY(sheet);
+      closeBy(way, desk);
+      // Sent behind the other wish, and so handled behind it.
+      if (way == kByTitleBar) closeByTitleBar(*sheet);
+      if (way == kByKey) pressEscape(*sheet);
+      QVERIFY(noSheetLeft());
+      QVERIFY(desk.window().isVisible());
+      QCOMPARE(questions(desk), 0);
+    }
+  }
+
+  /// The title bar of a sheet is its Cancel button.
+  void stopsTheScanWithItsSheet() {
+    if (!hasTitleBars()) QSKIP("windows have no title bars here; see the run on X11");
+    for (const Moment& moment : kMoments) {
+      const SlowSite site(moment.pages(), moment.slowPage);
+      Desk desk;
+      desk.openShop(site.url());
+      QVERIFY(desk.click("scanSiteButton"));
+      QVERIFY(moment.sheet());
+      closeByTitleBar(*moment.sheet());
+      QVERIFY(scanHasEnded(desk) && noSheetLeft());
+      QVERIFY(desk.window().isVisible());
+      QCOMPARE(desk.status(), QStringLiteral("Stopped the scan of \"Shop\""));
+    }
+  }
+
+  void endsAScanWithTheWindow() {
+    const SlowSite site(smallSite(), "/b.html");
+    Desk desk;
+    desk.openShop(site.url());
+    QVERIFY(desk.click("scanSiteButton"));
+    QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
+    desk.close();
+    QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+  }
+};
 
 }  // namespace window_tests
 

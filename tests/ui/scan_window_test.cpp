@@ -1,5 +1,4 @@
 // A scan in the window, from its button to the final counts. What a scan finds is tested with its rules.
-#include <QAction>
 #include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
@@ -7,7 +6,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QStatusBar>
 #include <QTableView>
 
 #include "platform/files.h"
@@ -19,9 +17,6 @@
 namespace window_tests {
 
 namespace {
-
-using support::ServedPage;
-using support::SiteServer;
 
 /// The paths of the listed links.
 QString shownLinks(const Desk& desk, const std::string& base) {
@@ -37,231 +32,203 @@ QString counter(const char* name) {
   return sheet == nullptr ? QString() : platform::control<QLabel>(*sheet, name).text();
 }
 
-QString status(const Desk& desk) {
-  return desk.control<QStatusBar>("statusBar").currentMessage();
-}
-
 }  // namespace
 
 class ScanWindowTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void scansFromTheButtonToTheFinalCounts();
-  void showsHowFarItIs();
-  void goesByFiltersAndTheRobotsSwitch();
-  void stopsInMidPageAndWhileConnecting();
-  void asksAboutLooping();
-  void tellsOfAnUnreachableSite();
-  void refusesASiteThatIsScannedElsewhere();
-  void scansAsTheSettingsSay();
-  void tellsOfALostDocument();
-  void noticesASiteWithoutEnd();
-};
-
-void ScanWindowTest::scansFromTheButtonToTheFinalCounts() {
-  const SiteServer server([pages = smallSite()](const std::string& target, int times) {
-    const auto page = pages.find(target);
-    if (page != pages.end()) return page->second;
-    return times == 1 ? ServedPage{.status = 404} : ServedPage{"<title>Back</title>"};
-  });
-  Desk desk;
-  openWithShop(desk, server.url());
-  desk.control<QAction>("xmlTBI").trigger();
-  QTest::keyClick(&desk.window(), Qt::Key_F5);
-  QVERIFY(!desk.enabled("scanSiteButton"));
-  QVERIFY(scanHasEnded(desk) && noSheetLeft());
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
-  QCOMPARE(desk.label("linksScanned"), QStringLiteral("4"));
-  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("1"));
-  QCOMPARE(desk.label("totalLinksFound"), QStringLiteral("9"));  // four pages with five anchors
-  QCOMPARE(shownLinks(desk, server.url()), QStringLiteral(" a.html b.html private/c.html gone.html"));
-  QCOMPARE(status(desk), QStringLiteral("Scanned \"Shop\""));
-  QCOMPARE(desk.control<QTableView>("xmlTableView").model()->rowCount(), 4);  // the open view shows it
-  QCOMPARE(store::recordCount(desk.record("Shop"), store::kPagesFound), std::optional(5));
-  const QAbstractItemModel& sites = *desk.control<QTableView>("siteListTable").model();
-  QCOMPARE(sites.index(0, 1).data().toString(), QStringLiteral("5"));
-  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI"})
-    QVERIFY2(desk.control<QAction>(action).isEnabled(), action);
-  desk.control<QAction>("scanTBI").trigger();
-  QVERIFY(desk.click("brokenLinksButton"));
-  const QAbstractItemModel& broken = *desk.control<QTableView>("badLinkTable").model();
-  QCOMPARE(broken.index(0, 0).data().toString(), platform::toQString(server.url("gone.html")));
-  QCOMPARE(broken.index(0, 1).data().toString(), QStringLiteral("404 - Not Found"));
-  // The next one forgets them.
-  desk.control<QAction>("scanTBI").trigger();
-  QVERIFY(scan(desk));
-  QCOMPARE(desk.label("brokenLinks"), QStringLiteral("0"));
-  QVERIFY(!desk.control<QPushButton>("brokenLinksButton").isVisible());
-}
-
-void ScanWindowTest::showsHowFarItIs() {
-  SlowSite site(smallSite(), "/b.html");
-  Desk desk;
-  openWithShop(desk, site.url());
-  auto& drawer = desk.control<QDockWidget>("filterDrawer");
-  QVERIFY(desk.click("filterDrawerButton"));
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(!drawer.isVisible());
-  QDialog* sheet = sheetNamed(kProgress);
-  QVERIFY(sheet);
-  // Start and A are done, B is waited for, C and the broken page come behind.
-  QVERIFY(comesTrue([] { return counter("caPagesScanned") == QLatin1String("2"); }));
-  QCOMPARE(counter("caPagesLeft"), QStringLiteral("3"));
-  QCOMPARE(counter("tlsf"), QStringLiteral("7"));
-  QCOMPARE(platform::control<QProgressBar>(*sheet, "scanProgressBar").value(), 2);
-  QCOMPARE(shownLinks(desk, site.url()), QStringLiteral("a.html b.html private/c.html gone.html a.html"));
-  // No other site can come into hand, not even between two sheets.
-  for (const char* action : {"addMI", "editMI", "deleteMI", "scanMI", "ignoreRobotsMI"})
-    QVERIFY2(!desk.control<QAction>(action).isEnabled(), action);
-  for (const char* widget : {"siteListTable", "siteSearch", "scanSiteButton", "addSiteButton"})
-    QVERIFY2(!desk.enabled(widget), widget);
-  site.release();
-  QVERIFY(scanHasEnded(desk) && noSheetLeft());
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
-  QVERIFY(drawer.isVisible() && desk.enabled("siteListTable"));
-}
-
-void ScanWindowTest::goesByFiltersAndTheRobotsSwitch() {
-  SiteServer::Pages pages = smallSite();
-  pages["//robots.txt"] = {"User-agent: *\nDisallow: /private\n", "text/plain"};
-  const SiteServer server(pages);
-  Desk desk;
-  openWithShop(desk, server.url());
-  QVERIFY(desk.click("ignoreRobotsButton"));
-  QVERIFY(scan(desk));
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
-  QVERIFY(desk.click("ignoreRobotsButton"));
-  QVERIFY(desk.click("filterDrawerButton"));
-  QTest::keyClicks(&desk.control<QLineEdit>("newFilterInput"), QStringLiteral("/B.html"));
-  QVERIFY(desk.click("addFilterButton"));
-  QVERIFY(scan(desk));
-  QCOMPARE(desk.label("pagesFound"), QStringLiteral("3"));
-}
-
-void ScanWindowTest::stopsInMidPageAndWhileConnecting() {
-  for (const auto& [slow, sheetName, found] :
-       {std::tuple("/b.html", kProgress, "5"), std::tuple("/", kConnecting, "1")}) {
-    const SlowSite site(smallSite(), slow);
+  void scansFromTheButtonToTheFinalCounts() {
+    const SiteServer server([pages = smallSite()](const std::string& target, int times) {
+      const auto page = pages.find(target);
+      if (page != pages.end()) return page->second;
+      return times == 1 ? ServedPage{.status = 404} : ServedPage{"<title>Back</title>"};
+    });
     Desk desk;
-    openWithShop(desk, site.url());
-    QVERIFY(desk.click("scanSiteButton"));
-    QDialog* sheet = sheetNamed(sheetName);
-    QVERIFY(sheet);
-    // Of the five pages two are done then, and the others are known.
-    const bool connecting = sheet->objectName() == kConnecting;
-    QVERIFY(comesTrue([&] {
-      return site.isWaitedFor() && (connecting || counter("caPagesScanned") == QLatin1String("2"));
-    }));
-    pressEscape(*sheet);
-    QVERIFY(scanHasEnded(desk) && noSheetLeft());
-    // Found are also the pages that were never visited.
-    QCOMPARE(desk.label("pagesFound"), QLatin1String(found));
-    QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
-    QCOMPARE(status(desk), QStringLiteral("Stopped the scan of \"Shop\""));
-  }
-}
-
-void ScanWindowTest::asksAboutLooping() {
-  const SiteServer server({{"/", page("Start", {kLoop, "b.html"})}, {"/b.html", page("B", {})}});
-  Desk desk;
-  openWithShop(desk, server.url());
-  for (const bool goOn : {false, true}) {
-    QVERIFY(desk.click("scanSiteButton"));
-    QMessageBox* question = message(kLooping);
-    QVERIFY(question);
-    // One sheet at a time, and the scan waits behind it.
-    QVERIFY(!platform::control<QDialog>(desk.window(), "scanCustomAlertPanel").isVisible());
+    desk.openShop(server.url());
+    desk.go(4);
+    QTest::keyClick(&desk.window(), Qt::Key_F5);
     QVERIFY(!desk.enabled("scanSiteButton"));
-    QCOMPARE(server.timesAsked("GET /b.html"), 0);
-    if (goOn) QVERIFY(answer(question, QStringLiteral("Continue")));
-    if (!goOn) pressEscape(*question);
     QVERIFY(scanHasEnded(desk) && noSheetLeft());
-    QCOMPARE(desk.label("linksScanned"), goOn ? QStringLiteral("2") : QStringLiteral("1"));
+    QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
+    QCOMPARE(desk.label("linksScanned"), QStringLiteral("4"));
+    QCOMPARE(desk.label("brokenLinks"), QStringLiteral("1"));
+    QCOMPARE(desk.label("totalLinksFound"), QStringLiteral("9"));  // four pages with five anchors
+    QCOMPARE(shownLinks(desk, server.url()), QStringLiteral(" a.html b.html private/c.html gone.html"));
+    QCOMPARE(desk.status(), QStringLiteral("Scanned \"Shop\""));
+    QCOMPARE(desk.control<QTableView>("xmlTableView").model()->rowCount(), 4);  // the open view shows it
+    QCOMPARE(store::recordCount(desk.record("Shop"), store::kPagesFound), std::optional(5));
+    const QAbstractItemModel& sites = *desk.control<QTableView>("siteListTable").model();
+    QCOMPARE(sites.index(0, 1).data().toString(), QStringLiteral("5"));
+    QVERIFY(desk.commandsAre(true));
+    QCOMPARE(desk.reasons.lookUp("Shop", {server.url("gone.html")}).front().reason, "404 - Not Found");
+    // The next one forgets the broken page.
+    desk.go(1);
+    QVERIFY(scan(desk));
+    QCOMPARE(desk.label("brokenLinks"), QStringLiteral("0"));
+    QVERIFY(!desk.control<QPushButton>("brokenLinksButton").isVisible());
   }
-}
 
-void ScanWindowTest::tellsOfAnUnreachableSite() {
-  const SiteServer server(SiteServer::Pages{});
-  Desk desk;
-  openWithShop(desk, server.url());
-  QVERIFY(desk.click("filterDrawerButton"));
-  QVERIFY(desk.click("scanSiteButton"));
-  QMessageBox* alert = message(QStringLiteral("The Site URL Could Not Be Reached"));
-  QVERIFY(alert);
-  QCOMPARE(alert->informativeText(), QStringLiteral("Error Code: 404 - Not Found"));
-  QVERIFY(answer(alert, kOk));
-  QVERIFY(scanHasEnded(desk) && noSheetLeft());
-  QVERIFY(!desk.control<QDockWidget>("filterDrawer").isVisible());
-}
-
-void ScanWindowTest::refusesASiteThatIsScannedElsewhere() {
-  const SiteServer server(smallSite());
-  Desk desk;
-  openWithShop(desk, server.url());
-  const platform::FolderLock elsewhere(desk.controls.siteFolder("Shop"));
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(answer(message(QStringLiteral("The site \"Shop\" is being scanned already.")), kOk));
-  QVERIFY(scanHasEnded(desk));
-  QVERIFY(server.requests().empty());
-}
-
-void ScanWindowTest::scansAsTheSettingsSay() {
-  const SiteServer server(smallSite());
-  Desk desk;
-  openWithShop(desk, server.url());
-  desk.control<QAction>("scanSettingsMI").trigger();
-  QDialog* sheet = sheetNamed(QStringLiteral("scanSettingsSheet"));
-  QVERIFY(sheet);
-  auto& pages = platform::control<QSpinBox>(*sheet, "max-pages");
-  QTest::keyClicks(&pages, QStringLiteral("2"));
-  // Meanwhile another program changes what is not touched here, and scans.
-  const auto file = store::settingsFile(desk.reasons.state(), "Shop");
-  std::filesystem::create_directories(file.parent_path());
-  QVERIFY(platform::replaceFile(file, "connections 9\n").ok());
-  {
-    const platform::FolderLock scanned(desk.controls.siteFolder("Shop"));
-    QTest::keyClick(&pages, Qt::Key_Return);
-    QVERIFY(answer(message(QStringLiteral("The settings could not be saved.")), kOk));
+  void showsHowFarItIs() {
+    SlowSite site(smallSite(), "/b.html");
+    Desk desk;
+    desk.openShop(site.url());
+    auto& drawer = desk.control<QDockWidget>("filterDrawer");
+    QVERIFY(desk.click("filterDrawerButton"));
+    QVERIFY(desk.click("scanSiteButton"));
+    QVERIFY(!drawer.isVisible());
+    QDialog* sheet = sheetNamed(kProgress);
+    QVERIFY(sheet);
+    // Start and A are done, B is waited for, C and the broken page come behind.
+    QVERIFY(comesTrue([] { return counter("caPagesScanned") == QLatin1String("2"); }));
+    QCOMPARE(counter("caPagesLeft"), QStringLiteral("3"));
+    QCOMPARE(counter("tlsf"), QStringLiteral("7"));
+    QCOMPARE(platform::control<QProgressBar>(*sheet, "scanProgressBar").value(), 2);
+    QCOMPARE(shownLinks(desk, site.url()), QStringLiteral("a.html b.html private/c.html gone.html a.html"));
+    // No other site can come into hand, not even between two sheets.
+    QVERIFY(desk.commandsAre(false));
+    site.release();
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
+    QCOMPARE(desk.label("pagesFound"), QStringLiteral("5"));
+    QVERIFY(drawer.isVisible());
   }
-  QVERIFY(answer(sheet, QStringLiteral("Save")));
-  QCOMPARE(platform::readFile(file).text, std::string("max-pages 2\nconnections 9\n"));
-  QVERIFY(platform::replaceFile(file, "max-pages 2\nconnections 99\n").ok());
-  QVERIFY(scan(desk));
-  QCOMPARE(desk.label("linksScanned"), QStringLiteral("2"));
-  QVERIFY(status(desk).endsWith(QLatin1String("\"connections\" was ignored: it has to be 1 to 64.")));
-}
 
-void ScanWindowTest::tellsOfALostDocument() {
-  SlowSite site(smallSite(), "/b.html");
-  Desk desk;
-  openWithShop(desk, site.url());
-  QVERIFY(desk.click("scanSiteButton"));
-  QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
-  QVERIFY(std::filesystem::remove(desk.controls.siteFolder("Shop") / "sitemap.xml"));
-  site.release();
-  QMessageBox* alert = message(QStringLiteral("Not everything could be written."));
-  QVERIFY(alert && alert->informativeText().startsWith(QLatin1String("sitemap.xml: ")));
-  QVERIFY(answer(alert, kOk));
-  QVERIFY(scanHasEnded(desk));
-}
+  void goesByFiltersAndTheRobotsSwitch() {
+    SiteServer::Pages pages = smallSite();
+    pages["//robots.txt"] = {"User-agent: *\nDisallow: /private\n", "text/plain"};
+    const SiteServer server(pages);
+    Desk desk;
+    desk.writeFile("Shop", "filters.vskp", "/B.html\n");
+    desk.openShop(server.url());
+    for (const char* found : {"3", "4"}) {
+      QVERIFY(scan(desk));
+      QCOMPARE(desk.label("pagesFound"), QLatin1String(found));
+      QVERIFY(desk.click("ignoreRobotsButton"));
+    }
+  }
 
-void ScanWindowTest::noticesASiteWithoutEnd() {
-  std::vector<std::string> links;
-  for (int i = 0; i < 220; ++i) links.push_back("same.html?session=" + std::to_string(i));
-  const SiteServer server([&](const std::string& target, int) {
-    return target == "/" ? page("Start", links) : page("The same", {});
-  });
-  Desk desk;
-  desk.makeSite("Blog", "http://blog.test/");
-  openWithShop(desk, server.url());
-  const auto& notice = desk.control<QLabel>("scanNotice");
-  QVERIFY(scan(desk));
-  QVERIFY(notice.isVisible());
-  QVERIFY(notice.text().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
-  QVERIFY(desk.select(QStringLiteral("Blog")));
-  QVERIFY(!notice.isVisible());
-}
+  void stopsInMidPageAndWhileConnecting() {
+    for (const auto& [slow, sheetName, found] :
+         {std::tuple("/b.html", kProgress, "5"), std::tuple("/", kConnecting, "1")}) {
+      const SlowSite site(smallSite(), slow);
+      Desk desk;
+      desk.openShop(site.url());
+      QVERIFY(desk.click("scanSiteButton"));
+      QDialog* sheet = sheetNamed(sheetName);
+      QVERIFY(sheet);
+      // Of the five pages two are done then, and the others are known.
+      const bool connecting = sheet->objectName() == kConnecting;
+      QVERIFY(comesTrue([&] {
+        return site.isWaitedFor() && (connecting || counter("caPagesScanned") == QLatin1String("2"));
+      }));
+      pressEscape(*sheet);
+      QVERIFY(scanHasEnded(desk) && noSheetLeft());
+      // Found are also the pages that were never visited.
+      QCOMPARE(desk.label("pagesFound"), QLatin1String(found));
+      QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
+      QCOMPARE(desk.status(), QStringLiteral("Stopped the scan of \"Shop\""));
+    }
+  }
+
+  void asksAboutLooping() {
+    const SiteServer server({{"/", page("Start", {kLoop, "b.html"})}, {"/b.html", page("B", {})}});
+    Desk desk;
+    desk.openShop(server.url());
+    for (const bool goOn : {false, true}) {
+      QVERIFY(desk.click("scanSiteButton"));
+      QMessageBox* question = message(kLooping);
+      QVERIFY(question);
+      // One sheet at a time, and the scan waits behind it.
+      QVERIFY(!platform::control<QDialog>(desk.window(), "scanCustomAlertPanel").isVisible());
+      QVERIFY(!desk.enabled("scanSiteButton"));
+      QCOMPARE(server.timesAsked("GET /b.html"), 0);
+      if (goOn) QVERIFY(answer(question, QStringLiteral("Continue")));
+      if (!goOn) pressEscape(*question);
+      QVERIFY(scanHasEnded(desk) && noSheetLeft());
+      QCOMPARE(desk.label("linksScanned"), goOn ? QStringLiteral("2") : QStringLiteral("1"));
+    }
+  }
+
+  void tellsOfAnUnreachableSite() {
+    const SiteServer server(SiteServer::Pages{});
+    Desk desk;
+    desk.openShop(server.url());
+    QVERIFY(desk.click("scanSiteButton"));
+    QMessageBox* alert = message(QStringLiteral("The Site URL Could Not Be Reached"));
+    QVERIFY(alert);
+    QCOMPARE(alert->informativeText(), QStringLiteral("Error Code: 404 - Not Found"));
+    QVERIFY(answer(alert, kOk));
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
+  }
+
+  void refusesASiteThatIsScannedElsewhere() {
+    const SiteServer server(smallSite());
+    Desk desk;
+    desk.openShop(server.url());
+    const platform::FolderLock elsewhere(desk.controls.siteFolder("Shop"));
+    QVERIFY(desk.click("scanSiteButton"));
+    QVERIFY(answer(message(QStringLiteral("The site \"Shop\" is being scanned already.")), kOk));
+    QVERIFY(scanHasEnded(desk));
+    QVERIFY(server.requests().empty());
+  }
+
+  void scansAsTheSettingsSay() {
+    const SiteServer server(smallSite());
+    Desk desk;
+    desk.openShop(server.url());
+    desk.control<QAction>("scanSettingsMI").trigger();
+    QDialog* sheet = sheetNamed(QStringLiteral("scanSettingsSheet"));
+    QVERIFY(sheet);
+    auto& pages = platform::control<QSpinBox>(*sheet, "max-pages");
+    QTest::keyClicks(&pages, QStringLiteral("2"));
+    // Meanwhile another program changes what is not touched here, and scans.
+    const auto file = store::settingsFile(desk.reasons.state(), "Shop");
+    std::filesystem::create_directories(file.parent_path());
+    QVERIFY(platform::replaceFile(file, "connections 9\n").ok());
+    {
+      const platform::FolderLock scanned(desk.controls.siteFolder("Shop"));
+      QTest::keyClick(&pages, Qt::Key_Return);
+      QVERIFY(answer(message(QStringLiteral("The settings could not be saved.")), kOk));
+    }
+    QVERIFY(answer(sheet, QStringLiteral("Save")));
+    QCOMPARE(platform::readFile(file).text, std::string("max-pages 2\nconnections 9\n"));
+    QVERIFY(platform::replaceFile(file, "max-pages 2\nconnections 99\n").ok());
+    QVERIFY(scan(desk));
+    QCOMPARE(desk.label("linksScanned"), QStringLiteral("2"));
+    QVERIFY(desk.status().endsWith(QLatin1String("\"connections\" was ignored: it has to be 1 to 64.")));
+  }
+
+  void tellsOfALostDocument() {
+    SlowSite site(smallSite(), "/b.html");
+    Desk desk;
+    desk.openShop(site.url());
+    QVERIFY(desk.click("scanSiteButton"));
+    QVERIFY(comesTrue([&] { return site.isWaitedFor(); }));
+    QVERIFY(std::filesystem::remove(desk.controls.siteFolder("Shop") / "sitemap.xml"));
+    site.release();
+    QMessageBox* alert = message(QStringLiteral("Not everything could be written."));
+    QVERIFY(alert && alert->informativeText().startsWith(QLatin1String("sitemap.xml: ")));
+    QVERIFY(answer(alert, kOk));
+    QVERIFY(scanHasEnded(desk));
+  }
+
+  void noticesASiteWithoutEnd() {
+    std::vector<std::string> links;
+    for (int i = 0; i < 220; ++i) links.push_back("same.html?session=" + std::to_string(i));
+    const SiteServer server([&](const std::string& target, int) {
+      return target == "/" ? page("Start", links) : page("The same", {});
+    });
+    Desk desk;
+    desk.makeSite("Blog", "http://blog.test/");
+    desk.openShop(server.url());
+    const auto& notice = desk.control<QLabel>("scanNotice");
+    QVERIFY(scan(desk));
+    QVERIFY(notice.isVisible());
+    QVERIFY(notice.text().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
+    QVERIFY(desk.select(QStringLiteral("Blog")));
+    QVERIFY(!notice.isVisible());
+  }
+};
 
 }  // namespace window_tests
 

@@ -15,7 +15,7 @@ namespace {
 const QString kMistakes = QStringLiteral("The following error has occurred while saving your site.");
 const QString kTaken =
     QStringLiteral("The site you are trying to create already exists, please select a different name.");
-const QString kDelete = QStringLiteral("Do you really want to delete the site:\n");
+const QString kAddress = QStringLiteral("www.shop.test");
 
 /// The sheet with its two fields.
 struct Editor {
@@ -59,149 +59,136 @@ class SiteEditorTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void addsBySheetAndKeys();
-  void renames();
-  void tellsOfANameThatIsTaken();
-  void leavesASiteThatIsScannedAlone();
-  void closesWithoutAChange();
-  void deletes();
-};
-
-void SiteEditorTest::addsBySheetAndKeys() {
-  Desk desk;
-  for (int i = 0; i < 60; ++i) desk.makeSite("Blog " + std::to_string(100 + i), "http://blog.test/");
-  desk.open();
-  desk.control<QLineEdit>("siteSearch").setText(QStringLiteral("Blog 101"));
-  QTest::keyClick(&desk.window(), Qt::Key_N, Qt::ControlModifier);
-  const Editor editor;
-  QVERIFY(editor.isUp() && editor.holds({}, {}));
-  QVERIFY(comesTrue([&] { return editor.name().hasFocus(); }));
-  QTest::keyClicks(&editor.name(), QStringLiteral("a.b"));
-  QTest::keyClick(&editor.name(), Qt::Key_Tab);
-  QTest::keyClicks(&editor.url(), QStringLiteral("www.shop.test"));
-  QTest::keyClick(&editor.url(), Qt::Key_Return);
-  QVERIFY(editor.comesBackFrom(kMistakes, QStringLiteral("a.b"), QStringLiteral("www.shop.test")));
-  QVERIFY(editor.url().hasFocus());
-
-  editor.fill(QStringLiteral("Blog 100"), QStringLiteral("www.shop.test"));
-  QVERIFY(editor.confirm());
-  QVERIFY(editor.comesBackFrom(kTaken, QStringLiteral("Blog 100"), QStringLiteral("www.shop.test")));
-  editor.fill(kShop, QStringLiteral("www.shop.test"));
-  QVERIFY(editor.confirm());
-  QVERIFY(noSheetLeft());
-  QCOMPARE(desk.record("Shop"), store::newSiteRecord("Shop", "http://www.shop.test/"));
-  QVERIFY(desk.nothingSelected());
-  // It is to be seen in the list, although nobody searched for it and it is the last one.
-  QCOMPARE(desk.listedSites().size(), 61);
-  const auto& table = desk.control<QTableView>("siteListTable");
-  QVERIFY(table.viewport()->rect().contains(table.visualRect(table.model()->index(60, 0)).center()));
-}
-
-void SiteEditorTest::renames() {
-  Desk desk;
-  desk.makeSite("Shop", "", "<siteName>Shop</siteName>\n<siteURL>http://shop.test/</siteURL>\n");
-  QVERIFY(desk.reasons.save("Shop", {{"http://shop.test/gone", "404 - Not Found"}}).ok());
-  desk.open();
-  QVERIFY(desk.select(kShop));
-  QTest::keyClick(&desk.window(), Qt::Key_I, Qt::ControlModifier);
-  const Editor editor;
-  QVERIFY(editor.isUp() && editor.holds(kShop, QStringLiteral("http://shop.test/")));
-  editor.fill(QStringLiteral("Caf\u00e9"), QStringLiteral("https://shop.test/start.php"));
-  QVERIFY(editor.confirm());
-  QVERIFY(noSheetLeft());
-  QCOMPARE(desk.listedSites(), QStringList{QStringLiteral("Caf\u00e9")});
-  const std::string name = platform::toUtf8(QStringLiteral("Caf\u00e9"));
-  QVERIFY(desk.record(name).starts_with("<siteName>" + name +
-                                        "</siteName>\n<siteURL>https://shop.test/start.php</siteURL>\n"));
-  QVERIFY(desk.reasons.savedAt(name));
-  QVERIFY(desk.nothingSelected());
-}
-
-/// The other site gets the address. When it cannot get it, that is told.
-void SiteEditorTest::tellsOfANameThatIsTaken() {
-  for (const bool writable : {true, false}) {
+  void addsBySheetAndKeys() {
     Desk desk;
-    desk.makeSite("Blog", "http://blog.test/");
-    desk.makeSite("Shop", "http://shop.test/");
+    for (int i = 0; i < 60; ++i) desk.makeSite("Blog " + std::to_string(100 + i), "http://blog.test/");
     desk.open();
-    if (!writable) std::filesystem::remove(desk.controls.returnFullFileLocation("Blog"));
-    const Editor editor = edit(desk, kShop);
-    QVERIFY(editor.isUp());
-    const std::string edited = desk.record("Shop");
-    editor.fill(QStringLiteral("Blog"), QStringLiteral("http://new.test/"));
+    desk.control<QLineEdit>("siteSearch").setText(QStringLiteral("Blog 101"));
+    QTest::keyClick(&desk.window(), Qt::Key_N, Qt::ControlModifier);
+    const Editor editor;
+    QVERIFY(editor.isUp() && editor.holds({}, {}));
+    QVERIFY(comesTrue([&] { return editor.name().hasFocus(); }));
+    QTest::keyClicks(&editor.name(), QStringLiteral("a.b"));
+    QTest::keyClick(&editor.name(), Qt::Key_Tab);
+    QTest::keyClicks(&editor.url(), kAddress);
+    QTest::keyClick(&editor.url(), Qt::Key_Return);
+    QVERIFY(editor.comesBackFrom(kMistakes, QStringLiteral("a.b"), kAddress));
+    QVERIFY(editor.url().hasFocus());
+
+    editor.fill(QStringLiteral("Blog 100"), kAddress);
     QVERIFY(editor.confirm());
-    QMessageBox* alert =
-        message(QStringLiteral("A site with the name \"Blog\" already exists, please delete this site first "
-                               "or select a different name."));
-    QVERIFY(alert && !editor.sheet->isVisible());
-    QCOMPARE(alert->informativeText().isEmpty(), writable);
-    QVERIFY(answer(alert, kOk));
-    QCOMPARE(desk.record("Shop"), edited);
-    QCOMPARE(desk.record("Blog"),
-             writable ? store::newSiteRecord("Blog", "http://new.test/") : std::string("(missing)"));
+    QVERIFY(editor.comesBackFrom(kTaken, QStringLiteral("Blog 100"), kAddress));
+    editor.fill(kShop, kAddress);
+    QVERIFY(editor.confirm());
+    QVERIFY(noSheetLeft());
+    QCOMPARE(desk.record("Shop"), store::newSiteRecord("Shop", "http://www.shop.test/"));
+    QVERIFY(desk.nothingSelected());
+    // It is to be seen in the list, although nobody searched for it and it is the last one.
+    QCOMPARE(desk.listedSites().size(), 61);
+    const auto& table = desk.control<QTableView>("siteListTable");
+    QVERIFY(table.viewport()->rect().contains(table.visualRect(table.model()->index(60, 0)).center()));
+  }
+
+  void renames() {
+    Desk desk;
+    QVERIFY(desk.reasons.save("Shop", {{"http://shop.test/gone", "404 - Not Found"}}).ok());
+    desk.openShop({}, "<siteName>Shop</siteName>\n<siteURL>http://shop.test/</siteURL>\n");
+    QTest::keyClick(&desk.window(), Qt::Key_I, Qt::ControlModifier);
+    const Editor editor;
+    QVERIFY(editor.isUp() && editor.holds(kShop, QStringLiteral("http://shop.test/")));
+    editor.fill(QStringLiteral("Caf\u00e9"), QStringLiteral("https://shop.test/start.php"));
+    QVERIFY(editor.confirm());
+    QVERIFY(noSheetLeft());
+    QCOMPARE(desk.listedSites(), QStringList{QStringLiteral("Caf\u00e9")});
+    const std::string name = platform::toUtf8(QStringLiteral("Caf\u00e9"));
+    QVERIFY(desk.record(name).starts_with("<siteName>" + name +
+                                          "</siteName>\n<siteURL>https://shop.test/start.php</siteURL>\n"));
+    QVERIFY(desk.reasons.savedAt(name));
     QVERIFY(desk.nothingSelected());
   }
-}
 
-void SiteEditorTest::leavesASiteThatIsScannedAlone() {
-  Desk desk;
-  desk.makeSite("Shop", "http://shop.test/");
-  desk.open();
-  const QString busy = QStringLiteral("The site \"Shop\" is being scanned.");
-  const platform::FolderLock scan(desk.controls.siteFolder("Shop"));
-  const Editor editor = edit(desk, kShop);
-  QVERIFY(editor.isUp());
-  editor.fill(QStringLiteral("Store"), QStringLiteral("http://shop.test/"));
-  QVERIFY(editor.confirm());
-  QVERIFY(editor.comesBackFrom(busy, QStringLiteral("Store"), QStringLiteral("http://shop.test/")));
-  QVERIFY(desk.record("Shop") != "(missing)");
-}
+  /// The other site gets the address. When it cannot get it, that is told.
+  void tellsOfANameThatIsTaken() {
+    for (const bool writable : {true, false}) {
+      Desk desk;
+      desk.makeSite("Blog", "http://blog.test/");
+      desk.openShop();
+      if (!writable) std::filesystem::remove(desk.controls.returnFullFileLocation("Blog"));
+      const Editor editor = edit(desk, kShop);
+      QVERIFY(editor.isUp());
+      const std::string edited = desk.record("Shop");
+      editor.fill(QStringLiteral("Blog"), QStringLiteral("http://new.test/"));
+      QVERIFY(editor.confirm());
+      QMessageBox* alert = message(
+          QStringLiteral("A site with the name \"Blog\" already exists, please delete this site first "
+                         "or select a different name."));
+      QVERIFY(alert && !editor.sheet->isVisible());
+      QCOMPARE(alert->informativeText().isEmpty(), writable);
+      QVERIFY(answer(alert, kOk));
+      QCOMPARE(desk.record("Shop"), edited);
+      QCOMPARE(desk.record("Blog"),
+               writable ? store::newSiteRecord("Blog", "http://new.test/") : std::string("(missing)"));
+      QVERIFY(desk.nothingSelected());
+    }
+  }
 
-void SiteEditorTest::closesWithoutAChange() {
-  Desk desk;
-  desk.makeSite("Shop", "http://shop.test/");
-  desk.open();
-  const Editor cancelled = edit(desk, kShop);
-  QVERIFY(cancelled.isUp());
-  cancelled.fill(QStringLiteral("Other"), QStringLiteral("http://other.test/"));
-  QVERIFY(click(cancelled.button("alternateButton")));
-  QVERIFY(noSheetLeft() && desk.nothingSelected());
-  QCOMPARE(desk.listedSites(), QStringList{kShop});
-  QVERIFY(desk.select(kShop));
-  std::filesystem::remove_all(desk.controls.siteFolder("Shop"));
-  QVERIFY(desk.click("editSiteButton"));
-  QVERIFY(comesTrue([] { return topSheet() != nullptr; }));
-  const auto* alert = qobject_cast<QMessageBox*>(topSheet());
-  QVERIFY(alert && alert->text().contains(QLatin1String("Shop.qzVSK")));
-  QVERIFY(answer(topSheet(), kOk));
-  QVERIFY(desk.click("addSiteButton"));
-  const Editor editor;
-  QVERIFY(editor.isUp() && editor.holds({}, {}));  // nothing of it sticks to the next sheet
-}
+  void leavesASiteThatIsScannedAlone() {
+    Desk desk;
+    desk.openShop();
+    const QString busy = QStringLiteral("The site \"Shop\" is being scanned.");
+    const platform::FolderLock scan(desk.controls.siteFolder("Shop"));
+    const Editor editor = edit(desk, kShop);
+    QVERIFY(editor.isUp());
+    editor.fill(QStringLiteral("Store"), QStringLiteral("http://shop.test/"));
+    QVERIFY(editor.confirm());
+    QVERIFY(editor.comesBackFrom(busy, QStringLiteral("Store"), QStringLiteral("http://shop.test/")));
+    QVERIFY(desk.record("Shop") != "(missing)");
+  }
 
-void SiteEditorTest::deletes() {
-  Desk desk;
-  desk.makeSite("Blog", "http://blog.test/");
-  desk.makeSite("<b>Shop", "http://shop.test/");
-  QVERIFY(desk.reasons.save("<b>Shop", {{"http://shop.test/gone", "404 - Not Found"}}).ok());
-  desk.open();
-  QVERIFY(desk.select(QStringLiteral("<b>Shop")));
-  const QString question = kDelete + QStringLiteral("<b>Shop");
-  QTest::keyClick(&desk.control<QTableView>("siteListTable"), Qt::Key_Delete);
-  QMessageBox* asked = message(question);
-  QVERIFY(asked);
-  QCOMPARE(asked->textFormat(), Qt::PlainText);
-  pressEscape(*asked);
-  QVERIFY(noSheetLeft());
-  QVERIFY(std::filesystem::exists(desk.controls.siteFolder("<b>Shop")));
+  void closesWithoutAChange() {
+    Desk desk;
+    desk.openShop();
+    const Editor cancelled = edit(desk, kShop);
+    QVERIFY(cancelled.isUp());
+    cancelled.fill(QStringLiteral("Other"), QStringLiteral("http://other.test/"));
+    QVERIFY(click(cancelled.button("alternateButton")));
+    QVERIFY(noSheetLeft() && desk.nothingSelected());
+    QCOMPARE(desk.listedSites(), QStringList{kShop});
+    QVERIFY(desk.select(kShop));
+    std::filesystem::remove_all(desk.controls.siteFolder("Shop"));
+    QVERIFY(desk.click("editSiteButton"));
+    QVERIFY(comesTrue([] { return topSheet() != nullptr; }));
+    const auto* alert = qobject_cast<QMessageBox*>(topSheet());
+    QVERIFY(alert && alert->text().contains(QLatin1String("Shop.qzVSK")));
+    QVERIFY(answer(topSheet(), kOk));
+    QVERIFY(desk.click("addSiteButton"));
+    const Editor editor;
+    QVERIFY(editor.isUp() && editor.holds({}, {}));  // nothing of it sticks to the next sheet
+  }
 
-  QVERIFY(desk.click("deleteSiteButton"));
-  QVERIFY(answer(message(question), QStringLiteral("Delete")));
-  QVERIFY(comesTrue([&] { return desk.listedSites() == QStringList{QStringLiteral("Blog")}; }));
-  QVERIFY(!std::filesystem::exists(desk.controls.siteFolder("<b>Shop")));
-  QVERIFY(!desk.reasons.savedAt("<b>Shop"));
-  QVERIFY(desk.nothingSelected());
-}
+  void deletes() {
+    Desk desk;
+    desk.makeSite("Blog", "http://blog.test/");
+    desk.makeSite("<b>Shop", "http://shop.test/");
+    QVERIFY(desk.reasons.save("<b>Shop", {{"http://shop.test/gone", "404 - Not Found"}}).ok());
+    desk.open();
+    QVERIFY(desk.select(QStringLiteral("<b>Shop")));
+    const QString question = QStringLiteral("Do you really want to delete the site:\n<b>Shop");
+    QTest::keyClick(&desk.control<QTableView>("siteListTable"), Qt::Key_Delete);
+    QMessageBox* asked = message(question);
+    QVERIFY(asked);
+    QCOMPARE(asked->textFormat(), Qt::PlainText);
+    QVERIFY(dismiss(asked));
+    QVERIFY(std::filesystem::exists(desk.controls.siteFolder("<b>Shop")));
+
+    QVERIFY(desk.click("deleteSiteButton"));
+    QVERIFY(answer(message(question), QStringLiteral("Delete")));
+    QVERIFY(comesTrue([&] { return desk.listedSites() == QStringList{QStringLiteral("Blog")}; }));
+    QVERIFY(!std::filesystem::exists(desk.controls.siteFolder("<b>Shop")));
+    QVERIFY(!desk.reasons.savedAt("<b>Shop"));
+    QVERIFY(desk.nothingSelected());
+  }
+};
 
 }  // namespace window_tests
 

@@ -2,13 +2,13 @@
 // wall, and none may bite where there are all.
 #include <QDropEvent>
 #include <QMimeData>
+#include <QPointer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineSettings>
 #include <memory>
-#include <optional>
 #include <span>
 
 #include "open_view.h"
@@ -101,157 +101,144 @@ class WebWallsTest : public QObject {
  private slots:
   void initTestCase() { m_views = std::make_unique<Views>(); }
   void cleanupTestCase() { m_views.reset(); }
-  void holdsEveryBait();
-  void readsNoFiles();
-  void goesNowhere();
-  void savesNothing();
-  void takesNoDrops();
-  void takesNoCommandsFromADocument();
+  void holdsEveryBait() {
+    holds(kBaits);
+    for (const Bait& each : kLast) holds({&each, 1});
+  }
+
+  void readsNoFiles() {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("picture.png"));
+    QImage picture(7, 7, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    QVERIFY(picture.save(file));
+    const QString html =
+        withText(QStringLiteral("<img src='file://%1'><iframe src='file://%1'></iframe>").arg(file));
+    const auto isRead = [](QWebEngineView& view) {
+      return inPage(view, QStringLiteral("document.images[0].naturalWidth")).toInt() == 7;
+    };
+    for (OpenView* each : {&m_views->settings, &m_views->profile, &m_views->open}) QVERIFY(each->load(html));
+    QVERIFY(m_views->walled.load(html));
+    QVERIFY(comesTrue([&] { return isRead(m_views->open.view()); }));
+    QVERIFY(!isRead(m_views->settings.view()) && !isRead(m_views->profile.view()));
+    QVERIFY(!isRead(m_views->walled.view()));
+  }
+
+  void goesNowhere() {
+    for (const char* target : {"about:blank", "data:text/html,x", "file:///etc/hostname",
+                               "veskel-document:/0", "http://127.0.0.1:1/", "chrome://version"}) {
+      // Every way there is, with scripts on.
+      const QString html = withText(
+          QStringLiteral("<meta http-equiv=refresh content='0;url=%1'><a id=x href='%1'>x</a>"
+                         "<form id=f action='%1'></form><form id=p method=post action='%1'></form>"
+                         "<script>onload = () => setTimeout(() => {"
+                         "  x.click(); f.submit(); p.submit(); location.replace('%1'); location = '%1';"
+                         "  location.reload(); history.go(-1); open('%1');"
+                         "  document.body.dataset.tried = 1; })</script>")
+              .arg(QLatin1String(target)));
+      const QString tried = QStringLiteral("document.body.dataset.tried");
+      QVERIFY(m_views->page.load(html));
+      QVERIFY(
+          comesTrue([&] { return inPage(m_views->page.view(), tried).toString() == QLatin1String("1"); }));
+      QVERIFY(m_views->page.isStill());
+      QVERIFY(m_views->walled.load(html));
+      QVERIFY(m_views->walled.isStill());
+      QVERIFY(inPage(m_views->walled.view(), tried).isNull());
+    }
+  }
+
+  void savesNothing() {
+    const QString html =
+        withText(QStringLiteral("<a id=x download=kept.txt>x</a><script>"
+                                "x.href = URL.createObjectURL(new Blob(['text'])); x.click()</script>"));
+    const QTemporaryDir folder;
+    const auto saved = [&](OpenView& view) {
+      const QObject context;
+      QPointer<QWebEngineDownloadRequest> download;
+      connect(&view.profile(), &QWebEngineProfile::downloadRequested, &context, [&](auto* requested) {
+        requested->accept();
+        download = requested;
+      });
+      view.profile().setDownloadPath(folder.path());
+      view.load(html);
+      return comesTrue([&] { return download && download->isFinished(); }) &&
+             download->state() == QWebEngineDownloadRequest::DownloadCompleted;
+    };
+    QVERIFY(!saved(m_views->profile));
+    QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("kept.txt"))));
+    QVERIFY(saved(m_views->open));
+  }
+
+  void takesNoDrops() {
+    QMimeData data;
+    data.setUrls({QUrl(QStringLiteral("http://127.0.0.1:1/"))});
+    data.setText(QStringLiteral("http://127.0.0.1:1/"));
+    const auto takes = [&](QWidget& target) {
+      QDragEnterEvent event(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+      event.ignore();
+      QApplication::sendEvent(&target, &event);
+      return target.acceptDrops() && event.isAccepted();
+    };
+    QVERIFY(m_views->walled.load(withText({})));
+    QVERIFY(takes(m_views->open.view()));
+    QVERIFY(!m_views->walled.view().acceptDrops());
+    for (QWidget* each : m_views->walled.view().findChildren<QWidget*>()) QVERIFY(!takes(*each));
+  }
+
+  /// The way from the script to the program is not the document's.
+  void takesNoCommandsFromADocument() {
+    const QString html = withText(
+        QStringLiteral("<script>document.body.dataset.seen = typeof qt + typeof QWebChannel</script>"));
+    // With scripts allowed they still see nothing of it.
+    for (const bool allowed : {true, false}) {
+      m_views->walled.view().page()->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, allowed);
+      QVERIFY(m_views->walled.load(html));
+      QCOMPARE(inPage(m_views->walled.view(), QStringLiteral("document.body.dataset.seen")).toString(),
+               allowed ? QStringLiteral("undefinedundefined") : QString());
+    }
+  }
 
  private:
-  void holds(std::span<const Bait> baits);
+  void holds(std::span<const Bait> baits) {
+    const auto baited = [&](const Lure& lure) {
+      QString html;
+      for (int i = 0; i < static_cast<int>(baits.size()); ++i)
+        html += QString::fromUtf8(baits[i].html).replace(QLatin1String("LURE"), lure.url(i));
+      return withText(html);
+    };
+    const Lure settings;
+    const Lure profile;
+    const Lure page;
+    const Lure walled;
+    const Lure open;
+    const std::pair<OpenView*, const Lure*> views[] = {
+        {&m_views->settings, &settings}, {&m_views->profile, &profile}, {&m_views->page, &page}};
+    for (const auto& [view, lure] : views) {
+      QVERIFY(view->load(baited(*lure)));
+      view->act();
+    }
+    QVERIFY(m_views->walled.load(baited(walled)));
+    inPage(m_views->walled.view(), kAct);
+    // Where there is no wall it is taken. By then those before would have taken it, too.
+    QVERIFY(m_views->open.load(baited(open)));
+    m_views->open.act();
+    for (int i = 0; i < static_cast<int>(baits.size()); ++i) {
+      const Bait& bait = baits[i];
+      QVERIFY2(comesTrue([&] {
+                 return open.isAskedFor(i) ||
+                        (bait.way == Way::opensAWindow && m_views->open.windows() == kWindows);
+               }),
+               bait.name);
+      QVERIFY2(bait.way == Way::asks || !page.isAskedFor(i), bait.name);
+    }
+    QVERIFY(m_views->walled.isStill());
+    QCOMPARE(settings.connections(), 0);
+    QCOMPARE(profile.connections(), 0);
+    QCOMPARE(walled.connections(), 0);
+  }
 
   std::unique_ptr<Views> m_views;
 };
-
-void WebWallsTest::holdsEveryBait() {
-  holds(kBaits);
-  for (const Bait& each : kLast) holds({&each, 1});
-}
-
-void WebWallsTest::holds(std::span<const Bait> baits) {
-  const auto baited = [&](const Lure& lure) {
-    QString html;
-    for (int i = 0; i < static_cast<int>(baits.size()); ++i)
-      html += QString::fromUtf8(baits[i].html).replace(QLatin1String("LURE"), lure.url(i));
-    return withText(html);
-  };
-  const Lure settings;
-  const Lure profile;
-  const Lure page;
-  const Lure walled;
-  const Lure open;
-  const std::pair<OpenView*, const Lure*> views[] = {
-      {&m_views->settings, &settings}, {&m_views->profile, &profile}, {&m_views->page, &page}};
-  for (const auto& [view, lure] : views) {
-    QVERIFY(view->load(baited(*lure)));
-    view->act();
-  }
-  QVERIFY(m_views->walled.load(baited(walled)));
-  inPage(m_views->walled.view(), kAct);
-  // Where there is no wall it is taken. By then those before would have taken it, too.
-  QVERIFY(m_views->open.load(baited(open)));
-  m_views->open.act();
-  for (int i = 0; i < static_cast<int>(baits.size()); ++i) {
-    const Bait& bait = baits[i];
-    QVERIFY2(comesTrue([&] {
-               return open.isAskedFor(i) ||
-                      (bait.way == Way::opensAWindow && m_views->open.windows() == kWindows);
-             }),
-             bait.name);
-    QVERIFY2(bait.way == Way::asks || !page.isAskedFor(i), bait.name);
-  }
-  QVERIFY(m_views->walled.isStill());
-  QCOMPARE(settings.connections(), 0);
-  QCOMPARE(profile.connections(), 0);
-  QCOMPARE(walled.connections(), 0);
-}
-
-void WebWallsTest::readsNoFiles() {
-  const QTemporaryDir folder;
-  const QString file = folder.filePath(QStringLiteral("picture.png"));
-  QImage picture(7, 7, QImage::Format_RGB32);
-  picture.fill(Qt::red);
-  QVERIFY(picture.save(file));
-  const QString html =
-      withText(QStringLiteral("<img src='file://%1'><iframe src='file://%1'></iframe>").arg(file));
-  const QString width = QStringLiteral("document.images[0].complete && document.images[0].naturalWidth");
-  for (OpenView* each : {&m_views->settings, &m_views->profile}) QVERIFY(each->load(html));
-  QVERIFY(m_views->walled.load(html));
-  QVERIFY(m_views->open.load(html));
-  QVERIFY(comesTrue([&] { return inPage(m_views->open.view(), width).toInt() == 7; }));
-  QCOMPARE(inPage(m_views->settings.view(), width).toInt(), 0);
-  QCOMPARE(inPage(m_views->profile.view(), width).toInt(), 0);
-  QCOMPARE(inPage(m_views->walled.view(), width).toInt(), 0);
-}
-
-void WebWallsTest::goesNowhere() {
-  for (const char* target : {"about:blank", "data:text/html,x", "file:///etc/hostname", "veskel-document:/0",
-                             "http://127.0.0.1:1/", "chrome://version"}) {
-    // Every way there is, with scripts on.
-    const QString html = withText(
-        QStringLiteral("<meta http-equiv=refresh content='0;url=%1'><a id=x href='%1'>x</a>"
-                       "<form id=f action='%1'></form><form id=p method=post action='%1'></form>"
-                       "<script>onload = () => setTimeout(() => {"
-                       "  x.click(); f.submit(); p.submit(); location.replace('%1'); location = '%1';"
-                       "  location.reload(); history.go(-1); open('%1');"
-                       "  document.body.dataset.tried = 1; })</script>")
-            .arg(QLatin1String(target)));
-    const QString tried = QStringLiteral("document.body.dataset.tried");
-    QVERIFY(m_views->page.load(html));
-    QVERIFY(comesTrue([&] { return inPage(m_views->page.view(), tried).toString() == QLatin1String("1"); }));
-    QVERIFY(m_views->page.isStill());
-    QVERIFY(m_views->walled.load(html));
-    QVERIFY(m_views->walled.isStill());
-    QVERIFY(inPage(m_views->walled.view(), tried).isNull());
-  }
-}
-
-void WebWallsTest::savesNothing() {
-  const QString html =
-      withText(QStringLiteral("<a id=x download=kept.txt>x</a><script>"
-                              "x.href = URL.createObjectURL(new Blob(['text'])); x.click()</script>"));
-  const QTemporaryDir folder;
-  const auto saved = [&](OpenView& view) {
-    view.profile().setDownloadPath(folder.path());
-    std::optional<QWebEngineDownloadRequest::DownloadState> end;
-    const auto connection =
-        QObject::connect(&view.profile(), &QWebEngineProfile::downloadRequested, this,
-                         [&](QWebEngineDownloadRequest* download) {
-                           download->accept();
-                           if (download->isFinished()) end = download->state();
-                           QObject::connect(download, &QWebEngineDownloadRequest::isFinishedChanged, this,
-                                            [&end, download] { end = download->state(); });
-                         });
-    view.load(html);
-    const bool ended = comesTrue([&] { return end.has_value(); });
-    QObject::disconnect(connection);
-    return ended && end == QWebEngineDownloadRequest::DownloadCompleted;
-  };
-  QVERIFY(!saved(m_views->profile));
-  QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("kept.txt"))));
-  QVERIFY(saved(m_views->open));
-}
-
-void WebWallsTest::takesNoDrops() {
-  QMimeData data;
-  data.setUrls({QUrl(QStringLiteral("http://127.0.0.1:1/"))});
-  data.setText(QStringLiteral("http://127.0.0.1:1/"));
-  const auto takes = [&](QWidget& target) {
-    QDragEnterEvent event(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    event.ignore();
-    QApplication::sendEvent(&target, &event);
-    return target.acceptDrops() && event.isAccepted();
-  };
-  QVERIFY(m_views->walled.load(withText({})));
-  QVERIFY(takes(m_views->open.view()));
-  QVERIFY(!m_views->walled.view().acceptDrops());
-  for (QWidget* each : m_views->walled.view().findChildren<QWidget*>()) QVERIFY(!takes(*each));
-}
-
-/// The way from the script to the program is not the document's.
-void WebWallsTest::takesNoCommandsFromADocument() {
-  const QString html = withText(
-      QStringLiteral("<script>document.body.dataset.seen = typeof qt + typeof QWebChannel</script>"));
-  QVERIFY(m_views->walled.load(html));
-  QVERIFY(inPage(m_views->walled.view(), QStringLiteral("document.body.dataset.seen")).isNull());
-  // With scripts allowed they still see nothing of it.
-  m_views->walled.view().page()->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, true);
-  QVERIFY(m_views->walled.load(html));
-  QCOMPARE(inPage(m_views->walled.view(), QStringLiteral("document.body.dataset.seen")).toString(),
-           QStringLiteral("undefinedundefined"));
-  m_views->walled.view().page()->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-}
 
 }  // namespace window_tests
 

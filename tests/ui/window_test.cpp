@@ -1,9 +1,7 @@
 #include "window_test.h"
 
 #include <QDeadlineTimer>
-#include <QLabel>
 #include <QLocale>
-#include <QPushButton>
 #include <QTableView>
 #include <QTimer>
 #include <QWindow>
@@ -58,10 +56,6 @@ QMessageBox* message(const QString& title) {
   return comesTrue(isUp) ? qobject_cast<QMessageBox*>(topSheet()) : nullptr;
 }
 
-bool noSheetLeft() {
-  return comesTrue([] { return topSheet() == nullptr; });
-}
-
 bool click(QAbstractButton& button) {
   const QWidget* sheet = QApplication::activeModalWidget();
   if (!button.isVisible() || !button.isEnabled() || (sheet != nullptr && button.window() != sheet)) {
@@ -83,10 +77,6 @@ bool answer(QDialog* sheet, const QString& buttonText) {
     return click(*button) && comesTrue([&] { return !closing || !closing->isVisible(); });
   }
   return false;
-}
-
-void pressEscape(QDialog& sheet) {
-  QTest::keyClick(&sheet, Qt::Key_Escape);
 }
 
 namespace {
@@ -122,6 +112,17 @@ void closeByTitleBar(const QWidget& window) {
   xcb_flush(x11()->connection());
 }
 
+bool dismiss(QDialog* sheet) {
+  if (sheet == nullptr) return false;
+  pressEscape(*sheet);
+  return noSheetLeft();
+}
+
+std::string textOf(const fs::path& file) {
+  const platform::FileContent content = platform::readFile(file);
+  return content.result.ok() ? content.text : "(missing)";
+}
+
 Desk::Desk() : controls(m_home.path()), reasons(store::StateFolder(m_home.path() / "state")) {
   fs::create_directories(controls.homeFolderLocation());
 }
@@ -129,16 +130,11 @@ Desk::Desk() : controls(m_home.path()), reasons(store::StateFolder(m_home.path()
 Desk::~Desk() = default;
 
 void Desk::makeSite(const std::string& name, const std::string& url, const std::string& record) const {
-  fs::create_directory(controls.siteFolder(name));
   writeFile(name, name + ".qzVSK", record.empty() ? store::newSiteRecord(name, url) : record);
 }
 
-std::string Desk::file(const std::string& site, const std::string& name) const {
-  const platform::FileContent content = platform::readFile(controls.siteFolder(site) / name);
-  return content.result.ok() ? content.text : "(missing)";
-}
-
 void Desk::writeFile(const std::string& site, const std::string& name, const std::string& text) const {
+  fs::create_directories(controls.siteFolder(site));
   // Plainly, without the syncing that makes a thousand sites slow to prepare.
   std::ofstream stream(controls.siteFolder(site) / name, std::ios::binary);
   stream << text;
@@ -155,16 +151,26 @@ void Desk::open() {
   }
 }
 
-bool Desk::click(const char* button) const {
-  return window_tests::click(control<QAbstractButton>(button));
+void Desk::openShop(const std::string& url, const std::string& record) {
+  makeSite("Shop", url, record);
+  open();
+  select(kShop);
 }
 
-QString Desk::label(const char* name) const {
-  return control<QLabel>(name).text();
+bool Desk::areAll(bool enabled, std::initializer_list<const char*> names) const {
+  return std::all_of(names.begin(), names.end(),
+                     [&](const char* name) { return this->enabled(name) == enabled; });
 }
 
-bool Desk::enabled(const char* name) const {
-  return control<QWidget>(name).isEnabled();
+QAction& Desk::viewAction(int view) const {
+  constexpr const char* kActions[] = {"scanTBI",   "htmlTBI",   "htmlEditTBI", "xmlTBI",
+                                      "exportTBI", "uploadTBI", "brokenMI"};
+  return control<QAction>(kActions[view - 1]);
+}
+
+bool Desk::commandsAre(bool on) const {
+  return areAll(on, {"addMI", "editMI", "deleteMI", "scanMI", "ignoreRobotsMI", "neverMenuItem",
+                     "siteListTable", "siteSearch", "scanSiteButton", "addSiteButton"});
 }
 
 QStringList Desk::listedSites() const {

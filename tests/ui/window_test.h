@@ -5,7 +5,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QStatusBar>
 #include <QTest>
 #include <filesystem>
 #include <functional>
@@ -37,17 +39,26 @@ QDialog* topSheet();
 QDialog* sheetNamed(const QString& objectName);
 QMessageBox* message(const QString& title);
 /// Waits until no sheet is up.
-bool noSheetLeft();
+inline bool noSheetLeft() {
+  return comesTrue([] { return topSheet() == nullptr; });
+}
 
 /// Clicks, if a user could: the button is seen, enabled, and no sheet lies over it.
 bool click(QAbstractButton& button);
 /// Clicks the button with this text on the sheet, and waits until that has closed.
 bool answer(QDialog* sheet, const QString& buttonText);
-void pressEscape(QDialog& sheet);
+inline void pressEscape(QDialog& sheet) {
+  QTest::keyClick(&sheet, Qt::Key_Escape);
+}
+/// The same, when it is up, and waits until no sheet is.
+bool dismiss(QDialog* sheet);
 /// Whether the windows have title bars that closeByTitleBar() can work, as on X11.
 bool hasTitleBars();
 /// Closes a window as its user does: the window system sends the wish.
 void closeByTitleBar(const QWidget& window);
+
+/// What a file holds, "(missing)" when there is none.
+std::string textOf(const std::filesystem::path& file);
 
 /// A user's home directory, and the window once open() was called.
 class Desk {
@@ -62,12 +73,15 @@ class Desk {
 
   /// Makes a site on disk, behind the window's back. `record` stands for the usual one.
   void makeSite(const std::string& name, const std::string& url, const std::string& record = {}) const;
-  /// A file of a site, "(missing)" when there is none.
-  std::string file(const std::string& site, const std::string& name) const;
+  std::string file(const std::string& site, const std::string& name) const {
+    return textOf(controls.siteFolder(site) / name);
+  }
   void writeFile(const std::string& site, const std::string& name, const std::string& text) const;
   std::string record(const std::string& site) const { return file(site, site + ".qzVSK"); }
 
   void open();
+  /// Makes the site "Shop" in what was written of it, opens the window and selects it.
+  void openShop(const std::string& url = "http://shop.test/", const std::string& record = {});
   void close() { m_window.reset(); }
   app::MainWindow& window() const { return *m_window; }
 
@@ -75,9 +89,19 @@ class Desk {
   Control& control(const char* name) const {
     return platform::control<Control>(*m_window, name);
   }
-  bool click(const char* button) const;
-  QString label(const char* name) const;
-  bool enabled(const char* name) const;
+  bool click(const char* button) const { return window_tests::click(control<QAbstractButton>(button)); }
+  QString label(const char* name) const { return control<QLabel>(name).text(); }
+  /// What the status bar says.
+  QString status() const { return window().statusBar()->currentMessage(); }
+  /// Of a widget or an action.
+  bool enabled(const char* name) const { return control<QObject>(name).property("enabled").toBool(); }
+  bool areAll(bool enabled, std::initializer_list<const char*> names) const;
+
+  /// What leads to a view, 1 to 7; and goes there.
+  QAction& viewAction(int view) const;
+  void go(int view) const { viewAction(view).trigger(); }
+  /// Whether what a site in hand allows is on, or off: one of each kind, and all that could change the site.
+  bool commandsAre(bool on) const;
 
   QStringList listedSites() const;
   /// Clicks on the site in the table; nothing happens to a name that is not listed.

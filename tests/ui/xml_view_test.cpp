@@ -41,11 +41,9 @@ const std::string kThree = sitemap(entry("http://shop.test/?a=1&b=2") + entry("h
 class XmlDesk : public Desk {
  public:
   explicit XmlDesk(const std::string& text = kThree, const std::string& url = "http://shop.test/") {
-    makeSite("Shop", url);
     if (!text.empty()) writeFile("Shop", "sitemap.xml", text);
-    open();
-    select(kShop);
-    control<QAction>("xmlTBI").trigger();
+    openShop(url);
+    go(4);
   }
 
   QTableView& table() const { return control<QTableView>("xmlTableView"); }
@@ -84,6 +82,9 @@ class XmlDesk : public Desk {
   bool editorIsClosed() const {
     return comesTrue([this] { return table().viewport()->findChild<QLineEdit*>() == nullptr; });
   }
+  bool deleteLink() const {
+    return noSheetLeft() && click("delLinkButton") && answer(message(kDeleteQuestion), kDeleteLink);
+  }
   /// The menu that is up.
   static QMenu* menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
 };
@@ -94,176 +95,164 @@ class XmlViewTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void writesWhatIsTyped();
-  void writesWhatIsChosen();
-  void sortsByItsHeadings();
-  void searchesAddresses();
-  void deletesOnlyWhenToldTo();
-  void tellsWhatCouldNotBeSaved();
-  void leadsToFindings();
-  void saysWhatToDoWithoutEntries();
-};
+  void writesWhatIsTyped() {
+    XmlDesk desk;
+    QVERIFY(desk.type(1, 0, QStringLiteral("http://shop.test/$1?x&y")));
+    QVERIFY(desk.type(2, 1, QStringLiteral("2011-02-03")));
+    const std::string written =
+        sitemap(entry("http://shop.test/?a=1&b=2") + entry("http://shop.test/$1?x&y") +
+                entry("http://shop.test/c", "2011-02-03"));
+    QCOMPARE(desk.onDisk(), written);
 
-void XmlViewTest::writesWhatIsTyped() {
-  XmlDesk desk;
-  QVERIFY(desk.type(1, 0, QStringLiteral("http://shop.test/$1?x&y")));
-  QVERIFY(desk.type(2, 1, QStringLiteral("2011-02-03")));
-  const std::string written = sitemap(entry("http://shop.test/?a=1&b=2") + entry("http://shop.test/$1?x&y") +
-                                      entry("http://shop.test/c", "2011-02-03"));
-  QCOMPARE(desk.onDisk(), written);
+    // The mouse opens the editor too; the view looks at the click before.
+    QTest::mouseClick(desk.table().viewport(), Qt::LeftButton, {}, desk.middle(0, 0));
+    QTest::mouseDClick(desk.table().viewport(), Qt::LeftButton, {}, desk.middle(0, 0));
+    QVERIFY(desk.editor() != nullptr);
+    QTest::keyClicks(desk.editor(), QStringLiteral("other"));
+    QTest::keyClick(desk.editor(), Qt::Key_Escape);
+    QVERIFY(desk.editorIsClosed());
+    QVERIFY(desk.type(0, 1, {}));
+    QVERIFY(answer(message(QStringLiteral("The Last Updated field cannot be left blank")), kOk));
+    QCOMPARE(desk.onDisk(), written);
 
-  // The mouse opens the editor too; the view looks at the click before.
-  QTest::mouseClick(desk.table().viewport(), Qt::LeftButton, {}, desk.middle(0, 0));
-  QTest::mouseDClick(desk.table().viewport(), Qt::LeftButton, {}, desk.middle(0, 0));
-  QVERIFY(desk.editor() != nullptr);
-  QTest::keyClicks(desk.editor(), QStringLiteral("other"));
-  QTest::keyClick(desk.editor(), Qt::Key_Escape);
-  QVERIFY(desk.editorIsClosed());
-  QVERIFY(desk.type(0, 1, {}));
-  QVERIFY(answer(message(QStringLiteral("The Last Updated field cannot be left blank")), kOk));
-  QCOMPARE(desk.onDisk(), written);
-
-  // What another program writes is shown when the view is asked for again, shown or not.
-  desk.writeFile("Shop", "sitemap.xml", sitemap(entry("http://shop.test/new", "")));
-  desk.control<QAction>("xmlTBI").trigger();
-  QCOMPARE(desk.label("xmlCount"), QStringLiteral("1 entry"));
-  // An empty date would be refused; an editor that is left as it was is not asked.
-  QVERIFY(desk.type(0, 1, {}));
-  QVERIFY(noSheetLeft());
-}
-
-void XmlViewTest::writesWhatIsChosen() {
-  XmlDesk desk;
-  desk.control<QAction>("alwaysMenuItem").trigger();  // without a selection nothing happens
-  QCOMPARE(desk.onDisk(), kThree);
-  QTest::mouseClick(desk.table().viewport(), Qt::LeftButton, {}, desk.middle(1, 2));  // selects only
-  QVERIFY(QApplication::activePopupWidget() == nullptr);
-  desk.control<QAction>("hourlyMenuItem").trigger();
-  desk.control<QAction>("highestPriority").trigger();
-  // On the arrow of another row it selects that first.
-  QTest::mouseClick(desk.table().viewport(), Qt::LeftButton, {}, desk.arrow(2, 3));
-  QVERIFY(XmlDesk::menu() != nullptr);
-  QCOMPARE(XmlDesk::menu()->objectName(), QStringLiteral("prMenu"));
-  QTest::keyClick(XmlDesk::menu(), Qt::Key_Down);  // from the value that it has
-  QTest::keyClick(XmlDesk::menu(), Qt::Key_Return);
-  QCOMPARE(desk.onDisk(), sitemap(entry("http://shop.test/?a=1&b=2") +
-                                  entry("http://shop.test/b", "2010-06-15", "hourly", "1") +
-                                  entry("http://shop.test/c", "", "monthly", "0.6")));
-  desk.goTo(0, 2);
-  QTest::keyClick(&desk.table(), Qt::Key_Return);
-  QVERIFY(XmlDesk::menu() != nullptr);
-  QCOMPARE(XmlDesk::menu()->objectName(), QStringLiteral("chFreqMenu"));
-  XmlDesk::menu()->close();
-}
-
-void XmlViewTest::sortsByItsHeadings() {
-  XmlDesk desk(sitemap(entry("b", "", "never") + entry("c", "", "daily") + entry("a", "", "often")));
-  // By the address there and back, as in the sitemap, and from always to never and what is none of those.
-  for (const auto& [column, letters] :
-       {std::pair(0, "abc"), std::pair(0, "cba"), std::pair(0, "bca"), std::pair(2, "cba")}) {
-    QHeaderView& header = *desk.table().horizontalHeader();
-    const QPoint place(header.sectionViewportPosition(column) + 20, header.height() / 2);
-    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
-    QCOMPARE(desk.cell(0, 0) + desk.cell(1, 0) + desk.cell(2, 0), QLatin1String(letters));
+    // What another program writes is shown when the view is asked for again, shown or not.
+    desk.writeFile("Shop", "sitemap.xml", sitemap(entry("http://shop.test/new", "")));
+    desk.go(4);
+    QCOMPARE(desk.label("xmlCount"), QStringLiteral("1 entry"));
+    QVERIFY(desk.type(0, 1, {}));  // would be refused, but an editor that is left as it was is not asked
+    QVERIFY(noSheetLeft());
   }
-  desk.goTo(1, 0);
-  QTest::keyClick(&desk.table(), Qt::Key_Delete);
-  QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
-  QCOMPARE(desk.onDisk(), sitemap(entry("c", "", "daily") + entry("a", "", "often")));
-}
 
-void XmlViewTest::searchesAddresses() {
-  XmlDesk desk;
-  desk.goTo(1, 0);
-  desk.control<QAction>("findSiteMI").trigger();
-  auto& field = desk.control<QLineEdit>("xmlSearch");
-  QVERIFY(field.hasFocus());
-  QTest::keyClicks(&field, QStringLiteral("TEST/b"));
-  QCOMPARE(desk.label("xmlCount"), QStringLiteral("1 of 3 entries"));
-  QVERIFY(desk.enabled("delLinkButton"));
-  // What the search hides is no longer selected, nor is anything in its place.
-  field.setText(QStringLiteral("/c"));
-  QCOMPARE(desk.rows(), 1);
-  QVERIFY(!desk.enabled("delLinkButton"));
-  desk.goTo(0, 0);
-  desk.control<QAction>("copyMI").trigger();
-  QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("http://shop.test/c"));
-  QVERIFY(desk.click("delLinkButton"));
-  QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
-  QCOMPARE(desk.onDisk(), sitemap(entry("http://shop.test/?a=1&b=2") + entry("http://shop.test/b")));
-  QCOMPARE(desk.label("xmlCount"), QStringLiteral("Not found in 2 entries"));
-}
+  void writesWhatIsChosen() {
+    XmlDesk desk;
+    desk.control<QAction>("alwaysMenuItem").trigger();  // without a selection nothing happens
+    QCOMPARE(desk.onDisk(), kThree);
+    QTest::mouseClick(desk.table().viewport(), Qt::LeftButton, {}, desk.middle(1, 2));  // selects only
+    QVERIFY(QApplication::activePopupWidget() == nullptr);
+    desk.control<QAction>("hourlyMenuItem").trigger();
+    desk.control<QAction>("highestPriority").trigger();
+    // On the arrow of another row it selects that first.
+    QTest::mouseClick(desk.table().viewport(), Qt::LeftButton, {}, desk.arrow(2, 3));
+    QVERIFY(XmlDesk::menu() != nullptr);
+    QCOMPARE(XmlDesk::menu()->objectName(), QStringLiteral("prMenu"));
+    QTest::keyClick(XmlDesk::menu(), Qt::Key_Down);  // from the value that it has
+    QTest::keyClick(XmlDesk::menu(), Qt::Key_Return);
+    QCOMPARE(desk.onDisk(), sitemap(entry("http://shop.test/?a=1&b=2") +
+                                    entry("http://shop.test/b", "2010-06-15", "hourly", "1") +
+                                    entry("http://shop.test/c", "", "monthly", "0.6")));
+    desk.goTo(0, 2);
+    QTest::keyClick(&desk.table(), Qt::Key_Return);
+    QVERIFY(XmlDesk::menu() != nullptr);
+    QCOMPARE(XmlDesk::menu()->objectName(), QStringLiteral("chFreqMenu"));
+    XmlDesk::menu()->close();
+  }
 
-void XmlViewTest::deletesOnlyWhenToldTo() {
-  XmlDesk desk(sitemap(entry("http://shop.test/b")));
-  QTest::keyClick(&desk.table(), Qt::Key_Delete);  // nothing is selected
-  QVERIFY(topSheet() == nullptr);
-  desk.goTo(0, 1);
-  QVERIFY(desk.click("delLinkButton"));
-  QMessageBox* sheet = message(kDeleteQuestion);
-  QVERIFY(sheet != nullptr);
-  QCOMPARE(sheet->informativeText(), QStringLiteral("http://shop.test/b"));
-  pressEscape(*sheet);
-  QVERIFY(noSheetLeft());
-  QCOMPARE(desk.rows(), 1);
-  QVERIFY(desk.click("delLinkButton"));
-  QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
-  QCOMPARE(desk.onDisk(), sitemap(""));
-  QCOMPARE(desk.label("xmlEmptyHint"), QStringLiteral("The XML sitemap of Shop has no entries."));
-}
+  void sortsByItsHeadings() {
+    XmlDesk desk(sitemap(entry("b", "", "never") + entry("c", "", "daily") + entry("a", "", "often")));
+    // By the address there and back, as in the sitemap, and from always to never and what is none of those.
+    for (const auto& [column, letters] :
+         {std::pair(0, "abc"), std::pair(0, "cba"), std::pair(0, "bca"), std::pair(2, "cba")}) {
+      QHeaderView& header = *desk.table().horizontalHeader();
+      const QPoint place(header.sectionViewportPosition(column) + 20, header.height() / 2);
+      QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
+      QCOMPARE(desk.cell(0, 0) + desk.cell(1, 0) + desk.cell(2, 0), QLatin1String(letters));
+    }
+    desk.goTo(1, 0);
+    QTest::keyClick(&desk.table(), Qt::Key_Delete);
+    QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
+    QCOMPARE(desk.onDisk(), sitemap(entry("c", "", "daily") + entry("a", "", "often")));
+  }
 
-void XmlViewTest::tellsWhatCouldNotBeSaved() {
-  const std::string text =
-      sitemap("<url><loc>a</loc><lastmod/><changefreq/><priority/><i:image>x</i:image></url>" +
-              entry("http://shop.test/b") + "<url><loc>c</loc><priority>1</priority></url>");
-  XmlDesk desk(text);
-  QVERIFY(desk.control<QLabel>("xmlNotice").isVisible());  // of the image that goes
-  desk.goTo(0, 0);
-  desk.control<QAction>("neverMenuItem").trigger();
-  QVERIFY(answer(message(QStringLiteral("An entry of the sitemap has no lastmod element, so the sitemap "
-                                        "cannot be written.")),
-                 kOk));
-  QCOMPARE(desk.currentRow(), 2);
-  QCOMPARE(desk.onDisk(), text);
-  QVERIFY(noSheetLeft());
-  QVERIFY(desk.click("delLinkButton"));
-  QVERIFY(answer(message(kDeleteQuestion), kDeleteLink));
-  QVERIFY(!desk.control<QLabel>("xmlNotice").isVisible());
-  QCOMPARE(desk.onDisk(), sitemap(entry("a", "", "", "") + entry("http://shop.test/b")));
-}
+  void searchesAddresses() {
+    XmlDesk desk;
+    desk.goTo(1, 0);
+    desk.control<QAction>("findSiteMI").trigger();
+    auto& field = desk.control<QLineEdit>("xmlSearch");
+    QVERIFY(field.hasFocus());
+    QTest::keyClicks(&field, QStringLiteral("TEST/b"));
+    QCOMPARE(desk.label("xmlCount"), QStringLiteral("1 of 3 entries"));
+    QVERIFY(desk.enabled("delLinkButton"));
+    // What the search hides is no longer selected, nor is anything in its place.
+    field.setText(QStringLiteral("/c"));
+    QCOMPARE(desk.rows(), 1);
+    QVERIFY(!desk.enabled("delLinkButton"));
+    desk.goTo(0, 0);
+    desk.control<QAction>("copyMI").trigger();
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("http://shop.test/c"));
+    QVERIFY(desk.deleteLink());
+    QCOMPARE(desk.onDisk(), sitemap(entry("http://shop.test/?a=1&b=2") + entry("http://shop.test/b")));
+    QCOMPARE(desk.label("xmlCount"), QStringLiteral("Not found in 2 entries"));
+  }
 
-void XmlViewTest::leadsToFindings() {
-  XmlDesk desk(sitemap(entry("http://shop.test/a", "", "never") + entry("http://shop.test/b", "2010-02-30") +
-                       entry("http://shop.test/c", "2010-06-15", "often")));
-  desk.control<QLineEdit>("xmlSearch").setText(QStringLiteral("/a"));
-  QVERIFY(desk.click("validateXmlButton"));
-  auto& list = desk.control<QListView>("xmlFindings");
-  QVERIFY(comesTrue([&] { return list.model()->rowCount() == 2; }));
-  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(0, 0)).center());
-  QCOMPARE(desk.rows(), 3);  // the search is over
-  QCOMPARE(desk.table().currentIndex(), desk.table().model()->index(1, 1));
-  list.setFocus();
-  QTest::keyClick(&list, Qt::Key_End);
-  QTest::keyClick(&list, Qt::Key_Return);
-  QCOMPARE(desk.table().currentIndex(), desk.table().model()->index(2, 2));
-  desk.control<QAction>("dailyMenuItem").trigger();
-  QVERIFY(desk.type(1, 1, QStringLiteral("2010-02-28")));
-  // It is looked at again.
-  const QString valid = QStringLiteral("The sitemap is valid.");
-  QVERIFY(comesTrue([&] { return desk.label("xmlFindingsLabel") == valid; }));
-  QVERIFY(!list.isVisible());
-}
+  void deletesOnlyWhenToldTo() {
+    XmlDesk desk(sitemap(entry("http://shop.test/b")));
+    QTest::keyClick(&desk.table(), Qt::Key_Delete);  // nothing is selected
+    QVERIFY(topSheet() == nullptr);
+    desk.goTo(0, 1);
+    QVERIFY(desk.click("delLinkButton"));
+    QMessageBox* sheet = message(kDeleteQuestion);
+    QVERIFY(sheet != nullptr);
+    QCOMPARE(sheet->informativeText(), QStringLiteral("http://shop.test/b"));
+    QVERIFY(dismiss(sheet));
+    QCOMPARE(desk.rows(), 1);
+    QVERIFY(desk.deleteLink());
+    QCOMPARE(desk.onDisk(), sitemap(""));
+    QCOMPARE(desk.label("xmlEmptyHint"), QStringLiteral("The XML sitemap of Shop has no entries."));
+  }
 
-void XmlViewTest::saysWhatToDoWithoutEntries() {
-  XmlDesk desk({}, "http://127.0.0.1:1/");
-  QCOMPARE(desk.label("xmlEmptyHint"), QStringLiteral("Shop has no XML sitemap yet. A scan writes it."));
-  QVERIFY(desk.click("xmlScanButton"));  // leads to the scan of the site; no server is there
-  QVERIFY(answer(message(QStringLiteral("The Site URL Could Not Be Reached")), kOk));
-  QVERIFY(noSheetLeft());
-  desk.control<QAction>("xmlTBI").trigger();
-  desk.control<QTableView>("siteListTable").clearSelection();  // as when the site is deleted from the menu
-  QCOMPARE(desk.label("xmlEmptyHint"), QStringLiteral("Select a site to see its XML sitemap."));
-}
+  void tellsWhatCouldNotBeSaved() {
+    const std::string text =
+        sitemap("<url><loc>a</loc><lastmod/><changefreq/><priority/><i:image>x</i:image></url>" +
+                entry("http://shop.test/b") + "<url><loc>c</loc><priority>1</priority></url>");
+    XmlDesk desk(text);
+    QVERIFY(desk.control<QLabel>("xmlNotice").isVisible());  // of the image that goes
+    desk.goTo(0, 0);
+    desk.control<QAction>("neverMenuItem").trigger();
+    QVERIFY(answer(message(QStringLiteral("An entry of the sitemap has no lastmod element, so the sitemap "
+                                          "cannot be written.")),
+                   kOk));
+    QCOMPARE(desk.currentRow(), 2);
+    QCOMPARE(desk.onDisk(), text);
+    QVERIFY(desk.deleteLink());
+    QVERIFY(!desk.control<QLabel>("xmlNotice").isVisible());
+    QCOMPARE(desk.onDisk(), sitemap(entry("a", "", "", "") + entry("http://shop.test/b")));
+  }
+
+  void leadsToFindings() {
+    XmlDesk desk(sitemap(entry("http://shop.test/a", "", "never") +
+                         entry("http://shop.test/b", "2010-02-30") +
+                         entry("http://shop.test/c", "2010-06-15", "often")));
+    desk.control<QLineEdit>("xmlSearch").setText(QStringLiteral("/a"));
+    QVERIFY(desk.click("validateXmlButton"));
+    auto& list = desk.control<QListView>("xmlFindings");
+    QVERIFY(comesTrue([&] { return list.model()->rowCount() == 2; }));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualRect(list.model()->index(0, 0)).center());
+    QCOMPARE(desk.rows(), 3);  // the search is over
+    QCOMPARE(desk.table().currentIndex(), desk.table().model()->index(1, 1));
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_End);
+    QTest::keyClick(&list, Qt::Key_Return);
+    QCOMPARE(desk.table().currentIndex(), desk.table().model()->index(2, 2));
+    desk.control<QAction>("dailyMenuItem").trigger();
+    QVERIFY(desk.type(1, 1, QStringLiteral("2010-02-28")));
+    // It is looked at again.
+    const QString valid = QStringLiteral("The sitemap is valid.");
+    QVERIFY(comesTrue([&] { return desk.label("xmlFindingsLabel") == valid; }));
+    QVERIFY(!list.isVisible());
+  }
+
+  void saysWhatToDoWithoutEntries() {
+    XmlDesk desk({}, "http://127.0.0.1:1/");
+    QCOMPARE(desk.label("xmlEmptyHint"), QStringLiteral("Shop has no XML sitemap yet. A scan writes it."));
+    QVERIFY(desk.click("xmlScanButton"));  // leads to the scan of the site; no server is there
+    QVERIFY(answer(message(QStringLiteral("The Site URL Could Not Be Reached")), kOk));
+    QVERIFY(noSheetLeft());
+    desk.go(4);
+    desk.control<QTableView>("siteListTable").clearSelection();  // as when the site is deleted from the menu
+    QCOMPARE(desk.label("xmlEmptyHint"), QStringLiteral("Select a site to see its XML sitemap."));
+  }
+};
 
 }  // namespace window_tests
 
