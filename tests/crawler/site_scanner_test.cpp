@@ -176,6 +176,14 @@ TEST(Scan, TellsWhyAStartPageCannotBeReached) {
   EXPECT_THAT(run.scan().unreachableReason, testing::StartsWith("0 - "));
 }
 
+TEST(Scan, AsksForNothingWhenADocumentCannotBeWritten) {
+  const SiteServer server(chainOf(1));
+  ScanRun run(server.url());
+  std::filesystem::create_directories(run.folder() / "sitemap3c.html" / "in the way");
+  EXPECT_EQ(run.scan().end, ScanEnd::unwritable);
+  EXPECT_TRUE(server.requests().empty());
+}
+
 TEST(Scan, KeepsWithinItsBounds) {
   const SiteServer server({{"/",
                             {titled("Start", linkTo("2.html") + linkTo("3.html") +
