@@ -40,6 +40,9 @@ void checkStyle(const std::string& document, const std::string& typed) {
   require(html_editor::withFontSize(document, EntryClass::pageTitle, typed) ==
               replaceText(document, block, replaceText(block, size, "font-size: " + typed + ";")),
           "one declaration is replaced in the first block");
+  require(html_editor::readStyle(document, EntryClass::pageTitle).bold ==
+              (found("font-weight: (.*?);", block) == "font-weight: bold;"),
+          "bold is what the block says");
 }
 
 void checkEdit(const std::string& document, const html_editor::LinkSelection& selection,
