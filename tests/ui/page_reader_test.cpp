@@ -22,9 +22,9 @@ class Writer {
 
   std::string page() {
     std::string text = one({"", "<!DOCTYPE html>", "<html lang=x>", "\r\n<!-- > --><head>", "<p>"});
-    if (below(5) > 0) text += "<title>" + words() + one({"", "<b>", "<!--", "</titles>"}) + "</title>";
+    if (below(5) > 0) text += made("<title>%", 0) + one({"", "<b>", "<!--", "</titles>"}) + "</title>";
     text += one({"", "</head><body class='a>b'>", "<body>"});
-    for (int blocks = below(6); blocks >= 0; --blocks) text += block(3);
+    for (int blocks = below(6); blocks >= 0; --blocks) text += made("$", 3);
     return text;
   }
 
@@ -41,72 +41,53 @@ class Writer {
   }
 
  private:
-  std::string one(std::initializer_list<const char*> choices) {
-    return *(choices.begin() + below(static_cast<int>(choices.size())));
+  template <typename Choices = std::initializer_list<const char*>>
+  std::string one(const Choices& choices, int withoutLast = 0) {
+    return *(std::begin(choices) + below(static_cast<int>(std::size(choices)) - withoutLast));
   }
 
-  std::string words() {
-    return one({"x", "a & b", "&eacute;t&eacute", "&notit;", "1 < 2", "&#150;&#x41;", "\r\n ", "\xC3\xA9",
-                "&", "]]>"});
-  }
-
-  std::string inLine(int depth) {
-    if (depth == 0) return words();
-    switch (below(m_draws ? 9 : 7)) {
-      case 0:
-        return "<b>" + inLine(depth - 1) + "</B>";
-      case 1:
-        return "<span title='</a>'>" + inLine(depth - 1) + "</span>" + words();
-      case 2:
-        return one(
-            {"<img alt=\"a > b\">", "<br/>", "<!-- </a> -->", "<!x>", "</>", "</b>", "<?y?>", "<wbr>"});
-      case 3:
-        return "<script>'<a href=no>' <!-- </scripts></script>";
-      case 4:
-        return "<textarea>\n<a href=no>" + words() + "</textarea>";
-      case 5:
-        return "<style>a { </a> }</style>" + words();
-      case 6:
-        return words() + inLine(depth - 1);
-      case 7:
-        return "<svg><title>" + words() + "</title><path/></svg>";
-      default:
-        return "<math><mi>" + words() + "</mi><mtext><i>m</i></mtext></math>";
+  /// `pattern` with words for "%", what stands in a line for "~", anchors for "@" and blocks for "$".
+  std::string made(std::string_view pattern, int depth) {
+    static constexpr const char* kWords[] = {"x",     "a & b",        "&eacute;t&eacute", "&notit;", "1 < 2",
+                                             "\r\n ", "&#150;&#x41;", "\xC3\xA9",         "&",       "]]>"};
+    static constexpr const char* kInLine[] = {"<b>~</B>",
+                                              "<span title='</a>'>~</span>%",
+                                              "<img alt=\"a > b\"><br/><!-- </a> --><!x></></b><?y?>~",
+                                              "<script>'<a href=no>' <!-- </scripts></script>",
+                                              "<textarea>\n<a href=no>%</textarea>",
+                                              "<style>a { </a> }</style>%",
+                                              "%~",
+                                              "<svg><title>%</title><path/></svg>",
+                                              "<math><mi>%</mi><mtext><i>m</i></mtext></math>"};
+    static constexpr const char* kBlocks[] = {
+        "<p>@%",
+        "<p>@%</p>",
+        "<ul><li>@<li>@$</ul>",
+        "<table><caption>@<tr><td><a href=open>%<td>$</table>",
+        "<template>$<title>t</title></template>",
+        "<object>$</object>",
+        "</p><a href=around><div>%<h2>~</h2></div></a>",
+        "<noscript>@</noscript>",
+        "<div>~$</div>",
+        "<svg><desc><div>$</div></desc><a href=s>%</a><g/><![CDATA[<a href=no>]]></svg>"};
+    std::string text;
+    for (const char c : pattern) {
+      if (c == '%' || (c == '~' && depth == 0)) {
+        text += one(kWords);
+      } else if (c == '@' || (c == '$' && depth == 0)) {
+        text += "<a" + one({" ", "\n", "/", " name=n ", " class=\"<a>\" "}) + one({"href", "HREF", "href "}) +
+                one({"='a b'", "=\"x?a=1&amp;b=2&copy=3\"", "=u&lt", "= '&#x2F;'", "=\"\r\n\"", "",
+                     "=\"1\" href=2"}) +
+                ">" + made("~~", depth == 0 ? 2 : depth - 1) + one({"</a>", "</A >", "</a x='>'>"});
+      } else if (c == '~') {
+        text += made(one(kInLine, m_draws ? 0 : 2), depth - 1);
+      } else if (c == '$') {
+        text += made(one(kBlocks, m_draws ? 0 : 1), depth - 1);
+      } else {
+        text += c;
+      }
     }
-  }
-
-  std::string anchor(int depth) {
-    return "<a" + one({" ", "\n", "/"}) + one({"", "name=n ", "class=\"<a>\" "}) +
-           one({"href", "HREF", "href "}) +
-           one({"='a b'", "=\"x?a=1&amp;b=2&copy=3\"", "=u&lt", "= '&#x2F;'", "=\"\r\n\"", "",
-                "=\"1\" href=2"}) +
-           ">" + inLine(depth) + inLine(depth) + one({"</a>", "</A >", "</a x='>'>"});
-  }
-
-  std::string block(int depth) {
-    if (depth == 0) return anchor(2) + words();
-    switch (below(m_draws ? 9 : 8)) {
-      case 0:
-        return "<p>" + anchor(depth) + words() + one({"", "</p>"});
-      case 1:
-        return "<ul><li>" + anchor(depth) + "<li>" + anchor(1) + block(depth - 1) + "</ul>";
-      case 2:
-        return "<table><caption>" + anchor(1) + "<tr><td><a href=open>" + words() + "<td>" +
-               block(depth - 1) + "</table>";
-      case 3:
-        return "<template>" + block(depth - 1) + "<title>t</title></template>";
-      case 4:
-        return "<object>" + block(depth - 1) + "</object>";
-      case 5:
-        return "</p><a href=around><div>" + words() + "<h2>" + inLine(2) + "</h2></div></a>";
-      case 6:
-        return "<noscript>" + anchor(1) + "</noscript>";
-      case 7:
-        return "<div>" + inLine(depth) + block(depth - 1) + "</div>";
-      default:
-        return "<svg><desc><div>" + block(depth - 1) + "</div></desc><a href=s>" + words() +
-               "</a><g/><![CDATA[<a href=no>]]></svg>";
-    }
+    return text;
   }
 
   std::mt19937 m_random;
