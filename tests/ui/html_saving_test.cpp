@@ -74,8 +74,7 @@ class HtmlSavingTest : public QObject {
     const std::string before = desk.onDisk("sitemap2c.html");
     QVERIFY(openEdited(desk, 2));
     QTest::keyClick(&desk.window(), Qt::Key_S, Qt::ControlModifier);
-    QVERIFY(answer(message(kSaveQuestion), kSaveChanges));
-    QVERIFY(noSheetLeft());
+    QVERIFY(answer(message(kSaveQuestion), kSaveChanges) && noSheetLeft());
     QCOMPARE(desk.onDisk("sitemap2c.html"), edited(before));
     QCOMPARE(desk.document(), edited(before));
     QVERIFY(desk.isClean() && desk.othersAreUntouched("sitemap2c.html"));

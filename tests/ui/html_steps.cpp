@@ -1,8 +1,5 @@
 #include "html_steps.h"
 
-#include <QAction>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QProgressBar>
 #include <QWebEnginePage>
 #include <QWebEngineScript>
@@ -98,11 +95,10 @@ bool HtmlDesk::type(const char* name, const QString& text) const {
 }
 
 bool HtmlDesk::clickLink(const QString& label) const {
-  const QString array = QString::fromUtf8(QJsonDocument(QJsonArray{label}).toJson(QJsonDocument::Compact));
   const QVariant clicked = inPage(QStringLiteral("{ const link = Array.from(document.links)"
-                                                 ".find(each => each.textContent.includes(%1[0]));"
+                                                 ".find(each => each.textContent.includes('%1'));"
                                                  "link && link.click(); link && link.textContent }")
-                                      .arg(array));
+                                      .arg(label));
   return !clicked.isNull() && comesTrue([&] { return text("titleEditInput") == clicked.toString(); });
 }
 

@@ -1,10 +1,7 @@
 // What tests of the HTML sitemap's views share: a site with its six documents, and what is done to them.
 #pragma once
 
-#include <QComboBox>
 #include <QDesktopServices>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QUrl>
 #include <QVariant>
 #include <QWebEngineView>

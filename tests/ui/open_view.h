@@ -22,21 +22,13 @@ inline const QString kAct = QStringLiteral(
 
 enum class Walls { none, settings, profile, page };
 
-/// Opens windows, as browsers do.
+/// Lets windows open, in the place of its own.
 class OpenPage : public QWebEnginePage {
  public:
   using QWebEnginePage::QWebEnginePage;
 
-  int windows() const { return m_windows; }
-
  protected:
-  QWebEnginePage* createWindow(WebWindowType) override {
-    ++m_windows;
-    return new QWebEnginePage(profile(), this);
-  }
-
- private:
-  int m_windows = 0;
+  QWebEnginePage* createWindow(WebWindowType) override { return this; }
 };
 
 /// A web view with one wall, or none, in which all else is allowed.
@@ -81,11 +73,6 @@ class OpenView {
   bool isStill() {
     return m_page->url() == m_scheme.address() &&
            inPage(m_view, QStringLiteral("document.getElementById('end') !== null")).toBool();
-  }
-  /// How many windows the page has opened.
-  int windows() const {
-    const auto* page = dynamic_cast<const OpenPage*>(m_page.get());
-    return page == nullptr ? 0 : page->windows();
   }
   QWebEngineView& view() { return m_view; }
   QWebEngineProfile& profile() { return *m_profile; }

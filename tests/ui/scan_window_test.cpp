@@ -1,12 +1,7 @@
 // A scan in the window, from its button to the final counts. What a scan finds is tested with its rules.
-#include <QDockWidget>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListView>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QSpinBox>
-#include <QTableView>
 
 #include "platform/files.h"
 #include "platform/qt_text.h"
@@ -58,8 +53,8 @@ class ScanWindowTest : public QObject {
     QCOMPARE(desk.status(), QStringLiteral("Scanned \"Shop\""));
     QCOMPARE(desk.control<QTableView>("xmlTableView").model()->rowCount(), 4);  // the open view shows it
     QCOMPARE(store::recordCount(desk.record("Shop"), store::kPagesFound), std::optional(5));
-    const QAbstractItemModel& sites = *desk.control<QTableView>("siteListTable").model();
-    QCOMPARE(sites.index(0, 1).data().toString(), QStringLiteral("5"));
+    const QTableView& sites = desk.control<QTableView>("siteListTable");
+    QCOMPARE(sites.model()->index(0, 1).data().toString(), QStringLiteral("5"));
     QVERIFY(desk.commandsAre(true));
     QCOMPARE(desk.reasons.lookUp("Shop", {server.url("gone.html")}).front().reason, "404 - Not Found");
     // The next one forgets the broken page.
@@ -74,16 +69,13 @@ class ScanWindowTest : public QObject {
     Desk desk;
     desk.openShop(site.url());
     auto& drawer = desk.control<QDockWidget>("filterDrawer");
-    QVERIFY(desk.click("filterDrawerButton"));
-    QVERIFY(desk.click("scanSiteButton"));
-    QVERIFY(!drawer.isVisible());
-    QDialog* sheet = sheetNamed(kProgress);
-    QVERIFY(sheet);
+    QVERIFY(desk.click("filterDrawerButton") && desk.click("scanSiteButton"));
+    QVERIFY(!drawer.isVisible() && sheetNamed(kProgress));
     // Start and A are done, B is waited for, C and the broken page come behind.
     QVERIFY(comesTrue([] { return counter("caPagesScanned") == QLatin1String("2"); }));
     QCOMPARE(counter("caPagesLeft"), QStringLiteral("3"));
     QCOMPARE(counter("tlsf"), QStringLiteral("7"));
-    QCOMPARE(platform::control<QProgressBar>(*sheet, "scanProgressBar").value(), 2);
+    QCOMPARE(platform::control<QProgressBar>(*topSheet(), "scanProgressBar").value(), 2);
     QCOMPARE(shownLinks(desk, site.url()), QStringLiteral("a.html b.html private/c.html gone.html a.html"));
     // No other site can come into hand, not even between two sheets.
     QVERIFY(desk.commandsAre(false));
@@ -121,8 +113,7 @@ class ScanWindowTest : public QObject {
       QVERIFY(comesTrue([&] {
         return site.isWaitedFor() && (connecting || counter("caPagesScanned") == QLatin1String("2"));
       }));
-      pressEscape(*sheet);
-      QVERIFY(scanHasEnded(desk) && noSheetLeft());
+      QVERIFY(dismiss(sheet) && scanHasEnded(desk));
       // Found are also the pages that were never visited.
       QCOMPARE(desk.label("pagesFound"), QLatin1String(found));
       QVERIFY(desk.file("Shop", "sitemap.xml").ends_with("\n</urlset>"));
@@ -142,34 +133,28 @@ class ScanWindowTest : public QObject {
       QVERIFY(!platform::control<QDialog>(desk.window(), "scanCustomAlertPanel").isVisible());
       QVERIFY(!desk.enabled("scanSiteButton"));
       QCOMPARE(server.timesAsked("GET /b.html"), 0);
-      if (goOn) QVERIFY(answer(question, QStringLiteral("Continue")));
-      if (!goOn) pressEscape(*question);
+      QVERIFY(goOn ? answer(question, QStringLiteral("Continue")) : dismiss(question));
       QVERIFY(scanHasEnded(desk) && noSheetLeft());
       QCOMPARE(desk.label("linksScanned"), goOn ? QStringLiteral("2") : QStringLiteral("1"));
     }
   }
 
-  void tellsOfAnUnreachableSite() {
+  void tellsWhyItCannotScan() {
     const SiteServer server(SiteServer::Pages{});
     Desk desk;
     desk.openShop(server.url());
+    {
+      const platform::FolderLock elsewhere(desk.controls.siteFolder("Shop"));
+      QVERIFY(desk.click("scanSiteButton"));
+      QVERIFY(answer(message(QStringLiteral("The site \"Shop\" is being scanned already.")), kOk));
+      QVERIFY(scanHasEnded(desk) && server.requests().empty());
+    }
     QVERIFY(desk.click("scanSiteButton"));
     QMessageBox* alert = message(QStringLiteral("The Site URL Could Not Be Reached"));
     QVERIFY(alert);
     QCOMPARE(alert->informativeText(), QStringLiteral("Error Code: 404 - Not Found"));
     QVERIFY(answer(alert, kOk));
     QVERIFY(scanHasEnded(desk) && noSheetLeft());
-  }
-
-  void refusesASiteThatIsScannedElsewhere() {
-    const SiteServer server(smallSite());
-    Desk desk;
-    desk.openShop(server.url());
-    const platform::FolderLock elsewhere(desk.controls.siteFolder("Shop"));
-    QVERIFY(desk.click("scanSiteButton"));
-    QVERIFY(answer(message(QStringLiteral("The site \"Shop\" is being scanned already.")), kOk));
-    QVERIFY(scanHasEnded(desk));
-    QVERIFY(server.requests().empty());
   }
 
   void scansAsTheSettingsSay() {
@@ -215,9 +200,7 @@ class ScanWindowTest : public QObject {
   void noticesASiteWithoutEnd() {
     std::vector<std::string> links;
     for (int i = 0; i < 220; ++i) links.push_back("same.html?session=" + std::to_string(i));
-    const SiteServer server([&](const std::string& target, int) {
-      return target == "/" ? page("Start", links) : page("The same", {});
-    });
+    const SiteServer server([&](const std::string&, int) { return page("The same", links); });
     Desk desk;
     desk.makeSite("Blog", "http://blog.test/");
     desk.openShop(server.url());

@@ -1,7 +1,4 @@
 // Adding, editing and deleting sites in the window. What an input becomes is tested with its rules.
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTableView>
 
 #include "platform/files.h"
 #include "platform/qt_text.h"
@@ -26,14 +23,15 @@ struct Editor {
   QLineEdit& url() const { return platform::control<QLineEdit>(*sheet, "aedSiteURL"); }
   QPushButton& button(const char* which) const { return platform::control<QPushButton>(*sheet, which); }
 
-  void fill(const QString& newName, const QString& newUrl) const {
+  /// Fills in both fields and confirms.
+  bool submit(const QString& newName, const QString& newUrl) const {
     const std::pair<QLineEdit*, QString> fields[] = {{&name(), newName}, {&url(), newUrl}};
     for (const auto& [field, text] : fields) {
       QTest::keySequence(field, QKeySequence::SelectAll);
       field->insert(text);
     }
+    return click(button("defaultButton"));
   }
-  bool confirm() const { return click(button("defaultButton")); }
   bool holds(const QString& itsName, const QString& itsUrl) const {
     return name().text() == itsName && url().text() == itsUrl;
   }
@@ -75,12 +73,9 @@ class SiteEditorTest : public QObject {
     QVERIFY(editor.comesBackFrom(kMistakes, QStringLiteral("a.b"), kAddress));
     QVERIFY(editor.url().hasFocus());
 
-    editor.fill(QStringLiteral("Blog 100"), kAddress);
-    QVERIFY(editor.confirm());
+    QVERIFY(editor.submit(QStringLiteral("Blog 100"), kAddress));
     QVERIFY(editor.comesBackFrom(kTaken, QStringLiteral("Blog 100"), kAddress));
-    editor.fill(kShop, kAddress);
-    QVERIFY(editor.confirm());
-    QVERIFY(noSheetLeft());
+    QVERIFY(editor.submit(kShop, kAddress) && noSheetLeft());
     QCOMPARE(desk.record("Shop"), store::newSiteRecord("Shop", "http://www.shop.test/"));
     QVERIFY(desk.nothingSelected());
     // It is to be seen in the list, although nobody searched for it and it is the last one.
@@ -96,9 +91,8 @@ class SiteEditorTest : public QObject {
     QTest::keyClick(&desk.window(), Qt::Key_I, Qt::ControlModifier);
     const Editor editor;
     QVERIFY(editor.isUp() && editor.holds(kShop, QStringLiteral("http://shop.test/")));
-    editor.fill(QStringLiteral("Caf\u00e9"), QStringLiteral("https://shop.test/start.php"));
-    QVERIFY(editor.confirm());
-    QVERIFY(noSheetLeft());
+    QVERIFY(editor.submit(QStringLiteral("Caf\u00e9"), QStringLiteral("https://shop.test/start.php")) &&
+            noSheetLeft());
     QCOMPARE(desk.listedSites(), QStringList{QStringLiteral("Caf\u00e9")});
     const std::string name = platform::toUtf8(QStringLiteral("Caf\u00e9"));
     QVERIFY(desk.record(name).starts_with("<siteName>" + name +
@@ -117,8 +111,7 @@ class SiteEditorTest : public QObject {
       const Editor editor = edit(desk, kShop);
       QVERIFY(editor.isUp());
       const std::string edited = desk.record("Shop");
-      editor.fill(QStringLiteral("Blog"), QStringLiteral("http://new.test/"));
-      QVERIFY(editor.confirm());
+      QVERIFY(editor.submit(QStringLiteral("Blog"), QStringLiteral("http://new.test/")));
       QMessageBox* alert = message(
           QStringLiteral("A site with the name \"Blog\" already exists, please delete this site first "
                          "or select a different name."));
@@ -132,33 +125,26 @@ class SiteEditorTest : public QObject {
     }
   }
 
-  void leavesASiteThatIsScannedAlone() {
+  void changesNothingOfASiteThatIsScannedOrWhenCancelled() {
     Desk desk;
     desk.openShop();
-    const QString busy = QStringLiteral("The site \"Shop\" is being scanned.");
-    const platform::FolderLock scan(desk.controls.siteFolder("Shop"));
-    const Editor editor = edit(desk, kShop);
-    QVERIFY(editor.isUp());
-    editor.fill(QStringLiteral("Store"), QStringLiteral("http://shop.test/"));
-    QVERIFY(editor.confirm());
-    QVERIFY(editor.comesBackFrom(busy, QStringLiteral("Store"), QStringLiteral("http://shop.test/")));
-    QVERIFY(desk.record("Shop") != "(missing)");
-  }
-
-  void closesWithoutAChange() {
-    Desk desk;
-    desk.openShop();
+    const std::string before = desk.record("Shop");
     const Editor cancelled = edit(desk, kShop);
     QVERIFY(cancelled.isUp());
-    cancelled.fill(QStringLiteral("Other"), QStringLiteral("http://other.test/"));
+    {
+      const platform::FolderLock scan(desk.controls.siteFolder("Shop"));
+      QVERIFY(cancelled.submit(QStringLiteral("Store"), kAddress));
+      const QString busy = QStringLiteral("The site \"Shop\" is being scanned.");
+      QVERIFY(cancelled.comesBackFrom(busy, QStringLiteral("Store"), kAddress));
+    }
     QVERIFY(click(cancelled.button("alternateButton")));
     QVERIFY(noSheetLeft() && desk.nothingSelected());
     QCOMPARE(desk.listedSites(), QStringList{kShop});
+    QCOMPARE(desk.record("Shop"), before);
     QVERIFY(desk.select(kShop));
     std::filesystem::remove_all(desk.controls.siteFolder("Shop"));
     QVERIFY(desk.click("editSiteButton"));
-    QVERIFY(comesTrue([] { return topSheet() != nullptr; }));
-    const auto* alert = qobject_cast<QMessageBox*>(topSheet());
+    const QMessageBox* alert = qobject_cast<QMessageBox*>(sheetNamed({}));
     QVERIFY(alert && alert->text().contains(QLatin1String("Shop.qzVSK")));
     QVERIFY(answer(topSheet(), kOk));
     QVERIFY(desk.click("addSiteButton"));

@@ -1,12 +1,7 @@
 // The seven views: the rule by which they take turns, and what somebody without a mouse, or without eyes for
 // the screen, finds in each.
 #include <QAccessible>
-#include <QComboBox>
-#include <QDockWidget>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 #include <QTabBar>
@@ -44,9 +39,7 @@ QStringList altKeys(const QMainWindow& window) {
   for (const QAction* menu : window.menuBar()->actions()) keys.append(keyOf(menu->text()));
   for (const QWidget* widget : window.findChildren<QWidget*>()) {
     if (!widget->isVisible()) continue;
-    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) keys.append(keyOf(button->text()));
-    const auto* label = qobject_cast<const QLabel*>(widget);
-    if (label != nullptr && label->buddy() != nullptr) keys.append(keyOf(label->text()));
+    keys.append(keyOf(widget->property("text").toString()));  // of a button, or of a label with a buddy
     if (const auto* tabs = qobject_cast<const QTabBar*>(widget)) {
       for (int i = 0; i < tabs->count(); ++i) keys.append(keyOf(tabs->tabText(i)));
     }
@@ -170,11 +163,6 @@ class ViewsTest : public QObject {
         QVERIFY2(interface && !interface->text(QAccessible::Name).isEmpty(), qPrintable(name));
       }
     }
-  }
-
-  void givesNoKeyTwiceInAMenu() {
-    Desk desk;
-    desk.open();
     for (const QAction* top : desk.window().menuBar()->actions()) {
       QStringList keys;
       for (const QAction* action : top->menu()->actions()) {

@@ -47,14 +47,12 @@ class Lure : public QTcpServer {
   QByteArray m_asked;
 };
 
-enum class Way { asks, navigates, opensAWindow };
-
 /// Something in a document that wants to get out. LURE stands for the lure's address; what a user has to work
 /// is of the class "act".
 struct Bait {
   const char* name;
   const char* html;
-  Way way = Way::asks;  // the page by itself holds back the other two
+  bool leaves = false;  // which the page by itself holds back
 };
 
 /// All that a document can hold at the same time.
@@ -64,25 +62,24 @@ constexpr Bait kBaits[] = {
     {"script", "<script>new Image().src = 'LURE'</script>"},
     {"socket", "<script>new WebSocket('LURE'.replace('http', 'ws'))</script>"},
     {"worker", "<script>new Worker(URL.createObjectURL(new Blob([\"fetch('LURE')\"])))</script>"},
-    {"frame", "<iframe src='LURE'></iframe>", Way::navigates},
-    {"frame with data", "<iframe src=\"data:text/html,<img src='LURE'>\"></iframe>", Way::navigates},
-    {"object", "<object data='LURE'></object>", Way::navigates},
+    {"frame", "<iframe src='LURE'></iframe>", true},
+    {"frame with data", "<iframe src=\"data:text/html,<img src='LURE'>\"></iframe>", true},
+    {"object", "<object data='LURE'></object>", true},
     {"style sheet", "<link rel=stylesheet href='LURE'>"},
     {"font", "<style>@font-face { font-family: f; src: url('LURE') } p { font-family: f }</style>"},
     {"prefetch", "<link rel=prefetch href='LURE'>"},
     {"link that tells", "<a class=act href='#y' ping='LURE'>x</a>"},
     {"link to a script", "<a class=act href=\"javascript:fetch('LURE')\">x</a>"},
-    {"link to a window", "<a class=act target=_blank href='LURE'>x</a>", Way::opensAWindow},
-    {"window by script", "<script>open('LURE')</script>", Way::opensAWindow},
 };
-constexpr int kWindows = 2;
 
 /// Each of these takes the document away.
 constexpr Bait kLast[] = {
-    {"refresh", "<meta http-equiv=refresh content='0;url=LURE'>", Way::navigates},
-    {"link", "<a class=act href='LURE'>x</a>", Way::navigates},
-    {"link to a download", "<a class=act download href='LURE'>x</a>", Way::navigates},
-    {"form", "<form class=act action='LURE'></form>", Way::navigates},
+    {"refresh", "<meta http-equiv=refresh content='0;url=LURE'>", true},
+    {"link", "<a class=act href='LURE'>x</a>", true},
+    {"link to a download", "<a class=act download href='LURE'>x</a>", true},
+    {"form", "<form class=act action='LURE'></form>", true},
+    {"link to a window", "<a class=act target=_blank href='LURE'>x</a>", true},
+    {"window by script", "<script>open('LURE')</script>", true},
 };
 
 struct Views {
@@ -172,7 +169,6 @@ class WebWallsTest : public QObject {
   void takesNoDrops() {
     QMimeData data;
     data.setUrls({QUrl(QStringLiteral("http://127.0.0.1:1/"))});
-    data.setText(QStringLiteral("http://127.0.0.1:1/"));
     const auto takes = [&](QWidget& target) {
       QDragEnterEvent event(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
       event.ignore();
@@ -224,12 +220,8 @@ class WebWallsTest : public QObject {
     m_views->open.act();
     for (int i = 0; i < static_cast<int>(baits.size()); ++i) {
       const Bait& bait = baits[i];
-      QVERIFY2(comesTrue([&] {
-                 return open.isAskedFor(i) ||
-                        (bait.way == Way::opensAWindow && m_views->open.windows() == kWindows);
-               }),
-               bait.name);
-      QVERIFY2(bait.way == Way::asks || !page.isAskedFor(i), bait.name);
+      QVERIFY2(comesTrue([&] { return open.isAskedFor(i); }), bait.name);
+      QVERIFY2(!bait.leaves || !page.isAskedFor(i), bait.name);
     }
     QVERIFY(m_views->walled.isStill());
     QCOMPARE(settings.connections(), 0);

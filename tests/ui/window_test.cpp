@@ -2,10 +2,8 @@
 
 #include <QDeadlineTimer>
 #include <QLocale>
-#include <QTableView>
 #include <QTimer>
 #include <QWindow>
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdlib>
@@ -15,6 +13,7 @@
 
 #include <xcb/xcb.h>
 
+#include "html_editor/sitemap_page.h"
 #include "platform/files.h"
 #include "platform/qt_text.h"
 #include "store/site_record.h"
@@ -158,8 +157,9 @@ void Desk::openShop(const std::string& url, const std::string& record) {
 }
 
 bool Desk::areAll(bool enabled, std::initializer_list<const char*> names) const {
-  return std::all_of(names.begin(), names.end(),
-                     [&](const char* name) { return this->enabled(name) == enabled; });
+  for (const char* name : names)
+    if (this->enabled(name) != enabled) return false;
+  return true;
 }
 
 QAction& Desk::viewAction(int view) const {
@@ -190,26 +190,27 @@ bool Desk::select(const QString& site, Qt::KeyboardModifiers modifiers) const {
 }
 
 bool Desk::nothingSelected() const {
-  const auto isEmpty = [this](const char* name) { return label(name).isEmpty(); };
-  constexpr const char* kFields[] = {"siteName",     "siteURL",    "totalLinksFound",
-                                     "linksScanned", "pagesFound", "brokenLinks"};
+  for (const char* name :
+       {"siteName", "siteURL", "totalLinksFound", "linksScanned", "pagesFound", "brokenLinks"})
+    if (!label(name).isEmpty()) return false;
   return !control<QTableView>("siteListTable").selectionModel()->hasSelection() &&
-         m_window->state().qzvskCurSite.empty() && m_window->windowTitle() == QLatin1String("Veskel2") &&
-         std::all_of(std::begin(kFields), std::end(kFields), isEmpty);
+         m_window->state().qzvskCurSite.empty() && m_window->windowTitle() == QLatin1String("Veskel2");
 }
 
-void prepareEnvironment(const fs::path& home) {
+int runTests(int argc, char** argv, const std::function<std::unique_ptr<QObject>()>& make) {
+  const support::TempFolder home;
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   // It needs what the places where tests run do not give: name spaces of the user's own.
   qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-  qputenv("HOME", home.c_str());
-  qputenv("XDG_STATE_HOME", (home / "state").c_str());
-}
-
-void prepareApplication() {
+  qputenv("HOME", home.path().c_str());
+  qputenv("XDG_STATE_HOME", (home.path() / "state").c_str());
+  html_editor::prepareWebEngine();
+  const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
   ui::loadIcons();
+  const std::unique_ptr<QObject> tests = make();
+  return QTest::qExec(tests.get(), argc, argv);
 }
 
 }  // namespace window_tests

@@ -4,10 +4,19 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
 #include <QDialog>
+#include <QDockWidget>
+#include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
+#include <QTableView>
 #include <QTest>
 #include <filesystem>
 #include <functional>
@@ -15,7 +24,6 @@
 #include <string>
 
 #include "app/main_window.h"
-#include "html_editor/sitemap_page.h"
 #include "platform/named_controls.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
@@ -115,18 +123,11 @@ class Desk {
 
 /// Runs a class of tests with Qt's own options, without a display unless one is asked for, and away from the
 /// user's files.
-void prepareEnvironment(const std::filesystem::path& home);
-void prepareApplication();
+int runTests(int argc, char** argv, const std::function<std::unique_ptr<QObject>()>& make);
 
 template <typename Tests>
 int run(int argc, char** argv) {
-  const support::TempFolder home;
-  prepareEnvironment(home.path());
-  html_editor::prepareWebEngine();
-  const QApplication application(argc, argv);
-  prepareApplication();
-  Tests tests;
-  return QTest::qExec(&tests, argc, argv);
+  return runTests(argc, argv, [] { return std::make_unique<Tests>(); });
 }
 
 }  // namespace window_tests
