@@ -14,16 +14,10 @@ namespace {
 using fuzz::require;
 
 /// Years whose weeks begin on Sunday, the first of them being that of January 1.
-const platform::DateFormatter& american() {
-  static const platform::DateFormatter formatter({"en_US", "UTC"});
-  return formatter;
-}
+const platform::DateFormatter kAmerican({"en_US", "UTC"});
 
 /// Years whose weeks begin on Monday, the first of them having most of its days in January.
-const platform::DateFormatter& german() {
-  static const platform::DateFormatter formatter({"de_DE", "UTC"});
-  return formatter;
-}
+const platform::DateFormatter kGerman({"de_DE", "UTC"});
 
 bool looksLikeDate(std::string_view text) {
   static const platform::Regex date("-?[0-9]+-(0[1-9]|1[0-2])-(0[1-9]|[12][0-9]|3[01])");
@@ -42,18 +36,18 @@ void checkKnownDate(std::time_t seconds) {
   const std::string preferred = formatted("%a, %d %b %Y %H:%M:%S GMT", seconds);
   const int daysToSaturday = 6 - std::stoi(formatted("%w", seconds));
   const std::string year = formatted("%Y", seconds + std::time_t{daysToSaturday} * 24 * 60 * 60);
-  require(american().weekDate(preferred) == year + formatted("-%m-%d", seconds),
+  require(kAmerican.weekDate(preferred) == year + formatted("-%m-%d", seconds),
           "a year is that of its week, by the rule from Sunday on");
-  require(german().weekDate(preferred) == formatted("%G-%m-%d", seconds),
+  require(kGerman.weekDate(preferred) == formatted("%G-%m-%d", seconds),
           "a year is that of its week, by the rule from Monday on");
-  require(american().weekDate(formatted("%a %b %e %T %Y", seconds)) == american().weekDate(preferred),
+  require(kAmerican.weekDate(formatted("%a %b %e %T %Y", seconds)) == kAmerican.weekDate(preferred),
           "both notations mean the same");
 }
 
 }  // namespace
 
 void fuzz::tryInput(std::string_view text) {
-  for (const auto* formatter : {&american(), &german()}) {
+  for (const auto* formatter : {&kAmerican, &kGerman}) {
     const std::string date = formatter->weekDate(text);
     require(date.empty() || looksLikeDate(date), "what is shown is a date");
     require(formatter->weekDate(text) == date, "a date is the same every time");

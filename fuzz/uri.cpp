@@ -2,6 +2,7 @@
 #include "platform/uri.h"
 
 #include <algorithm>
+#include <cctype>
 #include <string>
 
 #include "fuzz_target.h"
@@ -21,22 +22,19 @@ std::string recomposed(const platform::UriParts& parts) {
   return text;
 }
 
-int hexValue(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+/// Whether `text` begins with "%" and two hex digits.
+bool beginsEncoded(std::string_view text) {
+  const auto isHex = [](char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; };
+  return text.size() >= 3 && text[0] == '%' && isHex(text[1]) && isHex(text[2]);
 }
 
 /// Percent-encoded bytes as themselves; a "%" that begins none stays.
 std::string decoded(std::string_view text) {
   std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool hasTwo = text[i] == '%' && text.size() - i >= 3;
-    const int high = hasTwo ? hexValue(text[i + 1]) : -1;
-    const int low = hasTwo ? hexValue(text[i + 2]) : -1;
-    const bool isTriplet = high >= 0 && low >= 0;
-    result += isTriplet ? static_cast<char>(high * 16 + low) : text[i];
-    if (isTriplet) i += 2;
+  while (!text.empty()) {
+    const bool isTriplet = beginsEncoded(text);
+    result += isTriplet ? static_cast<char>(std::stoi(std::string(text.substr(1, 2)), nullptr, 16)) : text[0];
+    text.remove_prefix(isTriplet ? 3 : 1);
   }
   return result;
 }
@@ -48,25 +46,14 @@ void checkSplit(std::string_view text) {
           "a host is in its authority");
 }
 
-/// Whether `address` holds nothing that a request may not: brackets belong to the authority, and a "%" has
-/// two hex digits behind it.
+/// Whether `address` holds nothing that a request may not; a "%" has two hex digits behind it.
 bool isFitForRequest(std::string_view address) {
   constexpr std::string_view kLegal =
-      "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~:/?@!$&'()*+,;=";
-  const std::string_view authority = platform::splitUri(address).authority.value_or("");
-  std::ptrdiff_t brackets = 0;
+      "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~:/?@!$&'()*+,;=[]";
   for (std::size_t i = 0; i < address.size(); ++i) {
-    if (address[i] == '[' || address[i] == ']') {
-      ++brackets;
-    } else if (address[i] == '%') {
-      if (address.size() - i < 3 || hexValue(address[i + 1]) < 0 || hexValue(address[i + 2]) < 0)
-        return false;
-    } else if (kLegal.find(address[i]) == std::string_view::npos) {
-      return false;
-    }
+    if (kLegal.find(address[i]) == std::string_view::npos && !beginsEncoded(address.substr(i))) return false;
   }
-  return brackets ==
-         std::count_if(authority.begin(), authority.end(), [](char c) { return c == '[' || c == ']'; });
+  return true;
 }
 
 void checkRequest(std::string_view text) {
