@@ -55,6 +55,8 @@ TEST(StyleEdit, ReplacesOneDeclarationOfOneClass) {
   EXPECT_EQ(withFontSize(kNewDocument, kTitle, "0.8em"),
             with(kNewDocument, "\tcolor: #000000;\n\t\tfont-size: 1.1em;",
                  "\tcolor: #000000;\n\t\tfont-size: 0.8em;"));
+  EXPECT_EQ(withFontSize(".vskPageTitle a { font-size: 1em; color: red; }", kTitle, "2em"),
+            ".vskPageTitle a { font-size: 2em; }");
   EXPECT_EQ(withColour(kNewDocument, kLink, "#123456"), with(kNewDocument, "#0000FF", "#123456"));
   EXPECT_EQ(withBold(kNewDocument, kTitle, false),
             with(kNewDocument, "font-weight: bold;\n\t\t", "font-weight: normal;\n\t\t"));
