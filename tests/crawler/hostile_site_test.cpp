@@ -17,7 +17,7 @@ namespace crawler {
 namespace {
 
 using namespace std::chrono_literals;
-using support::rawAnswerTo;
+using support::rawAnswer;
 using support::RawConnection;
 using support::RawRequest;
 using support::RawServer;
@@ -47,8 +47,8 @@ TEST(HostileSite, CanBeLeftWhereverItHolds) {
           if (!told.exchange(true)) reached.count_down();
           return connection.waitForClose();
         }
-        connection.send(
-            rawAnswerTo(*request, "200 OK", kHtml, "<title>Page</title><a href=good.html>Good</a>"));
+        connection.answer(*request,
+                          rawAnswer("200 OK", kHtml, "<title>Page</title><a href=good.html>Good</a>"));
       }
     });
     ScanRun run(server.url());
@@ -80,13 +80,13 @@ TEST(HostileSite, CannotFillTheMemoryByItsBadPages) {
   while (anchors.size() < 300u << 10) anchors += "<a>";
   const RawServer server(RawServer::answering([&](const RawRequest& request) {
     if (request.target().starts_with("/bomb"))
-      return rawAnswerTo(request, "200 OK", std::string(kHtml) + "Content-Encoding: br\r\n", bomb);
-    if (request.target() != "/") return rawAnswerTo(request, "200 OK", kHtml, anchors);
+      return rawAnswer("200 OK", std::string(kHtml) + "Content-Encoding: br\r\n", bomb);
+    if (request.target() != "/") return rawAnswer("200 OK", kHtml, anchors);
     std::string links;
     for (int i = 0; i < kPages; ++i) {
       links += "<a href=" + std::string(i < kBombs ? "bomb" : "page") + std::to_string(i) + ".html>x</a>";
     }
-    return rawAnswerTo(request, "200 OK", kHtml, links);
+    return rawAnswer("200 OK", kHtml, links);
   }));
   ScanRun run(server.url());
   run.limits.bytes = 8u << 20;

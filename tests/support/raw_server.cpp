@@ -52,13 +52,6 @@ std::string rawAnswer(std::string_view status, std::string_view headers, std::st
   return answer.append(headers).append("\r\n").append(body);
 }
 
-std::string rawAnswerTo(const RawRequest& request, std::string_view status, std::string_view headers,
-                        std::string_view body) {
-  std::string answer = rawAnswer(status, headers, body);
-  if (request.method() == "HEAD") answer.resize(answer.size() - body.size());
-  return answer;
-}
-
 std::optional<RawRequest> RawConnection::readRequest() {
   std::size_t end = 0;
   while ((end = m_unread.find("\r\n\r\n")) == std::string::npos) {
@@ -86,6 +79,10 @@ bool RawConnection::send(std::string_view bytes) {
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
   return true;
+}
+
+bool RawConnection::answer(const RawRequest& request, std::string_view bytes) {
+  return send(request.method() == "HEAD" ? bytes.substr(0, bytes.find("\r\n\r\n") + 4) : bytes);
 }
 
 void RawConnection::sendForever(std::string_view bytes, std::chrono::milliseconds pauseBetween) {
@@ -121,7 +118,7 @@ RawServer::~RawServer() {
 RawServer::Handler RawServer::answering(std::function<std::string(const RawRequest&)> answer) {
   return [answer = std::move(answer)](RawConnection& connection) {
     while (const auto request = connection.readRequest()) {
-      if (!connection.send(answer(*request))) return;
+      if (!connection.answer(*request, answer(*request))) return;
     }
   };
 }

@@ -27,10 +27,6 @@ struct RawRequest {
 /// A complete answer with its Content-Length: rawAnswer("200 OK", "Content-Type: text/html\r\n", "<p>").
 std::string rawAnswer(std::string_view status, std::string_view headers, std::string_view body);
 
-/// Likewise, and without the body where the request is a HEAD.
-std::string rawAnswerTo(const RawRequest& request, std::string_view status, std::string_view headers,
-                        std::string_view body);
-
 class RawServer;
 
 /// One accepted connection, used on its handler's thread. It closes when the handler returns. No call
@@ -43,6 +39,8 @@ class RawConnection {
   std::string receive();
   /// False when the client is gone. Blocks while the client does not read.
   bool send(std::string_view bytes);
+  /// Sends a complete answer, without its body where the request is a HEAD.
+  bool answer(const RawRequest& request, std::string_view bytes);
   /// Sends the same again and again until the client is gone.
   void sendForever(std::string_view bytes, std::chrono::milliseconds pauseBetween = {});
   /// Says nothing more. Returns when the client is gone.
@@ -69,7 +67,8 @@ class RawServer {
   RawServer(const RawServer&) = delete;
   RawServer& operator=(const RawServer&) = delete;
 
-  /// A handler that answers every request of a connection with what `answer` makes of it, and keeps it open.
+  /// A handler that answers every request of a connection with what `answer` makes of it, as
+  /// RawConnection::answer() does, and keeps it open.
   static Handler answering(std::function<std::string(const RawRequest&)> answer);
 
   /// "http://127.0.0.1:PORT" and `path`.

@@ -3,9 +3,12 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
+#include <tuple>
 #include <utility>
 
 #include <fcntl.h>
@@ -33,22 +36,12 @@ int memoryFile(std::string_view text = {}) {
 
 /// From the start, without moving the position at which the program writes on.
 std::string contentOf(int file) {
-  std::string text;
-  char buffer[4096];
-  for (;;) {
-    const ssize_t count = pread(file, buffer, sizeof buffer, static_cast<off_t>(text.size()));
-    if (count <= 0) return text;
-    text.append(buffer, static_cast<std::size_t>(count));
-  }
+  std::ifstream stream("/proc/self/fd/" + std::to_string(file), std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-struct Terminal {
-  int ours;
-  int theirs;
-};
-
-/// A terminal on which `input` was typed.
-Terminal terminalWith(std::string_view input) {
+/// Our side and the program's of a terminal on which `input` was typed.
+std::pair<int, int> terminalWith(std::string_view input) {
   const int ours = checked(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC), "posix_openpt");
   checked(grantpt(ours), "grantpt");
   checked(unlockpt(ours), "unlockpt");
@@ -87,9 +80,7 @@ RunningProgram::RunningProgram(const std::filesystem::path& program,
     : m_output(memoryFile()), m_errors(memoryFile()) {
   int input = -1;
   if (options.inputFrom == StandardInput::terminal) {
-    const Terminal terminal = terminalWith(options.input);
-    m_terminal = terminal.ours;
-    input = terminal.theirs;
+    std::tie(m_terminal, input) = terminalWith(options.input);
   } else {
     input = memoryFile(options.input);
   }

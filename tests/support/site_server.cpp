@@ -52,7 +52,7 @@ std::string SiteServer::answer(const RawRequest& request) {
   add("Last-Modified", page.lastModified);
   add("Location", page.location);
   add("Content-Type", page.contentType);
-  return rawAnswerTo(request, std::to_string(page.status) + " ", headers, page.body);
+  return rawAnswer(std::to_string(page.status) + " ", headers, page.body);
 }
 
 std::vector<std::string> SiteServer::requests() const {
