@@ -178,6 +178,7 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   scanner.scanSiteAction();
   scanner.wait();
   report(context, options, scanner.result(), secondsSince(started));
+  std::cout.flush();  // while a reader that has gone is no signal yet that ends the program
   return exitCodeOf(scanner.result(), signals.token().stop_requested(), view->readerIsGone());
 }
 
