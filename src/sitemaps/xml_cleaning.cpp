@@ -67,15 +67,19 @@ void appendAddress(std::string& to, std::string_view written) {
   to += isXml && fit == address ? std::string(written) : escapeXml(fit);
 }
 
-/// An entry, from "<url" to "</url>".
+/// An entry, from "<url" to "</url>". One of strangers may hold several addresses.
 void appendEntry(std::string& to, std::string_view entry) {
-  const std::size_t tag = entry.find("<loc>");
-  const std::size_t value = tag == kNowhere ? tag : tag + 5;
-  const std::size_t end = entry.find("</loc", value);
-  if (value == kNowhere || end == kNowhere) return appendMended(to, entry);
-  appendMended(to, entry.substr(0, value));
-  appendAddress(to, entry.substr(value, end - value));
-  appendMended(to, entry.substr(end));
+  constexpr std::string_view kLoc = "<loc>";
+  std::size_t done = 0;
+  for (;;) {
+    const std::size_t tag = entry.find(kLoc, done);
+    const std::size_t value = tag == kNowhere ? tag : tag + kLoc.size();
+    const std::size_t end = entry.find("</loc", value);
+    if (value == kNowhere || end == kNowhere) return appendMended(to, entry.substr(done));
+    appendMended(to, entry.substr(done, value - done));
+    appendAddress(to, entry.substr(value, end - value));
+    done = end;
+  }
 }
 
 std::string mended(std::string_view sitemap) {
