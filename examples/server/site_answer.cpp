@@ -36,7 +36,7 @@ std::optional<std::vector<std::string>> pathParts(std::string_view path) {
   while (!path.empty()) {
     const std::size_t slash = std::min(path.find('/'), path.size());
     const std::string_view part = path.substr(0, slash);
-    if (part == ".." || part.find('\0') != std::string_view::npos) return std::nullopt;
+    if (part == ".." || std::find(part.begin(), part.end(), '\0') != part.end()) return std::nullopt;
     if (!part.empty() && part != ".") parts.emplace_back(part);
     path.remove_prefix(std::min(slash + 1, path.size()));
   }
