@@ -16,8 +16,8 @@ NGINX_CONFIGURATION = """
 {user}
 worker_processes 1;
 daemon off;
-pid {folder}/pid;
-error_log {folder}/error.log;
+pid "{folder}/pid";
+error_log "{folder}/error.log";
 events {{ worker_connections 1024; }}
 http {{
   include /etc/nginx/mime.types;
@@ -26,10 +26,10 @@ http {{
   tcp_nopush on;
   keepalive_requests 1000000;
   client_body_temp_path {folder}/body;
-  proxy_temp_path {folder}/proxy;
-  fastcgi_temp_path {folder}/fastcgi;
-  uwsgi_temp_path {folder}/uwsgi;
-  scgi_temp_path {folder}/scgi;
+  proxy_temp_path "{folder}/proxy";
+  fastcgi_temp_path "{folder}/fastcgi";
+  uwsgi_temp_path "{folder}/uwsgi";
+  scgi_temp_path "{folder}/scgi";
 {servers}
 }}
 """
