@@ -25,7 +25,7 @@ http {{
   sendfile on;
   tcp_nopush on;
   keepalive_requests 1000000;
-  client_body_temp_path {folder}/body;
+  client_body_temp_path "{folder}/body";
   proxy_temp_path "{folder}/proxy";
   fastcgi_temp_path "{folder}/fastcgi";
   uwsgi_temp_path "{folder}/uwsgi";
