@@ -7,7 +7,7 @@
 #include <array>
 #include <utility>
 
-#include "ui/address_actions.h"
+#include "platform/address_actions.h"
 
 namespace app {
 
@@ -107,9 +107,9 @@ void MenuCommands::connectEditing() {
 
 void MenuCommands::connectAddresses() {
   connect(&control<QAction>(m_window, "copyAddressMI"), &QAction::triggered, this,
-          [this] { triggerOnAddress(ui::kCopySelection); });
+          [this] { triggerOnAddress(platform::kCopySelection); });
   connect(&control<QAction>(m_window, "openAddressMI"), &QAction::triggered, this,
-          [this] { triggerOnAddress(ui::kOpenSelection); });
+          [this] { triggerOnAddress(platform::kOpenSelection); });
 }
 
 void MenuCommands::in(ui::View view, std::function<void()> command) {
@@ -178,7 +178,8 @@ void MenuCommands::triggerOnFocus(const char* slot) {
   if (focus == nullptr) return;
   const auto* sitemap = m_window.findChild<QWidget*>(QStringLiteral("scanWebView"));
   const QWidget* list = sitemap != nullptr && sitemap->isAncestorOf(focus) ? sitemap : focus;
-  QAction* copy = qstrcmp(slot, "copy") == 0 ? ui::addressAction(list, ui::kCopySelection) : nullptr;
+  QAction* copy =
+      qstrcmp(slot, "copy") == 0 ? platform::addressAction(list, platform::kCopySelection) : nullptr;
   if (copy != nullptr) return copy->trigger();
   if (has(*focus, slot)) QMetaObject::invokeMethod(focus, slot);
 }
@@ -192,7 +193,7 @@ void MenuCommands::triggerOnAddress(const char* actionName) {
   if (showsSitemap()) list = m_window.findChild<QWidget*>(QStringLiteral("scanWebView"));
   for (const QWidget* each :
        std::initializer_list<const QWidget*>{m_window.focusWidget(), list, &m_controls.siteListTable}) {
-    if (QAction* action = ui::addressAction(each, actionName)) return action->trigger();
+    if (QAction* action = platform::addressAction(each, actionName)) return action->trigger();
   }
 }
 

@@ -1,13 +1,12 @@
 // Editing and deleting single links in the HTML viewer.
 #include <QAction>
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QTimer>
-#include <QUrl>
 
 #include "html_editor/html_view_controller.h"
+#include "platform/address_actions.h"
 #include "platform/qt_text.h"
 
 namespace html_editor {
@@ -48,8 +47,8 @@ void HTMLViewController::buildLinkMenu() {
     m_scanWebView->addAction(action);
     return action;
   };
-  add("copySelection", tr("&Copy Address"), &HTMLViewController::copyLinkAddress);
-  add("openSelection", tr("&Open in Browser"), &HTMLViewController::openLinkInBrowser);
+  add(platform::kCopySelection, tr("&Copy Address"), &HTMLViewController::copyLinkAddress);
+  add(platform::kOpenSelection, tr("&Open in Browser"), &HTMLViewController::openLinkInBrowser);
   add("deleteSelection", tr("&Delete Link..."), &HTMLViewController::deleteLinkAction)
       ->setShortcut(QKeySequence::Delete);
   connect(m_scanWebView, &SitemapWebView::menuWanted, this, [this](QPoint place) {
@@ -66,12 +65,8 @@ void HTMLViewController::copyLinkAddress() {
     QGuiApplication::clipboard()->setText(toQString(m_document.selection()->linkEditInput));
 }
 
-/// Anything may stand in a sitemap: what is no page on the web is not handed to other programs.
 void HTMLViewController::openLinkInBrowser() {
-  if (!m_document.selection()) return;
-  const QUrl url(toQString(m_document.selection()->linkEditInput));
-  if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
-    QDesktopServices::openUrl(url);
+  if (m_document.selection()) platform::openInBrowser(toQString(m_document.selection()->linkEditInput));
 }
 
 void HTMLViewController::showSelection() {

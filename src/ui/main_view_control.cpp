@@ -8,11 +8,11 @@
 #include <QUrl>
 #include <array>
 
+#include "platform/address_actions.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
 #include "store/working_folder.h"
-#include "ui/address_actions.h"
 #include "ui/sorted_table.h"
 
 namespace ui {
@@ -80,11 +80,11 @@ void MainViewControl::connectBrokenLinks() {
   table.horizontalHeader()->setSectionResizeMode(BrokenLinksModel::urlColumn, QHeaderView::Stretch);
   table.horizontalHeader()->resizeSection(BrokenLinksModel::reasonColumn,
                                           table.fontMetrics().averageCharWidth() * 36);
-  addAddressActions(table, [this] { return selectedBrokenUrls(); });
-  connect(&m_view.copyBadLinkButton, &QPushButton::clicked, &control<QAction>(table, kCopySelection),
-          &QAction::trigger);
-  connect(&m_view.openBadLinkButton, &QPushButton::clicked, &control<QAction>(table, kOpenSelection),
-          &QAction::trigger);
+  platform::addAddressActions(table, [this] { return selectedBrokenUrls(); });
+  connect(&m_view.copyBadLinkButton, &QPushButton::clicked,
+          &control<QAction>(table, platform::kCopySelection), &QAction::trigger);
+  connect(&m_view.openBadLinkButton, &QPushButton::clicked,
+          &control<QAction>(table, platform::kOpenSelection), &QAction::trigger);
   const auto enable = [this] {
     const bool any = !selectedBrokenUrls().isEmpty();
     for (QPushButton* button : {&m_view.copyBadLinkButton, &m_view.openBadLinkButton}) {

@@ -12,10 +12,10 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/address_actions.h"
 #include "platform/enable_unless.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
-#include "ui/address_actions.h"
 #include "ui/sorted_table.h"
 
 namespace ui {
@@ -184,7 +184,7 @@ void ScanViewController::buildContextMenus() {
       links.append(index.data().toString());
     return links;
   };
-  addAddressActions(list, selectedLinks);
+  platform::addAddressActions(list, selectedLinks);
   // The key belongs to the table of sites alone: elsewhere it deletes a character or a filter.
   auto& remove = m_view.deleteMI;
   remove.setShortcut(QKeySequence::Delete);
@@ -195,7 +195,7 @@ void ScanViewController::buildContextMenus() {
     return line;
   };
   m_view.siteListTable.addActions({&m_view.scanMI, &m_view.editMI, &m_view.scanSettingsMI, separator()});
-  addAddressActions(m_view.siteListTable, [this] {
+  platform::addAddressActions(m_view.siteListTable, [this] {
     return m_parts.state.qzvskCurSite.empty() ? QStringList() : QStringList(siteUrl());
   });
   m_view.siteListTable.addActions({&m_view.openFolderMI, separator(), &remove});

@@ -9,6 +9,7 @@
 #include <exception>
 #include <memory>
 
+#include "platform/address_actions.h"
 #include "platform/qt_text.h"
 #include "sitemaps/site_export.h"
 
@@ -38,7 +39,7 @@ FindingsPanel::FindingsPanel(const QMainWindow& mainWindow) : m_view{mainWindow}
   m_list.setModel(&m_texts);
   m_list.setMinimumHeight(m_list.fontMetrics().lineSpacing() * 6);
   auto* copy = new QAction(tr("Copy"), &m_list);
-  copy->setObjectName(QStringLiteral("copySelection"));  // what the Edit menu's Copy does here
+  copy->setObjectName(QLatin1String(platform::kCopySelection));
   m_list.addAction(copy);
   connect(copy, &QAction::triggered, this, [this] {
     const QModelIndex current = m_list.currentIndex();

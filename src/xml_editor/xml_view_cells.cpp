@@ -1,13 +1,10 @@
 // The table of the view, its pop-up cells and its menus.
 #include <QActionGroup>
-#include <QClipboard>
-#include <QDesktopServices>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QUrl>
 #include <algorithm>
 
+#include "platform/address_actions.h"
 #include "platform/qt_text.h"
 #include "xml_editor/cell_delegates.h"
 #include "xml_editor/menu_values.h"
@@ -96,22 +93,18 @@ void XMLViewController::buildContextMenu() {
   edit.setShortcutContext(Qt::WidgetShortcut);
   remove.setShortcut(QKeySequence::Delete);
   remove.setShortcutContext(Qt::WidgetShortcut);
-  auto* copy = new QAction(tr("&Copy Address"), &m_view.xmlTableView);
-  copy->setObjectName(QStringLiteral("copySelection"));  // what the Edit menu's Copy does here
-  auto* open = new QAction(tr("&Open in Browser"), &m_view.xmlTableView);
-  open->setObjectName(QStringLiteral("openSelection"));
-  auto* first = new QAction(&m_view.xmlTableView);
-  auto* second = new QAction(&m_view.xmlTableView);
-  first->setSeparator(true);
-  second->setSeparator(true);
-  m_view.xmlTableView.addActions({&edit, m_view.chFreqMenu.menuAction(), m_view.prMenu.menuAction(), first,
-                                  copy, open, second, &remove});
+  const auto separator = [this] {
+    auto* line = new QAction(&m_view.xmlTableView);
+    line->setSeparator(true);
+    return line;
+  };
+  m_view.xmlTableView.addActions(
+      {&edit, m_view.chFreqMenu.menuAction(), m_view.prMenu.menuAction(), separator()});
+  platform::addAddressActions(
+      m_view.xmlTableView, [this] { return selectedRow() < 0 ? QStringList() : QStringList(selectedUrl()); });
+  m_view.xmlTableView.addActions({separator(), &remove});
   connect(&edit, &QAction::triggered, this, &XMLViewController::editCell);
   connect(&remove, &QAction::triggered, this, &XMLViewController::delLinkAction);
-  connect(copy, &QAction::triggered, this, [this] {
-    if (selectedRow() >= 0) QGuiApplication::clipboard()->setText(selectedUrl());
-  });
-  connect(open, &QAction::triggered, this, &XMLViewController::openSelected);
 }
 
 void XMLViewController::markChosen(QActionGroup& group, Field field) const {
@@ -154,13 +147,6 @@ bool XMLViewController::eventFilter(QObject* watched, QEvent* event) {
   if (!opens || !hasMenu(cell)) return QObject::eventFilter(watched, event);
   editCell();
   return true;
-}
-
-/// Anything may stand in a sitemap: what is no page on the web is not handed to other programs.
-void XMLViewController::openSelected() {
-  const QUrl url(selectedUrl());
-  if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
-    QDesktopServices::openUrl(url);
 }
 
 }  // namespace xml_editor

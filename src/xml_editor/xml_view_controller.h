@@ -58,7 +58,6 @@ class XMLViewController : public QObject {
   void markChosen(QActionGroup& group, Field field) const;
   void editCell();
   void popUpMenu(const QModelIndex& cell);
-  void openSelected();
 
   // xml_view_controller.cpp
   void connectCommands();

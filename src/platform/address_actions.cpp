@@ -1,4 +1,4 @@
-#include "ui/address_actions.h"
+#include "platform/address_actions.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -7,12 +7,18 @@
 #include <QItemSelectionModel>
 #include <QUrl>
 
-namespace ui {
+namespace platform {
+
+void openInBrowser(const QString& address) {
+  const QUrl url(address);
+  if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
+    QDesktopServices::openUrl(url);
+}
 
 void addAddressActions(QAbstractItemView& list, const std::function<QStringList()>& addresses) {
-  auto* copy = new QAction(QObject::tr("Copy Address"), &list);
+  auto* copy = new QAction(QObject::tr("&Copy Address"), &list);
   copy->setObjectName(QLatin1String(kCopySelection));
-  auto* open = new QAction(QObject::tr("Open in Browser"), &list);
+  auto* open = new QAction(QObject::tr("&Open in Browser"), &list);
   open->setObjectName(QLatin1String(kOpenSelection));
   list.addActions({copy, open});
   list.setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -21,7 +27,7 @@ void addAddressActions(QAbstractItemView& list, const std::function<QStringList(
   });
   QObject::connect(open, &QAction::triggered, &list, [addresses] {
     const QStringList all = addresses();
-    if (!all.isEmpty()) QDesktopServices::openUrl(QUrl(all.first()));
+    if (!all.isEmpty()) openInBrowser(all.first());
   });
   const auto enable = [&list, copy, open] {
     const bool any = list.selectionModel()->hasSelection();
@@ -39,4 +45,4 @@ QAction* addressAction(const QWidget* list, const char* name) {
   return action != nullptr && action->isEnabled() ? action : nullptr;
 }
 
-}  // namespace ui
+}  // namespace platform
