@@ -5,7 +5,6 @@
 
 #include "fuzz_target.h"
 #include "web/attributes.h"
-#include "web/document_type.h"
 
 namespace {
 
@@ -48,10 +47,6 @@ const char* readToken(const Token& token, const char* from, std::string_view tex
     }
   }
   take(token.written);
-  if (token.kind == TokenKind::documentType) {
-    const web::DocumentType type = web::documentTypeOf(token);
-    meaning = type.name.value_or("") + type.publicId.value_or("") + type.systemId.value_or("");
-  }
   if (token.kind == TokenKind::text) {
     require(!token.written.empty(), "texts are not empty");
     web::appendText(meaning, token.written, token.form);

@@ -21,8 +21,8 @@ enum class TokenKind { text, startTag, endTag, comment, documentType, end };
 struct Token {
   TokenKind kind = TokenKind::end;
   /// As written. text: not empty; neighbouring pieces are one text. comment: read it as TextForm::rawtext.
-  /// Tags: what stands between name and ">" (web/attributes.h). documentType: what stands behind the word
-  /// (web/document_type.h).
+  /// Tags: what stands between name and ">" (web/attributes.h). documentType: what stands behind the word,
+  /// unread: nothing here asks for it.
   std::string_view written = {};
   std::string_view name = {};      // of a tag, as written
   TextForm form = TextForm::data;  // of a text
@@ -70,8 +70,7 @@ class Tokenizer {
   /// `text` is UTF-8 without a byte-order mark, and has to stay as long as the tokens are used.
   explicit Tokenizer(std::string_view text) : m_text(text) {}
 
-  /// After the end it gives TokenKind::end again and
-  /// again.
+  /// After the end it gives TokenKind::end again and again.
   Token next() {
     Token token;
     next(token);

@@ -12,8 +12,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include "document_type.h"
 #include "web/attributes.h"
-#include "web/document_type.h"
 
 namespace web {
 namespace {

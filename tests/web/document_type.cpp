@@ -1,4 +1,4 @@
-#include "web/document_type.h"
+#include "document_type.h"
 
 #include <algorithm>
 #include <string_view>
