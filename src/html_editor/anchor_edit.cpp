@@ -37,10 +37,7 @@ std::optional<std::string> spellingIn(std::string_view document, const LinkSelec
 
 /// The "<" at the front of `text` with the letters of the tag's name.
 std::string_view tagStart(std::string_view text) {
-  const auto isPart = [](char c) {
-    const char lower = platform::lowerAscii(c);
-    return (lower >= 'a' && lower <= 'z') || c == '/' || c == '!' || c == '?';
-  };
+  const auto isPart = [](char c) { return platform::isAsciiLetter(c) || c == '/' || c == '!' || c == '?'; };
   return text.substr(
       0, static_cast<std::size_t>(std::find_if_not(text.begin() + 1, text.end(), isPart) - text.begin()));
 }

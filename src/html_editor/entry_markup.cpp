@@ -3,18 +3,15 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/ascii.h"
 #include "sitemaps/html_format.h"
 
 namespace html_editor {
 
 namespace {
 
-bool isLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
 bool isLetterOrDigit(char c) {
-  return isLetter(c) || (c >= '0' && c <= '9');
+  return platform::isAsciiLetter(c) || platform::isAsciiDigit(c);
 }
 
 bool isVoid(std::string_view name) {

@@ -5,6 +5,7 @@
 #include "html_editor/anchor_edit.h"
 #include "html_editor/layouts.h"
 #include "html_editor/table_rebuild.h"
+#include "store/site_lock.h"
 #include "store/site_record.h"
 
 namespace html_editor {
@@ -74,7 +75,8 @@ Removed HtmlDocument::removeLink(const LinkSelection& link) {
 
 /// The count of LINKIDs that the site's record tells; 0 when it cannot be read.
 int HtmlDocument::totalLinks() const {
-  const platform::FileContent record = platform::readFile(m_controls.returnFullFileLocation(m_site));
+  const platform::FileContent record =
+      platform::readFile(m_controls.returnFullFileLocation(m_site), platform::kMaxListBytes);
   return store::recordCount(record.text, store::kTotalLinks).value_or(0);
 }
 
@@ -96,9 +98,8 @@ platform::FileResult HtmlDocument::saveOrKeep() {
 }
 
 platform::FileResult HtmlDocument::write() {
-  const platform::FolderLock lock(file().parent_path());
-  if (lock.result().status == platform::FileStatus::busy)
-    return {platform::FileStatus::busy, "The site is being scanned."};
+  const store::SiteLock lock(m_controls, m_site);
+  if (lock.result().status == platform::FileStatus::busy) return lock.result();
   const platform::FileContent onDisk = platform::readFile(file());
   if (onDisk.result.ok() && onDisk.text != m_original)
     return {platform::FileStatus::failed, "Another program has changed it."};

@@ -46,8 +46,7 @@ class HtmlDocument {
   HtmlDocument(store::SharedState& state, const store::GlobalControls& controls, RecoveryCopies recovery);
 
   /// Takes the site's first document in hand, none for a site without a name, or another of its layouts. The
-  /// selection ends, and what was not
-  /// saved is gone: see toSwitch() and toLeave().
+  /// selection ends, and what was not saved is gone: see toSwitch() and toLeave().
   Opened firstLoad(std::string_view site);
   Opened switchTo(const sitemaps::Layout& layout);
 

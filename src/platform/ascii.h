@@ -2,6 +2,7 @@
 // above 127.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,12 @@ inline std::string lowerAscii(std::string_view text) {
   std::string lower(text);
   for (char& c : lower) c = lowerAscii(c);
   return lower;
+}
+
+/// `lower` is in lower case.
+inline bool startsWithAnyCase(std::string_view text, std::string_view lower) {
+  return text.size() >= lower.size() && std::equal(lower.begin(), lower.end(), text.begin(),
+                                                   [](char a, char b) { return a == lowerAscii(b); });
 }
 
 /// Without blanks at both ends.

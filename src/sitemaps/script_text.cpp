@@ -15,16 +15,6 @@ namespace {
 constexpr std::size_t kNowhere = std::string_view::npos;
 constexpr std::string_view kBlanks = platform::kBlanks;
 
-bool isLetter(char c) {
-  const char lower = platform::lowerAscii(c);
-  return lower >= 'a' && lower <= 'z';
-}
-
-/// `lower` is in lower case.
-bool startsWithAnyCase(std::string_view text, std::string_view lower) {
-  return text.size() >= lower.size() && platform::lowerAscii(text.substr(0, lower.size())) == lower;
-}
-
 /// Takes one letter of an attribute's value, spelled as it is or as a reference; those that a target may have
 /// in it without meaning come back as blanks. References to other letters are of no interest: nothing then.
 std::optional<char> takeLetter(std::string_view& value) {
@@ -73,7 +63,7 @@ class TagReader {
       const std::string_view name = take(1, "\t\n\f\r />=");
       if (!skip(kBlanks) || m_text[m_at] != '=') continue;
       ++m_at;
-      if (name.size() > 2 && startsWithAnyCase(name, "on")) return true;
+      if (name.size() > 2 && platform::startsWithAnyCase(name, "on")) return true;
       if (isScriptTarget(takeValue())) return true;
     }
     return false;
@@ -118,9 +108,9 @@ bool holdsScriptText(std::string_view document) {
   std::size_t budget = 4 * document.size() + (1U << 20);
   for (std::size_t at = 0; (at = document.find('<', at)) != kNowhere;) {
     ++at;
-    if (at == document.size() || !isLetter(document[at])) continue;
+    if (at == document.size() || !platform::isAsciiLetter(document[at])) continue;
     const std::string_view tag = document.substr(at);
-    if (startsWithAnyCase(tag, "script")) return true;
+    if (platform::startsWithAnyCase(tag, "script")) return true;
     const std::size_t nameEnd = std::min(tag.find_first_of("\t\n\f\r />"), tag.size());
     TagReader reader(tag.substr(nameEnd));
     if (reader.holdsScript()) return true;

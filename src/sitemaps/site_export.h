@@ -17,8 +17,7 @@ namespace sitemaps {
 /// What the user is told when a document is not there, or cannot be used.
 inline constexpr std::string_view kExportMissing =
     "The sitemap you are trying to export could not be found, please make sure you have scanned your site "
-    "before "
-    "exporting.";
+    "before exporting.";
 inline constexpr std::string_view kExportUnusable =
     "An error has occurred while exporting your sitemap, you may need to re-scan the site.\n";
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "store/site_list.h"
 #include "store/site_lock.h"
 #include "store/site_record.h"
 #include "store/working_folder.h"
@@ -35,7 +34,7 @@ EditedRecord edited(std::string text, const SiteEdit& edit) {
   if (edit.url && recordValue(text, kSiteUrl) != *edit.url) return {{}, "The record has no URL."};
   if (edit.ignoreRobots) text = withIgnoreRobots(text, *edit.ignoreRobots);
   if (edit.ignoreRobots && ignoresRobots(text) != *edit.ignoreRobots)
-    return {{}, std::string(kNoRobotsSwitch)};
+    return {{}, "The record has no robots switch."};
   return {std::move(text)};
 }
 

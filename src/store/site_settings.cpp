@@ -4,6 +4,7 @@
 #include <charconv>
 #include <system_error>
 
+#include "platform/ascii.h"
 #include "store/site_lock.h"
 #include "store/text_lines.h"
 
@@ -13,6 +14,7 @@ namespace {
 
 using platform::FileResult;
 using platform::FileStatus;
+using platform::trimmed;
 
 constexpr std::size_t kMaxBytes = std::size_t{1} << 20;
 
@@ -55,12 +57,6 @@ std::string allowedBy(const Choice& choice) {
     text += option.name;
   }
   return text;
-}
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r";
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
 bool isDefault(const SettingField& field, const SiteSettings& settings) {

@@ -22,10 +22,6 @@ TextForm formOf(Content content) {
   }
 }
 
-bool startsWithAnyCase(std::string_view text, std::string_view lower) {
-  return isNamed(text.substr(0, lower.size()), lower);
-}
-
 constexpr std::string_view kCommentStart = "<!--";
 constexpr std::string_view kCdataStart = "<![CDATA[";
 constexpr std::string_view kCdataEnd = "]]>";
@@ -101,7 +97,8 @@ std::size_t Tokenizer::scriptEnd() const {
   enum class Hidden { no, inComment, inScript };
   const auto isTag = [&](std::size_t at, std::string_view start) {
     const std::size_t end = at + start.size();
-    return end < m_text.size() && startsWithAnyCase(m_text.substr(at), start) && endsTagName(m_text[end]);
+    return end < m_text.size() && platform::startsWithAnyCase(m_text.substr(at), start) &&
+           endsTagName(m_text[end]);
   };
   Hidden hidden = Hidden::no;
   std::size_t comment = 0;  // where its hyphens begin
@@ -186,7 +183,7 @@ bool Tokenizer::tag(Token& token, TokenKind kind, std::size_t nameAt) {
 bool Tokenizer::declaration(Token& token) {
   const std::string_view rest = m_text.substr(m_at);
   if (rest.starts_with(kCommentStart)) return comment(token, m_at + kCommentStart.size());
-  if (startsWithAnyCase(rest, kDocumentTypeStart)) {
+  if (platform::startsWithAnyCase(rest, kDocumentTypeStart)) {
     const std::size_t begin = m_at + kDocumentTypeStart.size();
     const std::size_t end = find('>', begin);
     m_at = std::min(end + 1, m_text.size());
