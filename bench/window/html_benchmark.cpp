@@ -148,12 +148,11 @@ int main(int argc, char** argv) {
   ui::loadIcons();
   const QTemporaryDir home;
   const store::GlobalControls controls(home.path().toStdString());
-  const store::BrokenReasons reasons(
-      store::StateFolder(home.filePath(QStringLiteral("state")).toStdString()));
+  const store::StateFolder stateFolder(home.filePath(QStringLiteral("state")).toStdString());
   if (!store::checkNeededFoldersExist(controls).ok()) return 1;
   static_cast<void>(
-      store::AddEditDeleteSites(controls, reasons.state()).createNewSite(kSite, "http://www.example.test/"));
-  app::MainWindow window(controls, reasons, home.filePath(QStringLiteral("window.ini")));
+      store::AddEditDeleteSites(controls, stateFolder).createNewSite(kSite, "http://www.example.test/"));
+  app::MainWindow window(controls, stateFolder);
   window.show();
   control<QTableView>(window, "siteListTable").selectRow(0);
   QTimer wake;  // so that waiting looks now and then

@@ -47,19 +47,18 @@ int main(int argc, char** argv) {
   ui::loadIcons();
   const QTemporaryDir home;
   const store::GlobalControls controls(home.path().toStdString());
-  const store::BrokenReasons reasons(
-      store::StateFolder(home.filePath(QStringLiteral("state")).toStdString()));
+  const store::StateFolder stateFolder(home.filePath(QStringLiteral("state")).toStdString());
   if (!store::checkNeededFoldersExist(controls).ok()) return 1;
   const support::SiteServer server([](const std::string& target, int) { return pageAt(target); });
   const std::string url = argc > 1 ? argv[1] : server.url("page0.html");
-  const store::AddEditDeleteSites sites(controls, reasons.state());
+  const store::AddEditDeleteSites sites(controls, stateFolder);
   for (int i = 0; i < kSites; ++i) {
     static_cast<void>(sites.createNewSite("Site " + std::to_string(10'000 + i), url));
   }
 
   QElapsedTimer startUp;
   startUp.start();
-  app::MainWindow window(controls, reasons, home.filePath(QStringLiteral("window.ini")));
+  app::MainWindow window(controls, stateFolder);
   window.show();
   QApplication::processEvents();
   std::printf("window with %d sites: usable after %lld ms\n", kSites,

@@ -76,9 +76,7 @@ int run(int argc, char** argv) {
                       .arg(platform::toQString(controls->homeFolderLocation().native()),
                            platform::toQString(result.error)));
   }
-  const store::BrokenReasons reasons(*state);
-  app::MainWindow window(*controls, reasons,
-                         platform::toQString((state->location() / "window.ini").native()));
+  app::MainWindow window(*controls, *state);
   window.show();
   return QApplication::exec();
 }

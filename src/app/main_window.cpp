@@ -44,11 +44,10 @@ constexpr IconOfAction kIcons[] = {
 
 }  // namespace
 
-MainWindow::MainWindow(const store::GlobalControls& controls, const store::BrokenReasons& reasons,
-                       QString stateFile)
+MainWindow::MainWindow(const store::GlobalControls& controls, const store::StateFolder& stateFolder)
     : m_controls(controls),
-      m_reasons(reasons),
-      m_stateFile(std::move(stateFile)),
+      m_stateFolder(stateFolder),
+      m_stateFile(platform::toQString((stateFolder.location() / "window.ini").native())),
       m_ui(std::make_unique<Ui::MainWindow>()) {
   m_ui->setupUi(this);
   ui::fillViews(*this);
@@ -84,14 +83,14 @@ void MainWindow::showSiteInHand() {
 void MainWindow::makeControllers() {
   m_sheets = std::make_unique<platform::SheetQueue>(*this);
   m_siteEditor = std::make_unique<store::AddEditDeleteSitesController>(*this, *m_sheets, m_controls,
-                                                                       m_reasons.state(), m_state);
+                                                                       m_stateFolder, m_state);
   m_filters = std::make_unique<crawler::FilterController>(*this, *m_sheets, m_controls, m_state);
-  m_scanSettings = std::make_unique<crawler::ScanSettingsController>(*this, *m_sheets, m_controls,
-                                                                     m_reasons.state(), m_state);
-  m_scan = std::make_unique<crawler::ScanController>(*this, *m_sheets, m_controls, m_state, m_reasons);
+  m_scanSettings =
+      std::make_unique<crawler::ScanSettingsController>(*this, *m_sheets, m_controls, m_stateFolder, m_state);
+  m_scan = std::make_unique<crawler::ScanController>(*this, *m_sheets, m_controls, m_stateFolder, m_state);
   m_scanView = std::make_unique<ui::ScanViewController>(
       *this,
-      ui::ScanViewParts{*m_sheets, m_controls, m_reasons, m_state, *m_siteEditor, *m_scan, *m_filters});
+      ui::ScanViewParts{*m_sheets, m_controls, m_stateFolder, m_state, *m_siteEditor, *m_scan, *m_filters});
   m_views = std::make_unique<ui::MainViewControl>(*this, *m_sheets, m_controls, m_state);
   m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state, m_passedScripts);
 
@@ -122,7 +121,7 @@ void MainWindow::makeControllers() {
 }
 
 void MainWindow::makeHtmlView() {
-  const html_editor::RecoveryCopies copies(m_reasons.state());
+  const html_editor::RecoveryCopies copies(m_stateFolder);
   copies.takeFormer();
   m_htmlView = std::make_unique<html_editor::HTMLViewController>(
       html_editor::HTMLViewServices{*this, *m_sheets, m_controls, m_state, copies, m_passedScripts});

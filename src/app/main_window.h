@@ -13,9 +13,9 @@
 #include "platform/sheet_queue.h"
 #include "sitemaps/script_text.h"
 #include "store/add_edit_delete_sites_controller.h"
-#include "store/broken_reasons.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
+#include "store/state_folder.h"
 #include "ui/export_controller.h"
 #include "ui/main_view_control.h"
 #include "ui/scan_view_controller.h"
@@ -35,8 +35,8 @@ class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  /// All are borrowed and outlive the window. `stateFile` is where its size and place are remembered.
-  MainWindow(const store::GlobalControls& controls, const store::BrokenReasons& reasons, QString stateFile);
+  /// Both are borrowed and outlive the window.
+  MainWindow(const store::GlobalControls& controls, const store::StateFolder& stateFolder);
   ~MainWindow() override;
 
   store::SharedState& state() { return m_state; }
@@ -62,8 +62,8 @@ class MainWindow : public QMainWindow {
   void showAbout();
 
   const store::GlobalControls& m_controls;
-  const store::BrokenReasons& m_reasons;
-  QString m_stateFile;
+  const store::StateFolder& m_stateFolder;
+  const QString m_stateFile;  // where its size and place are remembered
   store::SharedState m_state;
   sitemaps::PassedScripts m_passedScripts;
   std::unique_ptr<Ui::MainWindow> m_ui;

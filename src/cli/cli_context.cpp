@@ -42,7 +42,7 @@ bool isHarmless(std::uint32_t code) {
 }  // namespace
 
 store::SiteSettings CliContext::settingsOf(std::string_view siteName) const {
-  const store::StoredSettings stored = store::readSettings(reasons.state(), siteName);
+  const store::StoredSettings stored = store::readSettings(state, siteName);
   for (const std::string& problem : stored.problems) printWarning(printable(problem));
   return stored.settings;
 }
@@ -64,7 +64,7 @@ std::optional<CliContext> openContext() {
   }
   auto list = store::siteTableRows(*controls, *state);
   for (const std::string& problem : list.problems) printWarning(printable(problem));
-  return CliContext{*std::move(controls), store::BrokenReasons(*std::move(state)), std::move(list.names)};
+  return CliContext{*std::move(controls), *state, store::BrokenReasons(*state), std::move(list.names)};
 }
 
 std::string printable(std::string_view text) {

@@ -39,11 +39,12 @@ using GivenSettings = std::vector<GivenSetting>;
 /// Made once, before the command runs.
 struct CliContext {
   store::GlobalControls controls;
+  store::StateFolder state;
   store::BrokenReasons reasons;
   std::vector<std::string> siteNames;  // as listed, sorted
 
   /// What changes sites.
-  store::AddEditDeleteSites sites() const { return {controls, reasons.state()}; }
+  store::AddEditDeleteSites sites() const { return {controls, state}; }
 
   /// How the site is scanned; warns of what is wrong with its settings.
   store::SiteSettings settingsOf(std::string_view siteName) const;

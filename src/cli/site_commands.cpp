@@ -80,13 +80,12 @@ std::optional<store::SiteEdit> checkEdit(const EditOptions& options) {
 std::optional<ExitCode> saveSettings(const CliContext& context, const std::string& name,
                                      const GivenSettings& given) {
   if (given.empty()) return {};
-  const store::StateFolder& state = context.reasons.state();
-  const auto saved = store::changeSettings(context.controls, state, name, [&](auto& settings) {
+  const auto saved = store::changeSettings(context.controls, context.state, name, [&](auto& settings) {
     for (const GivenSetting& each : given) each.applyTo(settings);
   });
   if (saved.ok()) return {};
   if (saved.status == platform::FileStatus::busy) return reportBusySite(name);
-  return reportFileFailure("Could not save", store::settingsFile(state, name), saved);
+  return reportFileFailure("Could not save", store::settingsFile(context.state, name), saved);
 }
 
 /// Shows what is stored now.

@@ -25,13 +25,14 @@ struct ScanController::Scan {
 };
 
 ScanController::ScanController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
-                               const store::GlobalControls& controls, store::SharedState& state,
-                               const store::BrokenReasons& reasons)
+                               const store::GlobalControls& controls, const store::StateFolder& stateFolder,
+                               store::SharedState& state)
     : m_mainWindow(mainWindow),
       m_sheets(sheets),
       m_controls(controls),
+      m_stateFolder(stateFolder),
+      m_reasons(stateFolder),
       m_state(state),
-      m_reasons(reasons),
       m_page{mainWindow},
       m_establishConnectionSheet(&mainWindow, "establishConnectionSheet", "ecsPBar",
                                  WaitingSheet::GiveUp::offered),
@@ -58,7 +59,7 @@ void ScanController::scanSiteAction() {
   m_page.filterDrawer.hide();
   lockControls();
   forgetLastScan();
-  const store::StoredSettings stored = store::readSettings(m_reasons.state(), m_state.qzvskCurSite);
+  const store::StoredSettings stored = store::readSettings(m_stateFolder, m_state.qzvskCurSite);
   m_settingsProblems = toQString(stored.allProblems());
   ScanSettings settings{.siteName = m_state.qzvskCurSite,
                         .startUrl = store::readSite(m_controls, m_state.qzvskCurSite).details.url,
@@ -207,6 +208,7 @@ void ScanController::tellEnd(const ScanResult& result) {
                      toQString(result.failure));
       break;
     case ScanEnd::unreachable:
+      sentence = tr("\"%1\" could not be reached").arg(site);
       m_sheets.alert(toQString(kUnreachableTitle),
                      toQString(kUnreachablePrefix) + toQString(result.unreachableReason));
       break;
@@ -214,6 +216,7 @@ void ScanController::tellEnd(const ScanResult& result) {
       m_sheets.alert(tr("The site \"%1\" is being scanned already.").arg(site));
       return;
     case ScanEnd::unwritable:
+      sentence = tr("\"%1\" could not be scanned").arg(site);
       break;
   }
   if (!unwritten.isEmpty()) {
@@ -224,8 +227,8 @@ void ScanController::tellEnd(const ScanResult& result) {
     sentence +=
         tr(". The reasons of the broken pages could not be kept: %1").arg(toQString(result.reasons.error));
   }
-  if (!sentence.isEmpty() && !m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
-  if (!sentence.isEmpty()) emit report(sentence);
+  if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
+  emit report(sentence);
 }
 
 void ScanController::addNotice(const QString& text) {

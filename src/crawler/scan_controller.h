@@ -33,7 +33,7 @@ class ScanController : public QObject, private ScanView {
  public:
   /// All are borrowed and outlive the controller.
   ScanController(QMainWindow& mainWindow, platform::SheetQueue& sheets, const store::GlobalControls& controls,
-                 store::SharedState& state, const store::BrokenReasons& reasons);
+                 const store::StateFolder& stateFolder, store::SharedState& state);
   /// Stops a running scan and waits for its end.
   ~ScanController() override;
 
@@ -80,8 +80,9 @@ class ScanController : public QObject, private ScanView {
   QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
   const store::GlobalControls& m_controls;
+  const store::StateFolder& m_stateFolder;
+  const store::BrokenReasons m_reasons;
   store::SharedState& m_state;
-  const store::BrokenReasons& m_reasons;
   ScanControls m_page;
 
   WaitingSheet m_establishConnectionSheet;

@@ -25,8 +25,6 @@ class BrokenReasons {
  public:
   explicit BrokenReasons(StateFolder state) : m_state(std::move(state)) {}
 
-  const StateFolder& state() const { return m_state; }
-
   /// Remembers the broken pages of a scan that has just ended, also when there are none.
   platform::FileResult save(std::string_view siteName, const std::vector<BrokenPage>& pages) const;
 

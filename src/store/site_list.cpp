@@ -129,16 +129,4 @@ SelectedSite readSite(const GlobalControls& controls, std::string_view name) {
   return siteFromRecord(controls, name, record.text);
 }
 
-platform::FileResult setIgnoreRobots(const GlobalControls& controls, std::string_view name, bool ignore) {
-  const SiteLock lock(controls, name);
-  if (!lock.result().ok()) return lock.result();
-  const auto file = controls.returnFullFileLocation(name);
-  const auto record = platform::readFile(file, platform::kMaxListBytes);
-  if (!record.result.ok()) return record.result;
-  const std::string changed = withIgnoreRobots(record.text, ignore);
-  if (ignoresRobots(changed) != ignore) return {platform::FileStatus::failed, std::string(kNoRobotsSwitch)};
-  if (changed == record.text) return {};
-  return platform::replaceFile(file, changed);
-}
-
 }  // namespace store

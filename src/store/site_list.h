@@ -53,9 +53,4 @@ SelectedSite selectSite(const GlobalControls& controls, std::string_view name);
 /// Reads a site without changing anything.
 SelectedSite readSite(const GlobalControls& controls, std::string_view name);
 
-/// Turns the site's robots switch in its record, unless it is being scanned (`busy`). A record without the
-/// switch is left as it is and counts as `failed`.
-inline constexpr std::string_view kNoRobotsSwitch = "The record has no robots switch.";
-platform::FileResult setIgnoreRobots(const GlobalControls& controls, std::string_view name, bool ignore);
-
 }  // namespace store

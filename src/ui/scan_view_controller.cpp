@@ -41,8 +41,8 @@ QString countText(int count) {
 ScanViewController::ScanViewController(QMainWindow& mainWindow, const ScanViewParts& parts)
     : m_mainWindow(mainWindow),
       m_parts(parts),
-      m_view{mainWindow},
-      m_sites(parts.controls, parts.reasons),
+      m_view{{mainWindow}},
+      m_sites(parts.controls, parts.stateFolder),
       m_noLinks(new EmptyHint(m_view.scannedLinksViewer)) {
   buildSitePage();
   buildTable();
@@ -301,7 +301,7 @@ void ScanViewController::explainEmptyList(const store::SiteDetails& details) {
 }
 
 void ScanViewController::showBrokenLinksOf(const std::string& name, const store::SiteDetails& details) {
-  for (store::BrokenPage& page : m_parts.reasons.lookUp(name, details.badLinks)) {
+  for (store::BrokenPage& page : store::BrokenReasons(m_parts.stateFolder).lookUp(name, details.badLinks)) {
     m_parts.state.qzvskBadLinkArray.push_back(std::move(page.url));
     m_parts.state.qzvskBadLinkReasonArray.push_back(std::move(page.reason));
   }
@@ -334,11 +334,13 @@ void ScanViewController::setWindowTitle(const QString& title) {
 }
 
 void ScanViewController::ignoreRobotsAction(bool ignore) {
-  const platform::FileResult saved =
-      store::setIgnoreRobots(m_parts.controls, m_parts.state.qzvskCurSite, ignore);
-  showIgnoreRobots(saved.ok() == ignore);
-  if (!saved.ok()) {
-    m_parts.sheets.alert(tr("The robots switch could not be saved."), toQString(saved.error));
+  const store::AddEditDeleteSites sites(m_parts.controls, m_parts.stateFolder);
+  const store::SaveResult saved =
+      sites.saveEditedSite(m_parts.state.qzvskCurSite, {.ignoreRobots = ignore}, store::NameClash::refuse);
+  const bool isSaved = saved.outcome == store::SaveOutcome::saved;
+  showIgnoreRobots(isSaved == ignore);
+  if (!isSaved) {
+    m_parts.sheets.alert(tr("The robots switch could not be saved."), toQString(saved.file.error));
     return;
   }
   m_parts.scan.setIgnoreRobots(ignore);

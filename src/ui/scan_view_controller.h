@@ -26,7 +26,7 @@ namespace ui {
 struct ScanViewParts {
   platform::SheetQueue& sheets;
   const store::GlobalControls& controls;
-  const store::BrokenReasons& reasons;
+  const store::StateFolder& stateFolder;
   store::SharedState& state;
   store::AddEditDeleteSitesController& siteEditor;
   crawler::ScanController& scan;

@@ -14,13 +14,13 @@
 #include <QTableView>
 #include <QToolButton>
 
+#include "crawler/scan_controls.h"
 #include "platform/named_controls.h"
 
 namespace ui {
 
-struct ScanViewControls {
-  const QMainWindow& window;
-
+/// Beside those that a scan uses.
+struct ScanViewControls : crawler::ScanControls {
   QLineEdit& siteSearch = platform::control<QLineEdit>(window, "siteSearch");
   QTableView& siteListTable = platform::control<QTableView>(window, "siteListTable");
   QPushButton& addSiteButton = platform::control<QPushButton>(window, "addSiteButton");
@@ -36,16 +36,7 @@ struct ScanViewControls {
   QToolButton& copyUrlButton = platform::control<QToolButton>(window, "copyUrlButton");
   QCheckBox& ignoreRobotsButton = platform::control<QCheckBox>(window, "ignoreRobotsButton");
   QPushButton& filterDrawerButton = platform::control<QPushButton>(window, "filterDrawerButton");
-  QPushButton& scanSiteButton = platform::control<QPushButton>(window, "scanSiteButton");
-  QLabel& pagesFound = platform::control<QLabel>(window, "pagesFound");
-  QLabel& linksScanned = platform::control<QLabel>(window, "linksScanned");
-  QLabel& totalLinksFound = platform::control<QLabel>(window, "totalLinksFound");
-  QLabel& brokenLinks = platform::control<QLabel>(window, "brokenLinks");
-  QPushButton& brokenLinksButton = platform::control<QPushButton>(window, "brokenLinksButton");
-  QLabel& scanNotice = platform::control<QLabel>(window, "scanNotice");
-  QListView& scannedLinksViewer = platform::control<QListView>(window, "scannedLinksViewer");
 
-  QDockWidget& filterDrawer = platform::control<QDockWidget>(window, "filterDrawer");
   QLineEdit& newFilterInput = platform::control<QLineEdit>(window, "newFilterInput");
   QPushButton& addFilterButton = platform::control<QPushButton>(window, "addFilterButton");
   QPushButton& delFilterButton = platform::control<QPushButton>(window, "delFilterButton");

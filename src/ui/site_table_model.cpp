@@ -9,11 +9,11 @@
 
 namespace ui {
 
-SiteTableModel::SiteTableModel(const store::GlobalControls& controls, const store::BrokenReasons& reasons)
-    : m_controls(controls), m_reasons(reasons) {}
+SiteTableModel::SiteTableModel(const store::GlobalControls& controls, const store::StateFolder& stateFolder)
+    : m_controls(controls), m_stateFolder(stateFolder), m_reasons(stateFolder) {}
 
 void SiteTableModel::rebuild(std::vector<std::string>* problems) {
-  store::SiteList list = store::siteTableRows(m_controls, m_reasons.state());
+  store::SiteList list = store::siteTableRows(m_controls, m_stateFolder);
   std::vector<Row> rows;
   rows.reserve(list.names.size());
   for (const std::string& name : list.names) rows.push_back(readRow(name));

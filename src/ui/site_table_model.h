@@ -22,7 +22,7 @@ class SiteTableModel : public QAbstractTableModel {
   enum Column { siteColumn, pagesColumn, linksColumn, brokenColumn, lastScanColumn, columnTotal };
 
   /// Both are borrowed and outlive the model.
-  SiteTableModel(const store::GlobalControls& controls, const store::BrokenReasons& reasons);
+  SiteTableModel(const store::GlobalControls& controls, const store::StateFolder& stateFolder);
 
   /// Reads all sites anew, upgrading older records on the way. What could not be upgraded is told in
   /// `problems`.
@@ -59,7 +59,8 @@ class SiteTableModel : public QAbstractTableModel {
   QString text(const Row& row, int column) const;
 
   const store::GlobalControls& m_controls;
-  const store::BrokenReasons& m_reasons;
+  const store::StateFolder& m_stateFolder;
+  const store::BrokenReasons m_reasons;  // saved when the site is scanned
   std::vector<Row> m_rows;
 };
 

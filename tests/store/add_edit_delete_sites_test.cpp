@@ -85,7 +85,6 @@ TEST_F(AddEditDeleteSitesTest, EditsWithoutPlaceAreRefused) {
   }
   EXPECT_EQ(edit("a", {.name = "taken"}), SaveOutcome::failed);
   EXPECT_EQ(edit("none", {.name = "c"}), SaveOutcome::failed);
-  EXPECT_FALSE(store::setIgnoreRobots(controls, "b", true).ok());
   EXPECT_EQ(snapshot(), before);
 }
 
@@ -134,7 +133,7 @@ TEST_F(AddEditDeleteSitesTest, ASiteThatIsBeingScannedIsLeftAlone) {
   EXPECT_EQ(sites.deleteSite("a").outcome, SaveOutcome::busy);
   const auto clash = sites.saveEditedSite("b", {.name = "a", .url = "x"}, NameClash::overwriteUrl);
   EXPECT_EQ(clash.file.status, platform::FileStatus::busy);
-  EXPECT_EQ(store::setIgnoreRobots(controls, "a", true).status, platform::FileStatus::busy);
+  EXPECT_EQ(edit("a", {.ignoreRobots = true}), SaveOutcome::busy);
   EXPECT_EQ(store::addFilter(controls, "a", "/b").status, platform::FileStatus::busy);
   const auto clear = [](auto& filters) { return filters.clear(), true; };
   EXPECT_EQ(store::changeFilters(controls, "a", clear).result.error, "The site is being scanned.");

@@ -33,7 +33,7 @@ TEST_F(BrokenReasonsTest, ComeBackWhateverTheUrlsHold) {
 }
 
 TEST_F(BrokenReasonsTest, ComeFromTheirFormerPlaceOnce) {
-  const auto former = reasons.state().location() / "broken";
+  const auto former = state.location() / "broken";
   ASSERT_TRUE(platform::makeFolders(former).ok());
   ASSERT_TRUE(reasons.save("b", {{"1", "newer"}}).ok());
   for (const char* name : {"a", "b", "other"})

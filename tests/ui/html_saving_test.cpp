@@ -158,8 +158,8 @@ class HtmlSavingTest : public QObject {
   /// Not even where no copy can be kept is anything lost.
   void overwritesNoWorkOfOthers() {
     HtmlDesk desk;
-    fs::create_directories(desk.reasons.state().location());
-    std::ofstream(desk.reasons.state().location() / "sites") << "no folder";
+    fs::create_directories(desk.stateFolder.location());
+    std::ofstream(desk.stateFolder.location() / "sites") << "no folder";
     desk.openAt(2);
     QVERIFY(desk.edit());
     const std::string unsaved = desk.document();
@@ -181,7 +181,7 @@ class HtmlSavingTest : public QObject {
   void offersWhatACrashLeft() {
     HtmlDesk desk;
     const auto copyIsKept = [&] {
-      const fs::path copies = desk.reasons.state().ofSite("Shop");
+      const fs::path copies = desk.stateFolder.ofSite("Shop");
       return fs::exists(copies) && !fs::is_empty(copies);
     };
     desk.openAt(2);

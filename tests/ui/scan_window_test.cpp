@@ -167,7 +167,7 @@ class ScanWindowTest : public QObject {
     auto& pages = platform::control<QSpinBox>(*sheet, "max-pages");
     QTest::keyClicks(&pages, QStringLiteral("2"));
     // Meanwhile another program changes what is not touched here, and scans.
-    const auto file = store::settingsFile(desk.reasons.state(), "Shop");
+    const auto file = store::settingsFile(desk.stateFolder, "Shop");
     std::filesystem::create_directories(file.parent_path());
     QVERIFY(platform::replaceFile(file, "connections 9\n").ok());
     {

@@ -122,7 +122,7 @@ std::string textOf(const fs::path& file) {
   return content.result.ok() ? content.text : "(missing)";
 }
 
-Desk::Desk() : controls(m_home.path()), reasons(store::StateFolder(m_home.path() / "state")) {
+Desk::Desk() : controls(m_home.path()), stateFolder(m_home.path() / "state"), reasons(stateFolder) {
   fs::create_directories(controls.homeFolderLocation());
 }
 
@@ -141,8 +141,7 @@ void Desk::writeFile(const std::string& site, const std::string& name, const std
 }
 
 void Desk::open() {
-  m_window = std::make_unique<app::MainWindow>(controls, reasons,
-                                               toQString((m_home.path() / "window.ini").native()));
+  m_window = std::make_unique<app::MainWindow>(controls, stateFolder);
   m_window->show();
   m_window->activateWindow();
   if (!QTest::qWaitForWindowActive(m_window.get(), kPatience)) {

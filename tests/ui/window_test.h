@@ -77,6 +77,7 @@ class Desk {
   ~Desk();
 
   store::GlobalControls controls;
+  store::StateFolder stateFolder;
   store::BrokenReasons reasons;
 
   /// Makes a site on disk, behind the window's back. `record` stands for the usual one.
