@@ -6,13 +6,13 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "document_type.h"
 #include "web/attributes.h"
 
 namespace web {
@@ -20,15 +20,40 @@ namespace {
 
 using nlohmann::json;
 
-json orNull(const std::optional<std::string>& text) {
-  return text ? json(*text) : json(nullptr);
-}
-
 template <typename Append, typename... Arguments>
 std::string read(Append append, Arguments... arguments) {
   std::string text;
   append(text, arguments...);
   return text;
+}
+
+/// As browsers read what stands behind "<!DOCTYPE": a name, two identifiers, and whether all is well.
+json documentType(const Token& token) {
+  json type = {"DOCTYPE", nullptr, nullptr, nullptr, false};
+  const std::string text(token.written);
+  auto at = text.begin();
+  std::smatch found;
+  const auto take = [&](const std::string& pattern) {
+    const std::regex regex(pattern + "[\t\n\f\r ]*", std::regex::icase);
+    if (!std::regex_search(at, text.end(), found, regex, std::regex_constants::match_continuous))
+      return false;
+    at = found[0].second;
+    return true;
+  };
+  const auto takeQuoted = [&](std::size_t part) {
+    if (!take(R"((["'])((?:(?!\1)[\s\S])*)(\1?))")) return false;
+    type[part] = read(appendText, found.str(2), TextForm::rawtext);
+    return found.length(3) > 0;
+  };
+  take("");
+  if (!take("([^\t\n\f\r ]+)")) return type;
+  type[1] = read(appendName, found.str(1));
+  const bool isPublic = take("public");
+  if (isPublic && !takeQuoted(2)) return type;
+  if ((isPublic ? at != text.end() : take("system")) && !takeQuoted(3)) return type;
+  // What stands behind all of these is of no interest to anybody, not even where it ends.
+  type[4] = at == text.end() ? !token.cutOff : !type[3].is_null();
+  return type;
 }
 
 json asJson(const Token& token) {
@@ -39,10 +64,8 @@ json asJson(const Token& token) {
       return {"Comment", read(appendText, token.written, TextForm::rawtext)};
     case TokenKind::endTag:
       return {"EndTag", read(appendName, token.name)};
-    case TokenKind::documentType: {
-      const DocumentType type = documentTypeOf(token);
-      return {"DOCTYPE", orNull(type.name), orNull(type.publicId), orNull(type.systemId), !type.quirks};
-    }
+    case TokenKind::documentType:
+      return documentType(token);
     default:
       break;
   }
@@ -71,24 +94,13 @@ json tokensOf(Tokenizer tokenizer) {
   return tokens;
 }
 
-/// Cases write characters that are hard to see as "\u" and four digits once more. Null for halves of a pair
-/// that stand alone, which no page holds.
-json unescaped(const std::string& text) {
-  const json parsed = json::parse('"' + text + '"', nullptr, false);
-  return parsed.is_discarded() ? json() : parsed;
-}
-
-json unescaped(const json& value) {
-  if (value.is_string()) return unescaped(value.get<std::string>());
-  json result = value;
-  if (value.is_array()) {
-    for (json& each : result) each = unescaped(json(each));
-  } else if (value.is_object()) {
-    result = json::object();
-    for (const auto& [name, each] : value.items())
-      result[unescaped(name).get<std::string>()] = unescaped(each);
-  }
-  return result;
+/// Some cases write characters that are hard to see as "\u" and four digits once more. Null for halves of a
+/// pair that stand alone, which no page holds.
+json unescaped(const json& each) {
+  if (!each.value("doubleEscaped", false)) return each;
+  const json plain =
+      json::parse(std::regex_replace(each.dump(), std::regex(R"(\\\\u)"), "\\u"), nullptr, false);
+  return plain.is_discarded() ? json() : plain;
 }
 
 const std::map<std::string, Content> kStates = {
@@ -97,19 +109,17 @@ const std::map<std::string, Content> kStates = {
     {"PLAINTEXT state", Content::plaintext}, {"CDATA section state", Content::cdataSection}};
 
 /// How many cases there were.
-int tryCase(const json& each) {
-  const bool escaped = each.value("doubleEscaped", false);
-  const json written = escaped ? unescaped(each["input"].get<std::string>()) : each["input"];
-  if (written.is_null()) return 0;
-  const auto input = written.get<std::string>();
-  const json expected = escaped ? unescaped(each["output"]) : each["output"];
+int tryCase(const json& written) {
+  const json each = unescaped(written);
+  if (each.is_null()) return 0;
+  const auto input = each["input"].get<std::string>();
   int tried = 0;
   for (const std::string& state : each.value("initialStates", std::vector<std::string>{"Data state"})) {
     SCOPED_TRACE(each["description"].get<std::string>() + ", " + state);
     const std::string name = each.value("lastStartTag", std::string());
     Tokenizer tokenizer(input);
     tokenizer.readContent(kStates.at(state), name);
-    EXPECT_EQ(tokensOf(tokenizer), expected) << input;
+    EXPECT_EQ(tokensOf(tokenizer), each["output"]) << input;
     ++tried;
   }
   return tried;
