@@ -1,23 +1,18 @@
 // Pages made to exhaust whoever reads them. Where the reader goes back in one, a test here runs for minutes
 // or hours.
 #include <string>
-#include <string_view>
 
 #include <gtest/gtest.h>
 
 #include "crawler/page_contents.h"
+#include "support/repeated.h"
 
 namespace crawler {
 namespace {
 
-constexpr std::size_t kMegabyte = 1u << 20;
+using support::repeated;
 
-std::string repeated(std::string_view unit, std::size_t times = 150'000) {
-  std::string text;
-  text.reserve(unit.size() * times);
-  for (; times > 0; --times) text += unit;
-  return text;
-}
+constexpr std::size_t kMegabyte = 1u << 20;
 
 TEST(HostileMarkup, IsReadWholeInOnePass) {
   const std::string link = "<a href=1>One</a>";
