@@ -106,10 +106,6 @@ void RunningProgram::sendSignal(int number) const {
   if (m_process > 0) kill(m_process, number);
 }
 
-std::string RunningProgram::output() const {
-  return contentOf(m_output);
-}
-
 std::string RunningProgram::errors() const {
   return contentOf(m_errors);
 }
@@ -120,7 +116,7 @@ ProgramResult RunningProgram::wait() {
   checked(waitpid(m_process, &status, 0), "waitpid");
   m_process = -1;
   result.exitCode = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
-  result.output = output();
+  result.output = contentOf(m_output);
   result.errors = errors();
   return result;
 }

@@ -37,8 +37,7 @@ class RunningProgram {
 
   void sendSignal(int number) const;
 
-  /// What it has written so far.
-  std::string output() const;
+  /// What it has written to stderr so far.
   std::string errors() const;
 
   /// Waits for its end, however long that takes. Call once.
