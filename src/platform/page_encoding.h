@@ -14,6 +14,7 @@ enum class EncodingForm {
   latin10,      // likewise; the only one that ICU does not have
   userDefined,  // likewise; the private characters F780 to F7FF
   multiByte,
+  gbk,  // read as GB 18030; written with two bytes for a character at most
 };
 
 struct Encoding {

@@ -17,7 +17,6 @@
 #include <unicode/utf8.h>
 
 #include "platform/ascii.h"
-#include "platform/page_encoding.h"
 
 namespace platform {
 namespace {
@@ -140,25 +139,6 @@ constexpr std::u16string_view kLatin10 =
     u"ÀÁÂĂÄĆÆÇÈÉÊËÌÍÎÏĐŃÒÓÔŐÖŚŰÙÚÛÜĘȚß"
     u"àáâăäćæçèéêëìíîïđńòóôőöśűùúûüęțÿ";
 
-/// What the bytes from 80 on stand for.
-std::array<char16_t, 128> upperHalf(const Encoding& encoding) {
-  std::array<char16_t, 128> table{};
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    if (encoding.form == EncodingForm::userDefined) table[i] = static_cast<char16_t>(0xF780 + i);
-    if (encoding.form == EncodingForm::latin10)
-      table[i] = i < 32 ? static_cast<char16_t>(0x80 + i) : kLatin10[i - 32];
-  }
-  if (encoding.form != EncodingForm::singleByte) return table;
-  std::string bytes(table.size(), '\0');
-  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(0x80 + i);
-  const icu::UnicodeString characters = convert(bytes, encoding.converter, {});
-  for (std::size_t i = 0; i < table.size(); ++i) {
-    table[i] =
-        characters.length() == 128 ? characters.charAt(static_cast<std::int32_t>(i)) : kReplacementUnit;
-  }
-  return table;
-}
-
 void appendUtf8(std::string& out, char16_t unit) {
   const unsigned code = unit;
   if (code >= 0x800) {
@@ -184,7 +164,8 @@ std::string decodeSingleByte(std::string_view bytes, const std::array<char16_t, 
 
 std::string decodeBy(const Encoding& encoding, std::string bytes, const std::stop_token& stop) {
   if (encoding.form == EncodingForm::utf8) return replaceBadUtf8(std::move(bytes), stop);
-  if (encoding.form == EncodingForm::utf16 || encoding.form == EncodingForm::multiByte) {
+  if (encoding.form == EncodingForm::utf16 || encoding.form == EncodingForm::multiByte ||
+      encoding.form == EncodingForm::gbk) {
     std::string result;
     convert(bytes, encoding.converter, stop).toUTF8String(result);
     return result;
@@ -195,6 +176,24 @@ std::string decodeBy(const Encoding& encoding, std::string bytes, const std::sto
 }
 
 }  // namespace
+
+std::array<char16_t, 128> upperHalf(const Encoding& encoding) {
+  std::array<char16_t, 128> table{};
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    if (encoding.form == EncodingForm::userDefined) table[i] = static_cast<char16_t>(0xF780 + i);
+    if (encoding.form == EncodingForm::latin10)
+      table[i] = i < 32 ? static_cast<char16_t>(0x80 + i) : kLatin10[i - 32];
+  }
+  if (encoding.form != EncodingForm::singleByte) return table;
+  std::string bytes(table.size(), '\0');
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(0x80 + i);
+  const icu::UnicodeString characters = convert(bytes, encoding.converter, {});
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    table[i] =
+        characters.length() == 128 ? characters.charAt(static_cast<std::int32_t>(i)) : kReplacementUnit;
+  }
+  return table;
+}
 
 std::string foldCase(std::string_view utf8) {
   if (asciiLength(utf8) == utf8.size()) return lowerAscii(utf8);

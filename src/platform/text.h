@@ -1,9 +1,12 @@
 // Character sets and case, by Unicode's rules.
 #pragma once
 
+#include <array>
 #include <stop_token>
 #include <string>
 #include <string_view>
+
+#include "platform/page_encoding.h"
 
 namespace platform {
 
@@ -19,6 +22,10 @@ std::string foldCase(std::string_view utf8);
 /// the whole header value ("text/html; charset=utf-8"), empty when there was none.
 /// A stop ends the work early; what was decoded until then comes back.
 std::string decodePage(std::string bytes, std::string_view contentType, std::stop_token stop = {});
+
+/// What the bytes from 80 on stand for, where one byte is a character; U+FFFD for those that stand for
+/// nothing.
+std::array<char16_t, 128> upperHalf(const Encoding& encoding);
 
 /// Bytes read as UTF-8: bad ones become U+FFFD, a byte-order mark is dropped.
 std::string decodeUtf8(std::string bytes);
