@@ -1,6 +1,7 @@
 // What is done for every link of every page.
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "crawler/page_queue.h"
 #include "crawler/simple_link_rules.h"
 #include "sample_pages.h"
+#include "web/url.h"
 
 namespace {
 
@@ -41,6 +43,27 @@ void rebuildHREF(benchmark::State& state) {
   countLinks(state, hrefs.size());
 }
 BENCHMARK(rebuildHREF);
+
+void parseUrl(benchmark::State& state) {
+  const std::vector<std::string>& hrefs = bench::sampleHrefs();
+  const std::optional<web::Url> page = web::parseUrl(pageBase().pageBaseURLUnchanged);
+  for (auto _ : state) {
+    for (const std::string& href : hrefs) benchmark::DoNotOptimize(web::parseUrl(href, &*page));
+  }
+  countLinks(state, hrefs.size());
+}
+BENCHMARK(parseUrl);
+
+/// Each kind by itself, on the page above.
+void parseUrlOfKind(benchmark::State& state, const char* href) {
+  const std::optional<web::Url> page = web::parseUrl(pageBase().pageBaseURLUnchanged);
+  for (auto _ : state) benchmark::DoNotOptimize(web::parseUrl(href, &*page));
+  countLinks(state, 1);
+}
+BENCHMARK_CAPTURE(parseUrlOfKind, absolute,
+                  "https://www.example.test/part-01/topic-020/page-000123.html?lang=en#top");
+BENCHMARK_CAPTURE(parseUrlOfKind, relative, "../topic-021/page-000124.html");
+BENCHMARK_CAPTURE(parseUrlOfKind, otherScript, "http://b\u00fccher.example/");
 
 void hasForeignExtension(benchmark::State& state) {
   const std::vector<std::string> links = sampleLinks();
