@@ -2,16 +2,14 @@
 // at random, where the two are compared as long as they see the same anchors.
 #include "web/page_reader.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QTest>
-#include <QWebEnginePage>
 #include <random>
 
-#include "platform/qt_text.h"
+#include "script_engine.h"
 #include "window_test.h"
 
 namespace {
+
+using window_tests::asText;
 
 /// Writes pages, the same for the same seed.
 class Writer {
@@ -108,18 +106,14 @@ QJsonArray readByUs(const std::string& markup) {
   return {title ? QJsonValue(platform::toQString(*title)) : QJsonValue(), found.anchors};
 }
 
-constexpr std::string_view kReadByEngine = R"(JSON.stringify(%1.map(markup => {
+constexpr std::string_view kReadByEngine = R"(markup => {
   const page = new DOMParser().parseFromString(markup, 'text/html');
   const titles = [...page.querySelectorAll('title')];
   const isHtml = title => title.namespaceURI.endsWith('xhtml');
   const title = titles.find(isHtml) || titles.find(title => title.namespaceURI.endsWith('svg'));
   return [title ? title.textContent : null,
           [...page.querySelectorAll('a')].map(a => [a.getAttribute('href'), a.textContent])];
-})))";
-
-std::string asText(const QJsonArray& array) {
-  return QJsonDocument(array).toJson(QJsonDocument::Compact).toStdString();
-}
+})";
 
 /// Where tags are lost, the engine's tree may have an anchor end elsewhere than its tag says: the addresses
 /// alone are compared.
@@ -134,19 +128,7 @@ QJsonArray comparable(const QJsonArray& read, bool isBroken) {
 class PageReaderTest : public QObject {
   Q_OBJECT
 
-  QWebEnginePage m_engine;  // with nothing loaded
-
-  QJsonArray readByEngine(const QJsonArray& pages) {
-    QString answer;
-    bool answered = false;
-    m_engine.runJavaScript(platform::toQString(kReadByEngine).arg(platform::toQString(asText(pages))),
-                           [&](const QVariant& result) {
-                             answer = result.toString();
-                             answered = true;
-                           });
-    [&] { QTRY_VERIFY_WITH_TIMEOUT(answered, 600'000); }();
-    return QJsonDocument::fromJson(answer.toUtf8()).array();
-  }
+  window_tests::ScriptEngine m_engine;
 
  private slots:
   void readsAsTheEngineDoes() {
@@ -162,7 +144,7 @@ class PageReaderTest : public QObject {
         pages.push_back(i % 2 == 0 ? writer.page() : plainWriter.broken(plainWriter.page()));
         sent.append(platform::toQString(pages.back()));
       }
-      const QJsonArray read = readByEngine(sent);
+      const QJsonArray read = m_engine.map(kReadByEngine, sent);
       QCOMPARE(read.size(), kPages);
       for (int i = 0; i < kPages; ++i) {
         const bool isBroken = i % 2 == 1;
