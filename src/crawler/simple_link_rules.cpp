@@ -16,6 +16,7 @@ constexpr std::array<std::string_view, 14> kPageExtensions = {".php5", ".php4", 
                                                               ".html", ".cfm",  ".asp",  ".aspx"};
 
 constexpr std::string_view kMailto = "mailto:";
+constexpr std::string_view kMailScheme = "mailto";
 constexpr std::string_view kWww = "www.";
 
 /// `text` cut back from its end until it ends with "/" or is empty.
@@ -60,34 +61,60 @@ LinkPieces climb(std::string_view href, std::string_view folder) {
   return {folder, href};
 }
 
-/// The port is not carried over: a link from the root means the site at its standard address.
-LinkPieces fromRoot(std::string_view href, const LinkBase& base) {
-  const platform::UriParts page = platform::splitUri(base.pageBaseURL);
-  if (!page.scheme || page.host().empty()) return {base.siteBaseURL};
-  return {*page.scheme, "://", page.host(), href};
+/// What a link from the root starts with; empty for a page without a host. The port is not carried over: such
+/// a link means the site at its standard address.
+std::string rootOf(std::string_view pageUrl) {
+  const platform::UriParts page = platform::splitUri(pageUrl);
+  if (!page.scheme || page.host().empty()) return {};
+  return LinkPieces{*page.scheme, "://", page.host()}.joined();
 }
 
-LinkPieces piecesOf(std::string_view href, const LinkBase& base) {
-  if (href == base.siteBaseURL || href.starts_with("http") || href.starts_with("ftp")) return {href};
-  if (href.starts_with(kMailto)) return href == kMailto ? LinkPieces{} : LinkPieces{href};
-  if (href.starts_with('#')) return {base.pageBaseURLUnchanged};
-  if (href.starts_with("../")) {
-    const LinkPieces link = climb(href, base.pageBaseURL);
-    return link.size() == 0 ? LinkPieces{base.siteBaseURL} : link;
+LinkPieces piecesOf(std::string_view href, const LinkBase& base, std::string_view root) {
+  if (href == base.siteBaseURL) return {href};
+  switch (href.empty() ? '\0' : href.front()) {
+    case 'h':
+      if (href.starts_with("http")) return {href};
+      break;
+    case 'f':
+      if (href.starts_with("ftp")) return {href};
+      break;
+    case 'm':
+      if (href.starts_with(kMailto)) return href == kMailto ? LinkPieces{} : LinkPieces{href};
+      break;
+    case '#':
+      return {base.pageBaseURLUnchanged};
+    case '.':
+      if (href.starts_with("../")) {
+        const LinkPieces link = climb(href, base.pageBaseURL);
+        return link.size() == 0 ? LinkPieces{base.siteBaseURL} : link;
+      }
+      // "./" is taken for a link to the folder itself, whatever follows.
+      if (href.starts_with("./")) return {base.pageBaseURL};
+      break;
+    case '/':
+      return root.empty() ? LinkPieces{base.siteBaseURL} : LinkPieces{root, href};
+    default:
+      break;
   }
-  // "./" is taken for a link to the folder itself, whatever follows.
-  if (href.starts_with("./")) return {base.pageBaseURL};
-  if (href.starts_with('/')) return fromRoot(href, base);
   return {base.pageBaseURL, href};
 }
 
+bool isMail(const SplitLink& link) {
+  return link.parts.scheme == kMailScheme;
+}
+
 /// What the site test compares: no scheme with its "://", no leading "www.", no trailing "/".
-std::string_view comparablePart(std::string_view url) {
-  const std::size_t scheme = platform::splitUri(url).scheme.value_or("").size();
+std::string_view comparablePart(const SplitLink& link) {
+  std::string_view url = link.text;
+  const std::size_t scheme = link.parts.scheme.value_or("").size();
   url.remove_prefix(std::min(scheme + 3, url.size()));
   if (url.starts_with(kWww)) url.remove_prefix(kWww.size());
   if (url.ends_with('/')) url.remove_suffix(1);
   return url;
+}
+
+bool liesBelow(const SplitLink& link, std::string_view comparableBase) {
+  return !isMail(link) && comparablePart(link).starts_with(comparableBase);
 }
 
 /// Whether "://www." stands in the link in any case.
@@ -139,23 +166,21 @@ std::string pageBaseOf(std::string_view pageUrl) {
 }
 
 std::string rebuildHREF(std::string_view href, const LinkBase& base) {
-  return piecesOf(href, base).joined();
+  return piecesOf(href, base, rootOf(base.pageBaseURL)).joined();
 }
 
-bool hasForeignExtension(std::string_view link, AllowedMedia media) {
-  if (link.starts_with(kMailto)) return false;
-  const platform::UriParts parts = platform::splitUri(link);
-  const std::size_t dot = parts.path.find('.');
-  if (parts.query || dot == std::string_view::npos) return false;
-  return std::find(media.begin(), media.end(), parts.path.substr(dot)) == media.end();
+bool hasForeignExtension(const SplitLink& link, AllowedMedia media) {
+  if (isMail(link)) return false;
+  const std::size_t dot = link.parts.path.find('.');
+  if (link.parts.query || dot == std::string_view::npos) return false;
+  return std::find(media.begin(), media.end(), link.parts.path.substr(dot)) == media.end();
 }
 
-bool isFolderOfKnownIndex(std::string_view link, const PageQueue& known, AllowedMedia media) {
-  if (link.starts_with(kMailto)) return false;
-  const platform::UriParts parts = platform::splitUri(link);
-  if (parts.query || parts.path.find('.') != std::string_view::npos) return false;
-  const std::string_view index = link.ends_with('/') ? "index" : "/index";
-  return known.containsAny(link, index, media);
+bool isFolderOfKnownIndex(const SplitLink& link, const PageQueue& known, AllowedMedia media) {
+  if (isMail(link)) return false;
+  if (link.parts.query || link.parts.path.find('.') != std::string_view::npos) return false;
+  const std::string_view index = link.text.ends_with('/') ? "index" : "/index";
+  return known.containsAny(link.text, index, media);
 }
 
 std::string withPath(std::string link) {
@@ -163,9 +188,8 @@ std::string withPath(std::string link) {
   return link;
 }
 
-bool isInternal(std::string_view link, std::string_view siteBaseURL) {
-  if (link.starts_with(kMailto)) return false;
-  return comparablePart(link).starts_with(comparablePart(siteBaseURL));
+bool isInternal(const SplitLink& link, const SplitLink& siteBaseURL) {
+  return liesBelow(link, comparablePart(siteBaseURL));
 }
 
 bool isKnownPage(std::string_view link, const PageQueue& known, AllowedMedia media) {
@@ -175,6 +199,7 @@ bool isKnownPage(std::string_view link, const PageQueue& known, AllowedMedia med
 SimpleLinkRules::SimpleLinkRules(std::string_view startUrl, const std::vector<std::string>& filters,
                                  const std::vector<std::string>& robotsRules, std::size_t maxBytes)
     : m_base{.siteBaseURL = siteBaseOf(startUrl), .pageBaseURL = {}, .pageBaseURLUnchanged = {}},
+      m_comparableBase(comparablePart(m_base.siteBaseURL)),
       m_filterCount(filters.size()),
       m_exclusions(joined(filters, robotsRules)),
       m_maxBytes(maxBytes) {}
@@ -182,10 +207,11 @@ SimpleLinkRules::SimpleLinkRules(std::string_view startUrl, const std::vector<st
 void SimpleLinkRules::enterPage(std::string_view url) {
   m_base.pageBaseURLUnchanged = url;
   m_base.pageBaseURL = pageBaseOf(url);
+  m_pageRoot = rootOf(m_base.pageBaseURL);
 }
 
 std::optional<std::string> SimpleLinkRules::makeAbsolute(std::string_view href) const {
-  const LinkPieces link = piecesOf(href, m_base);
+  const LinkPieces link = piecesOf(href, m_base, m_pageRoot);
   if (link.size() > m_maxBytes) return {};
   return link.joined();
 }
@@ -195,14 +221,17 @@ JudgedLink SimpleLinkRules::judge(std::string link, const PageQueue& known) cons
     return JudgedLink{std::move(link), reason, which};
   };
   if (link.empty()) return judged(LinkReason::empty);
-  if (hasForeignExtension(link, m_allowedMedia)) return judged(LinkReason::foreignExtension);
-  if (isFolderOfKnownIndex(link, known, m_allowedMedia)) return judged(LinkReason::folderOfKnownIndex);
+  const SplitLink split(link);
+  if (hasForeignExtension(split, m_allowedMedia)) return judged(LinkReason::foreignExtension);
+  if (isFolderOfKnownIndex(split, known, m_allowedMedia)) return judged(LinkReason::folderOfKnownIndex);
   if (const auto which = m_exclusions.find(link)) {
     return *which < m_filterCount ? judged(LinkReason::filter, *which)
                                   : judged(LinkReason::robots, *which - m_filterCount);
   }
-  link = withPath(std::move(link));
-  return judged(isInternal(link, m_base.siteBaseURL) ? LinkReason::none : LinkReason::outside);
+  const bool hasPath = !split.parts.path.empty();
+  if (!hasPath) link = withPath(std::move(link));
+  const bool isInside = liesBelow(hasPath ? split : SplitLink(link), m_comparableBase);
+  return judged(isInside ? LinkReason::none : LinkReason::outside);
 }
 
 std::optional<std::string_view> SimpleLinkRules::keyOfNewPage(std::string_view link,

@@ -2,6 +2,7 @@
 // and which spellings mean the same page. Case, percent-encoding and dot segments stay as written.
 #pragma once
 
+#include <concepts>
 #include <span>
 #include <string>
 #include <string_view>
@@ -9,6 +10,7 @@
 
 #include "crawler/exclusions.h"
 #include "crawler/link_rules.h"
+#include "platform/uri.h"
 
 namespace crawler {
 
@@ -26,6 +28,15 @@ struct LinkBase {
   std::string pageBaseURLUnchanged;  // address of the page in hand, as queued
 };
 
+/// A link and its parts, so that it is split once for all rules. Views into the link's text.
+struct SplitLink {
+  template <std::convertible_to<std::string_view> Text>
+  SplitLink(const Text& link) : text(link), parts(platform::splitUri(text)) {}
+
+  std::string_view text;
+  platform::UriParts parts;
+};
+
 /// The folder that a site's links are compared with: `startUrl` up to its last "/".
 std::string siteBaseOf(std::string_view startUrl);
 
@@ -38,16 +49,16 @@ std::string rebuildHREF(std::string_view href, const LinkBase& base);
 
 /// Whether a link without a query ends in an extension that is no page's. The extension starts at the first
 /// dot of the path, so a dot in a folder's name counts.
-bool hasForeignExtension(std::string_view link, AllowedMedia media);
+bool hasForeignExtension(const SplitLink& link, AllowedMedia media);
 
 /// Whether a link to a folder leads to an index page that is known already.
-bool isFolderOfKnownIndex(std::string_view link, const PageQueue& known, AllowedMedia media);
+bool isFolderOfKnownIndex(const SplitLink& link, const PageQueue& known, AllowedMedia media);
 
 /// `link` with "/" at its end when it has no path.
 std::string withPath(std::string link);
 
 /// Whether the link lies inside the site: it begins with the site's base, schemes and a leading "www." aside.
-bool isInternal(std::string_view link, std::string_view siteBaseURL);
+bool isInternal(const SplitLink& link, const SplitLink& siteBaseURL);
 
 /// Whether the link, its folder form ("/index.html" without the file) or its www form (with or without
 /// "www.") is known.
@@ -68,6 +79,8 @@ class SimpleLinkRules : public LinkRules {
  private:
   AllowedMedia m_allowedMedia = pageExtensions();
   LinkBase m_base;
+  std::string m_pageRoot;        // of the page in hand: what links from the root start with
+  std::string m_comparableBase;  // what a link of the site begins with, as isInternal() compares
   std::size_t m_filterCount;
   Exclusions m_exclusions;  // filters first, then robots rules
   std::size_t m_maxBytes;

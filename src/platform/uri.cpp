@@ -106,8 +106,10 @@ std::string_view UriParts::host() const {
 UriParts splitUri(std::string_view text) {
   UriParts parts;
   // A scheme ends before anything else that may hold a ":".
-  const std::size_t schemeEnd = text.find_first_of(":/?#");
-  if (schemeEnd != std::string_view::npos && schemeEnd > 0 && text[schemeEnd] == ':') {
+  const auto endsScheme = [](char c) { return c == ':' || c == '/' || c == '?' || c == '#'; };
+  const auto schemeEnd =
+      static_cast<std::size_t>(std::find_if(text.begin(), text.end(), endsScheme) - text.begin());
+  if (schemeEnd < text.size() && schemeEnd > 0 && text[schemeEnd] == ':') {
     parts.scheme = text.substr(0, schemeEnd);
     text.remove_prefix(schemeEnd + 1);
   }
