@@ -44,8 +44,8 @@ std::string document(int entries) {
     std::string block = sitemaps::pageEntry(url, number, "The title of page " + std::to_string(number));
     ++number;
     for (int i = 0; i < kLinksOnAPage; ++i, ++number) {
-      block += sitemaps::linkEntry(url + "#" + std::to_string(i), number,
-                                   "A link of an ordinary length, number " + std::to_string(number));
+      sitemaps::appendLinkEntry(block, url + "#" + std::to_string(i), number,
+                                "A link of an ordinary length, number " + std::to_string(number));
     }
     const sitemaps::Cell cell = sitemaps::wrapCell(block, kColumns, cellsInRow);
     text += cell.text;

@@ -223,24 +223,26 @@ void SiteScanner::examineAnchor(const Anchor& anchor) {
     return;
   }
   m_services.view.updateScanLinksList(*absolute);
-  const JudgedLink link = m_links->judge(*std::move(absolute), *m_uniquePages);
-  if (!link.isListed() || !listLink(link.address, anchor.title)) return;
-  if (link.reason == LinkReason::none) queueLink(link.address);
+  JudgedLink link = m_links->judge(*std::move(absolute), *m_uniquePages);
+  if (!link.isListed()) return;
+  const auto [place, isNew] = m_pageInnerLinks.insert(std::move(link.address));
+  if (isNew && !listLink(*place, anchor.title)) {
+    m_pageInnerLinks.erase(place);
+    return;
+  }
+  if (link.reason == LinkReason::none) queueLink(*place);
 }
 
 /// False when the page in hand takes no more links.
-bool SiteScanner::listLink(const std::string& link, const std::string& title) {
-  const auto [place, isNew] = m_pageInnerLinks.insert(link);
-  if (!isNew) return true;
-  const std::string entry = sitemaps::linkEntry(link, m_totLinks, title);
-  m_pageFull = m_fullPageData.size() + entry.size() > m_settings.bounds.pageEntries;
+bool SiteScanner::listLink(std::string_view link, std::string_view title) {
+  const std::size_t before = m_fullPageData.size();
+  sitemaps::appendLinkEntry(m_fullPageData, link, m_totLinks, title);
+  m_pageFull = m_fullPageData.size() > m_settings.bounds.pageEntries;
   if (m_pageFull) {
-    m_pageInnerLinks.erase(place);
+    m_fullPageData.resize(before);
     ++m_result.leftOut.surplusLinks;
-    return false;
   }
-  m_fullPageData += entry;
-  return true;
+  return !m_pageFull;
 }
 
 void SiteScanner::queueLink(std::string_view link) {

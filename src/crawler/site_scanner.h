@@ -75,7 +75,7 @@ class SiteScanner {
   void usePage(std::string_view url, const std::string& title, const FetchedPage& page);
   void finishPage();
   void examineAnchor(const Anchor& anchor);
-  bool listLink(const std::string& link, const std::string& title);
+  bool listLink(std::string_view link, std::string_view title);
   void queueLink(std::string_view link);
   void countPage(std::string_view url, int status, std::string_view brokenReason);
 

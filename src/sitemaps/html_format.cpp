@@ -1,5 +1,9 @@
 #include "sitemaps/html_format.h"
 
+#include <array>
+#include <charconv>
+#include <limits>
+
 #include "platform/regex.h"
 
 namespace sitemaps {
@@ -72,10 +76,50 @@ std::string join(const Pieces&... pieces) {
   return text;
 }
 
-std::string entry(std::string_view cssClass, std::string_view url, int number, std::string_view title) {
-  const std::string marker = std::to_string(number);
-  return join("\n\t\t\t<div class=\"", cssClass, "\"><a href=\"", asMarkupAddress(url), "---LINKID:", marker,
-              "---\">", asMarkupText(title), "<!-- LINKID: ", marker, " --></a></div>");
+/// Characters that cannot stand as they are, and what is written for them.
+class Escapes {
+ public:
+  using Written = std::string_view (*)(char c);
+
+  constexpr Escapes(std::string_view characters, Written written) : m_written(written) {
+    for (const char c : characters) m_escaped[static_cast<unsigned char>(c)] = true;
+  }
+
+  void append(std::string& to, std::string_view text) const {
+    std::size_t done = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      if (!m_escaped[static_cast<unsigned char>(text[i])]) continue;
+      to.append(text, done, i - done).append(m_written(text[i]));
+      done = i + 1;
+    }
+    to.append(text, done);
+  }
+
+ private:
+  std::array<bool, 256> m_escaped{};  // each character of each link is looked up
+  Written m_written;
+};
+
+constexpr std::size_t kLongestEscape = 5;
+constexpr Escapes kTextEscapes("&<", [](char c) -> std::string_view { return c == '&' ? "&amp;" : "&lt;"; });
+constexpr Escapes kAddressEscapes("\"<>", [](char c) -> std::string_view {
+  return c == '"' ? "%22" : c == '<' ? "%3C" : "%3E";
+});
+
+/// There is one for every link of every page: no piece of it is put together on its own.
+void appendEntry(std::string& to, std::string_view opening, std::string_view url, int number,
+                 std::string_view title) {
+  std::array<char, std::numeric_limits<int>::digits10 + 2> digits{};
+  const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+  const std::string_view marker(digits.data(), static_cast<std::size_t>(end - digits.data()));
+  // All at once: where memory runs out no half of an entry stays behind.
+  constexpr std::size_t kMarkup = 160;
+  to.reserve(to.size() + kMarkup + kLongestEscape * (url.size() + title.size()));
+  to.append(opening);
+  kAddressEscapes.append(to, url);
+  to.append("---LINKID:").append(marker).append("---\">");
+  kTextEscapes.append(to, title);
+  to.append("<!-- LINKID: ").append(marker).append(" --></a></div>");
 }
 
 }  // namespace
@@ -85,11 +129,13 @@ std::string documentOpening(int columns) {
 }
 
 std::string pageEntry(std::string_view url, int number, std::string_view title) {
-  return entry("vskPageTitle", url, number, title);
+  std::string entry;
+  appendEntry(entry, "\n\t\t\t<div class=\"vskPageTitle\"><a href=\"", url, number, title);
+  return entry;
 }
 
-std::string linkEntry(std::string_view url, int number, std::string_view title) {
-  return entry("vskPageLink", url, number, title);
+void appendLinkEntry(std::string& block, std::string_view url, int number, std::string_view title) {
+  appendEntry(block, "\n\t\t\t<div class=\"vskPageLink\"><a href=\"", url, number, title);
 }
 
 std::string withAmpersandsEscaped(std::string_view text) {
@@ -97,27 +143,14 @@ std::string withAmpersandsEscaped(std::string_view text) {
 }
 
 std::string asMarkupText(std::string_view text) {
-  return platform::replaceText(withAmpersandsEscaped(text), "<", "&lt;");
+  std::string written;
+  kTextEscapes.append(written, text);
+  return written;
 }
 
 std::string asMarkupAddress(std::string_view url) {
   std::string address;
-  address.reserve(url.size());
-  for (const char c : url) {
-    switch (c) {
-      case '"':
-        address += "%22";
-        break;
-      case '<':
-        address += "%3C";
-        break;
-      case '>':
-        address += "%3E";
-        break;
-      default:
-        address += c;
-    }
-  }
+  kAddressEscapes.append(address, url);
   return address;
 }
 

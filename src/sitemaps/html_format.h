@@ -22,8 +22,8 @@ std::string documentOpening(int columns);
 /// title. Both come from strangers: the title is written as asMarkupText(), the address as asMarkupAddress().
 std::string pageEntry(std::string_view url, int number, std::string_view title);
 
-/// The entry of a link on a page; otherwise as pageEntry().
-std::string linkEntry(std::string_view url, int number, std::string_view title);
+/// Adds the entry of a link on a page to its page's block; otherwise as pageEntry().
+void appendLinkEntry(std::string& block, std::string_view url, int number, std::string_view title);
 
 /// `text` with every "&" written as "&amp;", existing entities included.
 std::string withAmpersandsEscaped(std::string_view text);
