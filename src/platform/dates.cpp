@@ -34,6 +34,18 @@ struct DateFormatter::Impl {
     if (U_SUCCESS(status)) format.adoptTimeZone(newTimeZone(style.timeZone));
   }
 
+  std::string weekDate(const std::string& httpDate) {
+    const std::time_t seconds = curl_getdate(httpDate.c_str(), nullptr);
+    if (seconds == -1 || U_FAILURE(status)) return {};
+    icu::UnicodeString text;
+    std::string result;
+    format.format(static_cast<UDate>(seconds) * 1000, text).toUTF8String(result);
+    return result;
+  }
+
+  std::string lastDate;      // asked for last
+  std::string lastWeekDate;  // and what it gave
+
   UErrorCode status = U_ZERO_ERROR;  // before `format`, which reports to it
   icu::SimpleDateFormat format;
 };
@@ -55,12 +67,12 @@ DateFormatter::DateFormatter(const DateStyle& style) : m_impl(std::make_unique<I
 DateFormatter::~DateFormatter() = default;
 
 std::string DateFormatter::weekDate(std::string_view httpDate) const {
-  const std::time_t seconds = curl_getdate(std::string(httpDate).c_str(), nullptr);
-  if (seconds == -1 || U_FAILURE(m_impl->status)) return {};
-  icu::UnicodeString text;
-  std::string result;
-  m_impl->format.format(static_cast<UDate>(seconds) * 1000, text).toUTF8String(result);
-  return result;
+  // Pages that are made or copied together have the same date.
+  if (m_impl->lastDate != httpDate) {
+    m_impl->lastDate = httpDate;
+    m_impl->lastWeekDate = m_impl->weekDate(m_impl->lastDate);
+  }
+  return m_impl->lastWeekDate;
 }
 
 }  // namespace platform
