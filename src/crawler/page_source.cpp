@@ -37,7 +37,9 @@ FetchedPage visitPage(platform::HttpClient& client, std::string_view url, std::s
     // Some servers send an empty page now and then. The title stays that of the first answer.
     platform::HttpAnswer second = client.fetch(request, stop);
     page.hasContent = !second.body.empty();
-    page.contents.anchors = readBody(second, stop).anchors;
+    std::string title = std::move(page.contents.title);
+    page.contents = readBody(second, stop);
+    page.contents.title = std::move(title);
   }
   return page;
 }

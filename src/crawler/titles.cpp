@@ -1,7 +1,6 @@
 #include "crawler/titles.h"
 
 #include <initializer_list>
-#include <utility>
 
 #include "platform/regex.h"
 #include "platform/text.h"
@@ -41,8 +40,8 @@ std::string imageName(std::string_view markup) {
 
 }  // namespace
 
-std::optional<std::string> findHREFInNode(web::AnchorElement&& anchor) {
-  return std::move(anchor.href);
+std::string_view findHREFInNode(const web::AnchorElement& anchor) {
+  return *anchor.href;
 }
 
 std::string findLinkTitle(const web::AnchorElement& anchor) {

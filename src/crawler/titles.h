@@ -11,8 +11,8 @@ namespace crawler {
 
 inline constexpr std::string_view kNoPageTitle = "Could not find page title";
 
-/// The anchor's target as written; nothing for an anchor without one.
-std::optional<std::string> findHREFInNode(web::AnchorElement&& anchor);
+/// The target of an anchor that has one, as written.
+std::string_view findHREFInNode(const web::AnchorElement& anchor);
 
 /// A readable name for the link, or the fixed text that says why there is none. Never empty, not escaped.
 std::string findLinkTitle(const web::AnchorElement& anchor);
