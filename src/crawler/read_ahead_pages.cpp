@@ -64,6 +64,7 @@ std::shared_ptr<const FetchedPage> ReadAheadPages::page([[maybe_unused]] std::st
   if (document->waits) {
     const bool wasFull = m_bytesWaiting >= m_limits.bytes;
     document->waits = false;
+    --m_waiting;
     m_bytesWaiting -= document->bytes;
     if (wasFull) offerWork(lock);
   }
@@ -98,10 +99,17 @@ void ReadAheadPages::work() {
 /// Wakes a thread that waits for work when there is some. The lock is let go of meanwhile, or the thread
 /// would wake up only to wait for it.
 void ReadAheadPages::offerWork(std::unique_lock<std::mutex>& lock) {
-  if (m_idle == 0 || !nextToVisit()) return;
+  if (m_idle == 0 || isFarAhead() || !nextToVisit()) return;
   lock.unlock();
   m_work.notify_one();
   lock.lock();
+}
+
+/// Whether the crawl has enough to go on with. Threads that sleep are left alone then until half of it is used
+/// up, or each page would cost putting one to sleep and waking it.
+bool ReadAheadPages::isFarAhead() const {
+  const bool isNextOpen = !m_window.empty() && m_window.front().document->visit == Task::open;
+  return !isNextOpen && m_waiting > m_limits.pages / 2;
 }
 
 /// Wakes the crawl if this is what it waits for.
@@ -146,6 +154,7 @@ void ReadAheadPages::visit(const DocumentPointer& document, std::unique_lock<std
   document->page = page;
   document->bytes = bytes;
   document->waits = true;
+  ++m_waiting;
   m_bytesWaiting += document->bytes;
   document->visit = Task::done;
   if (wantsDate(*page)) {

@@ -60,7 +60,7 @@ class ReadAheadPages : public PageSource {
     std::shared_ptr<const FetchedPage> page = nullptr;
     std::string lastModified = {};
     std::size_t bytes = 0;    // of its contents
-    bool waits = false;       // visited and not asked for yet: its bytes count in m_bytesWaiting
+    bool waits = false;       // visited and not asked for yet: counts in m_waiting and m_bytesWaiting
     std::size_t entries = 0;  // in the window
   };
   using DocumentPointer = std::shared_ptr<Document>;
@@ -74,6 +74,7 @@ class ReadAheadPages : public PageSource {
   void work();
   void offerWork(std::unique_lock<std::mutex>& lock);
   void tellReady(const Document& document, std::unique_lock<std::mutex>& lock);
+  bool isFarAhead() const;
   DocumentPointer nextToVisit() const;
   void visit(const DocumentPointer& document, std::unique_lock<std::mutex>& lock);
   void askForDate(const DocumentPointer& document, std::unique_lock<std::mutex>& lock);
@@ -94,6 +95,7 @@ class ReadAheadPages : public PageSource {
   std::deque<Entry> m_window;               // the next entries; the first may be in hand
   std::list<DocumentPointer> m_remembered;  // most recently used first
   std::unordered_map<std::string_view, DocumentPointer> m_known;  // in the window or remembered, by address
+  std::size_t m_waiting = 0;  // pages
   std::size_t m_bytesWaiting = 0;
   std::size_t m_bytesRemembered = 0;
   std::size_t m_entered = 0;  // entries that came into the window, ever
