@@ -100,7 +100,7 @@ QString comparable(QString href) {
 bool isReadOtherwise(const QString& href) {
   static const QRegularExpression kKnownScheme(QStringLiteral("^(https?|ftp|wss?):"));
   static const QRegularExpression kOddHost(
-      QStringLiteral("^[a-z]+://([^/?#]*@)?[^/?#@]*[^a-z0-9.:_\\[\\]/?#@-]"));
+      QStringLiteral("^[a-z]+://([^/?#]*@)?+[^/?#@]*[^a-z0-9.:_\\[\\]/?#@-]"));
   return !href.isEmpty() && (!href.contains(kKnownScheme) || href.contains(kOddHost));
 }
 
