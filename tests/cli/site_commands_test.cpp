@@ -44,6 +44,7 @@ TEST_F(SiteCommands, BadInputIsNamedAndChangesNothing) {
        "There is no filter \"/A\". Nothing was changed.\n"},
       {"show an unknown site", words("show none\x1B[2J"), "There is no site named \"none\uFFFD[2J\".\n"},
       {"scan an unknown site", words("scan none"), "There is no site named \"none\".\n"},
+      {"scan with an answer that is none", words("scan shop --loops stop"), "--loops: stop not in"},
       {"unknown command", words("sties"), "Unknown command: sties\n"},
   };
   for (const Case& c : cases) {

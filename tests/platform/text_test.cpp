@@ -42,6 +42,7 @@ TEST(DecodePage, ChoosesTheEncodingAsBrowsersDo) {
       {"an attribute twice", "<meta charset=windows-1251 charset=utf-8>", "", kCyrillic},
       {"an unknown meta, then a known one", "<meta charset=x><meta charset=utf-8>", "", kLetter},
       {"UTF-16 in a meta cannot be", "<meta charset=utf-16>", "", kLetter},
+      {"behind what begins nothing", "< <" + utf8Meta, "", kLetter},
       {"in a comment", "<!-- <meta charset=utf-8> -->", "", kWindows},
       {"in an open comment", "<!-- <meta charset=utf-8>", "", kWindows},
       {"in an attribute", "<a title='<meta charset=utf-8>'>", "", kWindows},

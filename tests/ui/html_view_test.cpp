@@ -84,6 +84,7 @@ class HtmlViewTest : public QObject {
     QVERIFY(desk.shown());
     QCOMPARE(desk.document(), desk.onDisk("sitemap1cpo.html"));
     QVERIFY(desk.isClean() && desk.nothingIsSelected());
+    QVERIFY(desk.control<QMenu>("layoutMenu").actions().at(5)->isChecked());
     QVERIFY(desk.inPageComesTrue(QStringLiteral("scrollY === 0")));
     // Where one is missing the others are on offer.
     fs::remove(desk.controls.siteFolder("Shop") / "sitemap2c.html");

@@ -205,9 +205,12 @@ class ScanWindowTest : public QObject {
     desk.makeSite("Blog", "http://blog.test/");
     desk.openShop(server.url());
     const auto& notice = desk.control<QLabel>("scanNotice");
-    QVERIFY(scan(desk));
-    QVERIFY(notice.isVisible());
-    QVERIFY(notice.text().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
+    for (int i = 0; i < 2; ++i) {  // the second scan says it anew, not once more
+      QVERIFY(scan(desk));
+      QVERIFY(notice.isVisible());
+      QVERIFY(notice.text().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
+      QCOMPARE(notice.text().count(QLatin1String("filter")), 1);
+    }
     QVERIFY(desk.select(QStringLiteral("Blog")));
     QVERIFY(!notice.isVisible());
   }
