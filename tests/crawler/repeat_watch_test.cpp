@@ -22,7 +22,7 @@ TEST(RepeatWatch, CountsAddressesThatGrow) {
       {"queries that grow", [](std::size_t i) { return "http://h/list" + repeated("?x", i); }, "?"},
       {"queries of many pages", [](std::size_t i) { return "http://h/" + std::to_string(i) + "?x"; },
        std::nullopt},
-      {"empty pages side by side", [](std::size_t i) { return "http://h/" + std::to_string(i); },
+      {"empty pages side by side", [](std::size_t i) { return "http://h/page" + std::to_string(i); },
        std::nullopt},
       {"a path that repeats itself",
        [](std::size_t i) { return "http://h/a/" + repeated("b/", i) + "c.html"; }, ""},

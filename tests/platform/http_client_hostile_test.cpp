@@ -73,6 +73,7 @@ TEST(HostileSite, BreaksOffOrTalksNonsense) {
   const Misbehaviour cases[] = {
       {"nothing", "", "", kClosed},
       {"less than its length", kOkHead + "Content-Type: a/b\r\nContent-Length: 3\r\n\r\nhi", "", kClosed},
+      {"some headers", kOkHead + "Content-Type: a/b\r\n", "", kClosed},
       {"no HTTP", "<html><body>hello, this is a page without any header</body></html>", "", kClosed},
       {"status 000", "HTTP/1.1 000 Zero\r\n\r\nhi", "", kClosed},
       {"broken gzip", rawAnswer("200 OK", "Content-Encoding: gzip\r\n", "no gzip"), "",
