@@ -10,6 +10,7 @@
 
 #include "cli/scan_progress.h"
 #include "cli/signal_watch.h"
+#include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
@@ -167,7 +168,9 @@ int runScan(const CliContext& context, const ScanOptions& options) {
 
   const auto started = std::chrono::steady_clock::now();
   const SignalWatch signals;
-  platform::CurlHttpClient client("Veskel/" VESKEL_VERSION);
+  platform::SteadyClock clock;
+  platform::CurlHttpClient network("Veskel/" VESKEL_VERSION);
+  crawler::PatientClient client(network, clock);
   crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site));
   const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
   crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons},

@@ -44,7 +44,7 @@ class PageSource {
 
   /// The Last-Modified header of the page visited last. The server is asked for it only where the page came
   /// without one, since a HEAD is answered with the header fields of a GET (RFC 9110, section 9.3.2); empty
-  /// when it does not tell within 10 seconds.
+  /// when it does not tell. An answer may take 10 seconds.
   virtual std::string lastModified(std::string_view url, std::stop_token stop) = 0;
 };
 

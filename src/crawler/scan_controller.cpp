@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
@@ -15,11 +16,14 @@ using platform::toQString;
 /// All that one scan needs, in the order in which it is taken apart last.
 struct ScanController::Scan {
   Scan(ScanController& owner, ScanSettings settings)
-      : client("Veskel/" VESKEL_VERSION),
+      : network("Veskel/" VESKEL_VERSION),
+        client(network, clock),
         pages(client, limitsFor(settings.site)),
         scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons}, std::move(settings)) {}
 
-  platform::CurlHttpClient client;
+  platform::SteadyClock clock;
+  platform::CurlHttpClient network;
+  PatientClient client;
   ReadAheadPages pages;
   SiteScanner scanner;
 };

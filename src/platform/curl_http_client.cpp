@@ -113,6 +113,7 @@ class Connection {
   FetchFailure failureOf(CURLcode code) const;
   bool outgrown() const;
   HttpAnswer takeAnswer();
+  std::chrono::seconds retryAfter() const;
   std::string header(const char* name) const;
 
   static int beforeRequest(void* self, char*, char*, int, int);
@@ -307,7 +308,16 @@ HttpAnswer Connection::takeAnswer() {
   return {.status = static_cast<int>(status),
           .contentType = header("Content-Type"),
           .lastModified = header("Last-Modified"),
-          .body = std::move(m_body)};
+          .body = std::move(m_body),
+          .retryAfter = retryAfter()};
+}
+
+/// The library reads both forms; of a date it tells how far away that is, less than nothing for one that has
+/// passed.
+std::chrono::seconds Connection::retryAfter() const {
+  curl_off_t seconds = 0;
+  curl_easy_getinfo(m_easy, CURLINFO_RETRY_AFTER, &seconds);
+  return std::chrono::seconds(std::max<curl_off_t>(seconds, 0));
 }
 
 std::string Connection::header(const char* name) const {

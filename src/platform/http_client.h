@@ -55,6 +55,9 @@ struct [[nodiscard]] HttpAnswer {
   std::string contentType = {};   // that answer's header value as sent, empty when there was none
   std::string lastModified = {};  // likewise
   std::string body = {};          // decoded (gzip, br), characters as sent
+  // What its Retry-After asks for, as seconds or as a date (RFC 9110, section 10.2.3). Never negative; 0 also
+  // for none, for a date that has passed and for what is neither.
+  std::chrono::seconds retryAfter{0};
 };
 
 /// The standard English reason phrase of a status code (RFC 9110 and the IANA registry): "Not Found" for 404.

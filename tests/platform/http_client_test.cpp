@@ -1,5 +1,6 @@
 #include "platform/http_client.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <thread>
@@ -68,6 +69,7 @@ TEST(CurlHttpClient, RefusesWhatIsNoHttpUrl) {
 }
 
 TEST(CurlHttpClient, ReadsEveryFormOfAnswer) {
+  constexpr std::chrono::seconds kLong = 1h;  // and more
   struct Case {
     const char* name;
     std::string sent;
@@ -78,6 +80,16 @@ TEST(CurlHttpClient, ReadsEveryFormOfAnswer) {
        "HTTP/1.1 201 Made\r\nContent-Length: 2\r\ncontent-type:  text/html; charset=x \r\nLAST-MODIFIED: "
        "yesterday\r\n\r\nhi",
        {.status = 201, .contentType = "text/html; charset=x", .lastModified = "yesterday", .body = "hi"}},
+      {"to be asked again later",
+       rawAnswer("503 ", "Retry-After: 120\r\n", ""),
+       {.status = 503, .retryAfter = 120s}},
+      {"not before a date",
+       rawAnswer("429 ", "Retry-After: Fri, 31 Dec 9999 23:59:59 GMT\r\n", ""),
+       {.status = 429, .retryAfter = kLong}},
+      {"not before a date that has passed",
+       rawAnswer("429 ", "Retry-After: Sun, 06 Nov 1994 08:49:37 GMT\r\n", ""),
+       {.status = 429}},
+      {"in some time", rawAnswer("429 ", "Retry-After: soon\r\n", ""), {.status = 429}},
       {"in chunks, with a trailer",
        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2;x=y\r\nhi\r\n0\r\nContent-Type: "
        "text/evil\r\n\r\n",
@@ -102,6 +114,7 @@ TEST(CurlHttpClient, ReadsEveryFormOfAnswer) {
     EXPECT_EQ(answer.contentType, c.expected.contentType);
     EXPECT_EQ(answer.lastModified, c.expected.lastModified);
     EXPECT_EQ(answer.body, c.expected.body);
+    EXPECT_EQ(std::min(answer.retryAfter, kLong), c.expected.retryAfter);
   }
 }
 

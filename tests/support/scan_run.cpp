@@ -23,7 +23,10 @@ ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()) {
 }
 
 crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&)>& whenRunning) {
-  platform::CurlHttpClient client("Veskel/test", httpLimits);
+  platform::CurlHttpClient network("Veskel/test", httpLimits);
+  platform::SteadyClock steady;
+  crawler::PatientClient patient(network, clock != nullptr ? *clock : steady);
+  platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;
   crawler::ReadAheadPages pages(client, limits);
   crawler::SiteScanner scanner({m_controls, client, pages, view}, settings);
   m_scanner = &scanner;
