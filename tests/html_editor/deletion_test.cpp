@@ -77,6 +77,8 @@ TEST(LinkDeletion, MakesTheNextLinkTheHeading) {
   const Case cases[] = {
       {"number behind it", link(5, "l", "L"), "4", true},
       {"across a gap", link(7, "l", "L") + "\n\t\t\t" + link(99, "m", "M"), "7", true},
+      {"past a number spelled otherwise",
+       with(page(7, "l", "L"), "---LINKID:7", "---LINKID:07") + "\n\t\t\t" + link(9, "m", "M"), "9", true},
       {"gap beyond the total", link(101, "l", "L"), "100", false},
       {"a heading follows", page(9, "q", "Q") + "\n\t\t\t" + link(11, "m", "M"), "9", false},
   };

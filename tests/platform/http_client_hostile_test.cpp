@@ -127,6 +127,14 @@ TEST(HostileSite, IsCutWhereTheCallerWants) {
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(answer.body, std::string("abcd", maxBytes));
   }
+  RawServer endless([](RawConnection& connection) {
+    connection.send(kOkHead + "\r\n");
+    connection.sendForever(std::string(10'000, 'x'));
+  });
+  const HttpAnswer start =
+      client.fetch({.url = endless.url(), .maxBytes = 4, .overflow = Overflow::truncate}, {});
+  EXPECT_EQ(start.failure, FetchFailure::none);
+  EXPECT_EQ(start.body, "xxxx");
 }
 
 /// What comes of https where it is begun at all.
