@@ -12,19 +12,19 @@ namespace {
 using platform::Regex;
 
 /// The first pattern's non-empty capture, else `otherwise`.
-std::string firstCapture(std::string_view markup, std::initializer_list<const Regex*> patterns,
-                         std::string_view otherwise) {
+std::string_view firstCapture(std::string_view markup, std::initializer_list<const Regex*> patterns,
+                              std::string_view otherwise) {
   for (const Regex* pattern : patterns) {
     const auto match = pattern->find(markup);
-    if (match && !match->groups[0].empty()) return std::string(match->groups[0]);
+    if (match && !match->groups[0].empty()) return match->groups[0];
   }
-  return std::string(otherwise);
+  return otherwise;
 }
 
 /// An image's name; empty when it has neither attribute. An alternative text that is there but empty means
 /// that the author wants no name, so the title is not looked at then. The markup is searched as a whole:
 /// "data-alt=" counts.
-std::string imageName(std::string_view markup) {
+std::string_view imageName(std::string_view markup) {
   static const Regex kAltDouble("alt=\"(.*?)\""), kAltSingle("alt='(.*?)'");
   static const Regex kTitleDouble("title=\"(.*?)\""), kTitleSingle("title='(.*?)'");
   // A value without quotes gives no name: the markup written back always has them.
@@ -44,11 +44,11 @@ std::string_view findHREFInNode(const web::AnchorElement& anchor) {
   return *anchor.href;
 }
 
-std::string findLinkTitle(const web::AnchorElement& anchor) {
+std::string_view findLinkTitle(const web::AnchorElement& anchor) {
   if (!anchor.text.empty()) return anchor.text;
   if (!anchor.name.empty()) return anchor.name;
   if (anchor.firstChild != web::FirstChild::image) return "No Link Name Found";
-  const std::string name = imageName(anchor.imageMarkup);
+  const std::string_view name = imageName(anchor.imageMarkup);
   return name.empty() ? "Could not find link title" : name;
 }
 

@@ -14,8 +14,9 @@ inline constexpr std::string_view kNoPageTitle = "Could not find page title";
 /// The target of an anchor that has one, as written.
 std::string_view findHREFInNode(const web::AnchorElement& anchor);
 
-/// A readable name for the link, or the fixed text that says why there is none. Never empty, not escaped.
-std::string findLinkTitle(const web::AnchorElement& anchor);
+/// A readable name for the link, or the fixed text that says why there is none. Never empty, not escaped; a
+/// view into the anchor, if not of a fixed text.
+std::string_view findLinkTitle(const web::AnchorElement& anchor);
 
 /// The page's title from its title element's text; kNoPageTitle when that is missing or empty.
 std::string findPageHTMLTitleElement(const std::optional<std::string>& titleText);

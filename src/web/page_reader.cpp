@@ -234,21 +234,25 @@ class PageReader {
     m_anchorMark = m_scopes.mark();
     m_bounds.beginAnchor();
     m_awaitsFirstChild = true;
-    // Nobody may have moved out of it.
-    m_anchor.href.reset();
+    // Nobody may have moved out of it; its texts keep their room.
     m_anchor.text.clear();
     m_anchor.name.clear();
     m_anchor.firstChild = FirstChild::none;
+    bool hasHref = false;
     bool hasName = false;
     TagAttributes attributes(tag);
     for (Attribute each; attributes.next(each);) {
-      if (!m_anchor.href && isNamed(each.name, "href")) {
-        appendAttributeValue(m_anchor.href.emplace(), each.value);
+      if (!hasHref && isNamed(each.name, "href")) {
+        hasHref = true;
+        if (!m_anchor.href) m_anchor.href.emplace();
+        m_anchor.href->clear();
+        appendAttributeValue(*m_anchor.href, each.value);
       } else if (!hasName && isNamed(each.name, "name")) {
         hasName = true;
         appendAttributeValue(m_anchor.name, each.value);
       }
     }
+    if (!hasHref) m_anchor.href.reset();
     if (foreign && tag.selfClosing) closeAnchor();
   }
 
