@@ -114,7 +114,9 @@ class Connection {
   bool outgrown() const;
   HttpAnswer takeAnswer();
   std::chrono::seconds retryAfter() const;
-  std::string header(const char* name) const;
+  std::string header(const char* name, std::size_t index = 0) const;
+  std::string listHeader(const char* name) const;
+  std::string redirectedTo() const;
 
   static int beforeRequest(void* self, char*, char*, int, int);
   static int watch(CURL* easy, curl_infotype kind, char* data, std::size_t size, void* self);
@@ -129,6 +131,7 @@ class Connection {
   std::string m_body;
   std::size_t m_maxBytes = 0;
   Overflow m_overflow = Overflow::fail;
+  bool (*m_wantsBody)(std::string_view) = nullptr;
   std::size_t m_headerBytes = 0;
   std::size_t m_wireBytes = 0;                       // of bodies as they came, with all that frames them
   std::chrono::steady_clock::time_point m_deadline;  // of the limit for every exchange
@@ -218,6 +221,7 @@ FetchFailure Connection::prepare(const HttpRequest& request) {
   curl_easy_setopt(m_easy, CURLOPT_FORBID_REUSE, 0L);
   m_maxBytes = request.maxBytes;
   m_overflow = request.overflow;
+  m_wantsBody = request.wantsBody;
   return FetchFailure::none;
 }
 
@@ -308,6 +312,8 @@ HttpAnswer Connection::takeAnswer() {
   return {.status = static_cast<int>(status),
           .contentType = header("Content-Type"),
           .lastModified = header("Last-Modified"),
+          .robotsTag = listHeader("X-Robots-Tag"),
+          .redirectedTo = redirectedTo(),
           .body = std::move(m_body),
           .retryAfter = retryAfter()};
 }
@@ -320,11 +326,31 @@ std::chrono::seconds Connection::retryAfter() const {
   return std::chrono::seconds(std::max<curl_off_t>(seconds, 0));
 }
 
-std::string Connection::header(const char* name) const {
+std::string Connection::header(const char* name, std::size_t index) const {
   constexpr int kLastRequest = -1;  // of a redirect chain
   curl_header* found = nullptr;
-  if (curl_easy_header(m_easy, name, 0, CURLH_HEADER, kLastRequest, &found) != CURLHE_OK) return {};
+  if (curl_easy_header(m_easy, name, index, CURLH_HEADER, kLastRequest, &found) != CURLHE_OK) return {};
   return found->value;
+}
+
+/// Servers may write a list as several lines.
+std::string Connection::listHeader(const char* name) const {
+  constexpr std::size_t kMostLines = 16;
+  std::string list = header(name);
+  for (std::size_t i = 1; i < kMostLines && !list.empty(); ++i) {
+    const std::string more = header(name, i);
+    if (more.empty()) break;
+    list.append(", ").append(more);
+  }
+  return list;
+}
+
+std::string Connection::redirectedTo() const {
+  long redirects = 0;
+  const char* address = nullptr;
+  curl_easy_getinfo(m_easy, CURLINFO_REDIRECT_COUNT, &redirects);
+  curl_easy_getinfo(m_easy, CURLINFO_EFFECTIVE_URL, &address);
+  return redirects > 0 && address != nullptr ? address : std::string();
 }
 
 int Connection::beforeRequest(void* self, char*, char*, int, int) {
@@ -364,9 +390,11 @@ std::size_t Connection::receiveBody(char* data, std::size_t, std::size_t size, v
   return CURL_WRITEFUNC_ERROR;
 }
 
-/// False when the body has reached its bound.
+/// False when no more of the body is to come.
 bool Connection::append(std::string_view data) {
   if (m_body.empty()) {
+    m_truncated = m_wantsBody != nullptr && !m_wantsBody(header("Content-Type"));
+    if (m_truncated) return false;
     curl_off_t announced = 0;
     curl_easy_getinfo(m_easy, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
     if (announced > 0)

@@ -24,6 +24,9 @@ struct HttpRequest {
   std::chrono::milliseconds timeout{0};  // for the whole exchange; 0 means no limit but the client's own
   std::size_t maxBytes = 64u << 20;      // of the decoded body
   Overflow overflow = Overflow::fail;
+  /// Asked when a body begins, with the Content-Type header's value. Where it says no the rest is not
+  /// fetched: the exchange counts as done, with an empty body. Null: every body is wanted.
+  bool (*wantsBody)(std::string_view contentType) = nullptr;
 };
 
 /// Why no usable answer came.
@@ -54,6 +57,8 @@ struct [[nodiscard]] HttpAnswer {
   int status = 0;                 // 100 to 999, of the last answer of a redirect chain
   std::string contentType = {};   // that answer's header value as sent, empty when there was none
   std::string lastModified = {};  // likewise
+  std::string robotsTag = {};     // likewise, X-Robots-Tag; several are joined by ", "
+  std::string redirectedTo = {};  // the address that answered, where that is not the one asked for
   std::string body = {};          // decoded (gzip, br), characters as sent
   // What its Retry-After asks for, as seconds or as a date (RFC 9110, section 10.2.3). Never negative; 0 also
   // for none, for a date that has passed and for what is neither.

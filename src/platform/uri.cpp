@@ -103,6 +103,10 @@ std::string_view UriParts::host() const {
   return authority ? splitAuthority(*authority).host : std::string_view();
 }
 
+std::string_view UriParts::port() const {
+  return authority ? splitAuthority(*authority).port.value_or(std::string_view()) : std::string_view();
+}
+
 UriParts splitUri(std::string_view text) {
   UriParts parts;
   // A scheme ends before anything else that may hold a ":".

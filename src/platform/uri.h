@@ -20,6 +20,9 @@ struct UriParts {
   /// The authority's host, without user and port; brackets of an IPv6 address are kept. Empty when there is
   /// none.
   std::string_view host() const;
+
+  /// The authority's port as written, without ":"; empty when there is none.
+  std::string_view port() const;
 };
 
 /// Splits as RFC 3986 appendix B does: every text has a split, and nothing is decoded or changed in case.
