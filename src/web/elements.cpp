@@ -27,6 +27,10 @@ Element elementOf(std::string_view written, std::uint64_t letters) {
       return Element::anchor;
     case packed("applet"):
       return Element::applet;
+    case packed("area"):
+      return Element::area;
+    case packed("base"):
+      return Element::base;
     case packed("button"):
       return Element::button;
     case packed("caption"):
@@ -38,12 +42,18 @@ Element elementOf(std::string_view written, std::uint64_t letters) {
       return Element::column;
     case packed("desc"):
       return Element::desc;
+    case packed("frame"):
+      return Element::frame;
     case packed("th"):
       return Element::headerCell;
+    case packed("iframe"):
+      return Element::iframe;
     case packed("img"):
       return Element::image;
     case packed("image"):
       return Element::imageOldName;
+    case packed("link"):
+      return Element::link;
     case packed("marquee"):
       return Element::marquee;
     case packed("math"):
@@ -54,6 +64,8 @@ Element elementOf(std::string_view written, std::uint64_t letters) {
     case packed("ms"):
     case packed("mtext"):
       return Element::mathText;
+    case packed("meta"):
+      return Element::meta;
     case packed("object"):
       return Element::object;
     case packed("br"):
@@ -63,7 +75,6 @@ Element elementOf(std::string_view written, std::uint64_t letters) {
     case packed("listing"):
     case packed("pre"):
       return Element::preformatted;
-    case packed("iframe"):
     case packed("noembed"):
     case packed("style"):
     case packed("xmp"):
@@ -156,15 +167,10 @@ bool ElementName::isPlain() const {
     case packed("form"):  // what is in it goes on
     case packed("head"):
     case packed("html"):
-    case packed("area"):  // these have no end
-    case packed("base"):
-    case packed("embed"):
-    case packed("frame"):
+    case packed("embed"):  // these have no end
     case packed("hr"):
     case packed("input"):
     case packed("keygen"):
-    case packed("link"):
-    case packed("meta"):
     case packed("param"):
     case packed("source"):
     case packed("track"):

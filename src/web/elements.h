@@ -14,6 +14,8 @@ enum class Element : std::uint8_t {
   anchor,
   annotationXml,
   applet,
+  area,
+  base,
   br,
   button,
   caption,
@@ -21,17 +23,21 @@ enum class Element : std::uint8_t {
   column,  // col, colgroup
   desc,
   foreignObject,
+  frame,
   headerCell,    // th
   image,         // img
   imageOldName,  // image, which browsers read as img
+  iframe,        // its content is rawtext
+  link,
   marquee,
   math,
   mathText,  // mi, mo, mn, ms, mtext
+  meta,
   object,
   paragraph,  // p
   plaintext,
   preformatted,  // pre, listing
-  rawtext,       // style, xmp, iframe, noembed
+  rawtext,       // style, xmp, noembed
   script,
   svg,
   table,

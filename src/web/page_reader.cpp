@@ -25,6 +25,7 @@ Content contentOf(Element element) {
   switch (element) {
     case Element::script:
       return Content::script;
+    case Element::iframe:
     case Element::rawtext:
       return Content::rawtext;
     case Element::textarea:
@@ -141,6 +142,7 @@ class PageReader {
     if (hidden) return;
     if (atAnchorsLevel() && !(foreign && tag.selfClosing)) m_bounds.start(name);
     startChild(element, tag, foreign);
+    if (!foreign) tellMark(element, tag);
     if (element == Element::anchor) openAnchor(tag, foreign);
     if (element == Element::title) openTitle(foreign, inSvg && !tag.selfClosing);
   }
@@ -206,8 +208,26 @@ class PageReader {
 
   void startChild(Element element, const Token& tag, bool foreign) {
     const bool isImage = !foreign && (element == Element::image || element == Element::imageOldName);
-    if (m_awaitsFirstChild && isImage) m_image = tag.written;
+    if (isImage && m_isOpen && m_anchor.firstImage.data() == nullptr) m_anchor.firstImage = tag.written;
     settleFirstChild(isImage ? FirstChild::image : FirstChild::other);
+  }
+
+  void tellMark(Element element, const Token& tag) {
+    switch (element) {
+      case Element::area:
+        return m_handler.mark(PageMark::area, tag.written);
+      case Element::base:
+        return m_handler.mark(PageMark::base, tag.written);
+      case Element::frame:
+      case Element::iframe:
+        return m_handler.mark(PageMark::frame, tag.written);
+      case Element::link:
+        return m_handler.mark(PageMark::link, tag.written);
+      case Element::meta:
+        return m_handler.mark(PageMark::meta, tag.written);
+      default:
+        return;
+    }
   }
 
   void settleFirstChild(FirstChild kind) {
@@ -236,6 +256,8 @@ class PageReader {
     m_awaitsFirstChild = true;
     // Nobody may have moved out of it; its texts keep their room.
     m_anchor.text.clear();
+    m_anchor.attributes = tag.written;
+    m_anchor.firstImage = {};
     m_anchor.name.clear();
     m_anchor.firstChild = FirstChild::none;
     bool hasHref = false;
@@ -263,7 +285,7 @@ class PageReader {
     m_awaitsFirstChild = false;
     const bool hasImageOnly =
         m_anchor.firstChild == FirstChild::image && m_anchor.text.empty() && m_anchor.name.empty();
-    m_anchor.imageMarkup = hasImageOnly ? imageMarkup(m_image) : std::string();
+    m_anchor.imageMarkup = hasImageOnly ? imageMarkup(m_anchor.firstImage) : std::string();
     m_handler.anchor(std::move(m_anchor));
   }
 
@@ -278,7 +300,6 @@ class PageReader {
   bool m_isOpen = false;            // m_anchor
   bool m_anchorForeign = false;     // it is SVG's or MathML's
   bool m_awaitsFirstChild = false;  // nothing has come since it began
-  std::string_view m_image = {};    // the attributes of its first child, as written
 
   std::optional<std::string> m_title;
   std::optional<std::string> m_drawnTitle;
@@ -287,6 +308,17 @@ class PageReader {
 };
 
 }  // namespace
+
+std::optional<std::string> attributeValue(std::string_view attributes, std::string_view name) {
+  AttributeReader reader(attributes);
+  for (Attribute each; reader.next(each);) {
+    if (!isNamed(each.name, name)) continue;
+    std::string value;
+    appendAttributeValue(value, each.value);
+    return value;
+  }
+  return {};
+}
 
 std::optional<std::string> readPage(std::string_view markup, PageHandler& handler) {
   return PageReader(markup, handler).read();

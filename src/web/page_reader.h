@@ -34,7 +34,13 @@ struct AnchorElement {
   /// values in quotes, double ones if possible, and "&" in them as "&amp;". "<" and ">" stay as they are.
   /// Empty for a tag of more than 4 MB.
   std::string imageMarkup = {};
+  // As written, for attributeValue(); views into the markup.
+  std::string_view attributes = {};
+  std::string_view firstImage = {};  // the attributes of the first image in it, wherever that stands
 };
+
+/// What else of a page leads elsewhere, or tells of the page, by its start tag alone.
+enum class PageMark { area, base, frame, link, meta };  // frame: also iframe
 
 class PageHandler {
  public:
@@ -42,7 +48,14 @@ class PageHandler {
 
   /// Told of each anchor, in the order of the page, also of those that lead nowhere.
   virtual void anchor(AnchorElement&& anchor) = 0;
+
+  /// Told of each such element outside of svg and math, in the order of the page; an anchor around it comes
+  /// later. `attributes` as written, for attributeValue().
+  virtual void mark(PageMark, std::string_view /*attributes*/) {}
 };
+
+/// The value of the first attribute of this name (in lower case), references decoded; nothing without one.
+std::optional<std::string> attributeValue(std::string_view attributes, std::string_view name);
 
 /// Reads a page's markup (UTF-8), however broken. Returns the title's text, not trimmed; nothing without a
 /// title. Takes time in proportion to the markup, and memory for one anchor and the title.
