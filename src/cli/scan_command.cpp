@@ -10,6 +10,7 @@
 
 #include "cli/scan_progress.h"
 #include "cli/signal_watch.h"
+#include "crawler/link_rules.h"
 #include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_scanner.h"
@@ -171,7 +172,8 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   platform::SteadyClock clock;
   platform::CurlHttpClient network("Veskel/" VESKEL_VERSION);
   crawler::PatientClient client(network, clock);
-  crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site));
+  crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site),
+                                crawler::readingFor(settings->site));
   const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
   crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons},
                                *std::move(settings));

@@ -9,19 +9,32 @@
 #include <vector>
 
 #include "crawler/page_queue.h"
+#include "crawler/page_source.h"
 #include "crawler/scan_settings.h"
 
 namespace crawler {
 
-/// Why a link is not followed. One reason a link: the first that applies.
+/// Why a link is not followed, or the page that it leads to is not in the documents. One reason each: the
+/// first that applies.
 enum class LinkReason {
-  none,                // it is a page of the site: listed and followed
-  outside,             // of the site: listed only
-  empty,               // leads nowhere; this and all below are neither listed nor followed
+  none,  // a page of the site: listed and followed
+  // Outside of the site: listed only.
+  otherHost,
+  otherPort,
+  aboveStart,  // on the site's host, but not in the start's folder
+  // Neither listed nor followed:
+  empty,               // leads nowhere
   foreignExtension,    // no page's
   folderOfKnownIndex,  // its index page is known already
   filter,              // a filter stands in it
-  robots,              // a rule of robots.txt stands in it
+  robots,              // robots.txt forbids it
+  // Of pages that were fetched:
+  otherType,           // no page
+  redirected,          // to another page of the site, which counts in its place
+  redirectedOutside,   // of the site
+  sameAsIndex,         // the page of a folder under its other name
+  noIndex,             // it wishes to be left out
+  canonicalElsewhere,  // it names another page of the site as the one that counts
 };
 
 struct JudgedLink {
@@ -29,7 +42,22 @@ struct JudgedLink {
   LinkReason reason = LinkReason::none;
   std::size_t which = 0;  // index of the filter or robots rule, the first in the list that applies
 
-  bool isListed() const { return reason == LinkReason::none || reason == LinkReason::outside; }
+  bool isListed() const { return reason < LinkReason::empty; }
+};
+
+/// What becomes of a page that was fetched.
+struct JudgedPage {
+  enum class Use {
+    listed,    // it goes into the documents, and its links are followed
+    followed,  // only that
+    leftOut,
+    broken,
+  };
+
+  std::string address;  // as it is listed, and what its links are relative to
+  Use use = Use::listed;
+  LinkReason reason = LinkReason::none;     // unless it is listed or broken
+  std::optional<std::string> inPlace = {};  // a page of the site that counts in its place
 };
 
 /// A set of rules for the links of one site. Called on the scan's thread only.
@@ -37,14 +65,20 @@ class LinkRules {
  public:
   virtual ~LinkRules() = default;
 
-  /// The links that follow are found on this page, whose address is as queued.
-  virtual void enterPage(std::string_view url) = 0;
+  /// The address to begin with, for the one that the site's record holds.
+  virtual std::string startAddress(std::string_view startUrl) const = 0;
+
+  /// What becomes of a page, whose address is as queued. `known` are the pages of the site known so far.
+  virtual JudgedPage judgePage(std::string_view url, const FetchedPage& page, const PageQueue& known) = 0;
+
+  /// The links that follow are found on this page, whose address is as judged.
+  virtual void enterPage(std::string_view url, const PageContents& contents) = 0;
 
   /// Where an href of the page in hand leads. Nothing for an address that would be longer than the rules
   /// allow; that costs no more than to read the href.
   virtual std::optional<std::string> makeAbsolute(std::string_view href) const = 0;
 
-  /// What becomes of a link that was made absolute. `known` are the pages of the site known so far.
+  /// What becomes of a link that was made absolute.
   virtual JudgedLink judge(std::string link, const PageQueue& known) const = 0;
 
   /// The address under which the page that a judged link leads to has to be queued; nothing when the page is
@@ -56,6 +90,9 @@ class LinkRules {
 /// The set of rules for a scan. `robotsRules` are those of the site's robots.txt that count.
 std::unique_ptr<LinkRules> makeLinkRules(const ScanSettings& settings,
                                          const std::vector<std::string>& robotsRules);
+
+/// How the pages of such a site are read.
+const PageReading& readingFor(const store::SiteSettings& site);
 
 /// Whether the address hints at links that build upon each other without end: four or more question marks.
 bool looksLikeLoop(std::string_view url);

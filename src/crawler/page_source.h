@@ -16,18 +16,32 @@ namespace crawler {
 struct FetchedPage {
   platform::FetchFailure failure = platform::FetchFailure::none;
   int status = 0;                 // HTTP status, 0 when no answer came
+  std::string redirectedTo = {};  // the address that answered, where that is not the one asked for
   std::string mime = {};          // lower case, without parameters; empty when not told
+  bool isPage = false;            // by its type
   std::string lastModified = {};  // header value as sent, empty when there was none
   bool hasContent = false;        // a body came, if need be when asked for once more
   std::uint64_t fingerprint = 0;  // the same for the same body
   PageContents contents = {};
 
   /// Whether the page can be used in a sitemap.
-  bool isGood() const { return status <= 399 && mime == "text/html"; }
+  bool isGood() const { return status <= 399 && isPage; }
 
   /// Status code, " - " and reason phrase; without an answer "0 - " and the cause.
   std::string reason() const;
 };
+
+/// How answers are read, which depends on the rules for the site. Any thread.
+struct PageReading {
+  bool (*isPage)(std::string_view mime);
+  PageContents (*read)(platform::HttpAnswer&& answer, const std::stop_token& stop);
+  bool takesOtherBodies;  // whether what is no page is fetched as well
+};
+
+/// Pages are text/html, and read by the simple rules.
+extern const PageReading kSimpleReading;
+/// Pages are XHTML, too, and read as browsers do (crawler/browser_page.h).
+extern const PageReading kBrowserReading;
 
 /// Gives the crawl its pages, in whatever order and number of connections it fetches them. What comes back
 /// depends on the address alone. Borrowed by one scan and called on that scan's thread only.
@@ -45,15 +59,15 @@ class PageSource {
   /// The Last-Modified header of the page visited last. The server is asked for it only where the page came
   /// without one, since a HEAD is answered with the header fields of a GET (RFC 9110, section 9.3.2); empty
   /// when it does not tell. An answer may take 10 seconds.
-  virtual std::string lastModified(std::string_view url, std::stop_token stop) = 0;
+  virtual std::string lastModified(std::stop_token stop) = 0;
 };
 
 /// The most that a page's body may hold, decoded.
 inline constexpr std::size_t kMaxPageBytes = 64u << 20;
 
 /// Fetches a page and reads it: the visit as such, for the implementations. Safe on any thread.
-FetchedPage visitPage(platform::HttpClient& client, std::string_view url, std::stop_token stop,
-                      std::size_t maxBytes = kMaxPageBytes);
+FetchedPage visitPage(platform::HttpClient& client, const PageReading& reading, std::string_view url,
+                      std::stop_token stop, std::size_t maxBytes = kMaxPageBytes);
 
 /// Asks a server when a page was last modified.
 std::string askLastModified(platform::HttpClient& client, std::string_view url, std::stop_token stop);

@@ -33,8 +33,9 @@ ReadAheadLimits limitsFor(const store::SiteSettings& site) {
   return {.connections = site.connections, .maxPages = static_cast<std::size_t>(site.maxPages)};
 }
 
-ReadAheadPages::ReadAheadPages(platform::HttpClient& client, const ReadAheadLimits& limits)
-    : m_client(client), m_limits(limits) {
+ReadAheadPages::ReadAheadPages(platform::HttpClient& client, const ReadAheadLimits& limits,
+                               const PageReading& reading)
+    : m_client(client), m_limits(limits), m_reading(reading) {
   for (int i = 0; i < std::max(1, m_limits.connections); ++i) m_threads.emplace_back([this] { work(); });
 }
 
@@ -71,9 +72,9 @@ std::shared_ptr<const FetchedPage> ReadAheadPages::page([[maybe_unused]] std::st
   return document->page;
 }
 
-std::string ReadAheadPages::lastModified([[maybe_unused]] std::string_view url, std::stop_token stop) {
+std::string ReadAheadPages::lastModified(std::stop_token stop) {
   std::unique_lock lock(m_mutex);
-  assert(m_inHand && m_window.front().document->address == withoutFragment(url));
+  assert(m_inHand);
   const DocumentPointer document = m_window.front().document;
   if (document->date == Task::open) return {};
   if (!m_ready.wait(lock, stop, [&] { return document->date == Task::done; })) m_stop.request_stop();
@@ -105,8 +106,8 @@ void ReadAheadPages::offerWork(std::unique_lock<std::mutex>& lock) {
   lock.lock();
 }
 
-/// Whether the crawl has enough to go on with. Threads that sleep are left alone then until half of it is used
-/// up, or each page would cost putting one to sleep and waking it.
+/// Whether the crawl has enough to go on with. Threads that sleep are left alone then until half of it is
+/// used up, or each page would cost putting one to sleep and waking it.
 bool ReadAheadPages::isFarAhead() const {
   const bool isNextOpen = !m_window.empty() && m_window.front().document->visit == Task::open;
   return !isNextOpen && m_waiting > m_limits.pages / 2;
@@ -139,7 +140,7 @@ void ReadAheadPages::visit(const DocumentPointer& document, std::unique_lock<std
   std::shared_ptr<const FetchedPage> page;
   try {
     page = std::make_shared<const FetchedPage>(
-        visitPage(m_client, document->address, m_stop.get_token(), maxBytes));
+        visitPage(m_client, m_reading, document->address, m_stop.get_token(), maxBytes));
   } catch (const std::exception&) {  // no memory for what the page holds
     page = pageWithout(platform::FetchFailure::tooLarge);
   }

@@ -40,13 +40,14 @@ ReadAheadLimits limitsFor(const store::SiteSettings& site);
 /// an address that raises the looping warning until the crawl goes on behind it.
 class ReadAheadPages : public PageSource {
  public:
-  explicit ReadAheadPages(platform::HttpClient& client, const ReadAheadLimits& limits = {});
+  explicit ReadAheadPages(platform::HttpClient& client, const ReadAheadLimits& limits = {},
+                          const PageReading& reading = kSimpleReading);
   /// Drops everything that is under way.
   ~ReadAheadPages() override;
 
   void expect(std::string_view url) override;
   std::shared_ptr<const FetchedPage> page(std::string_view url, std::stop_token stop) override;
-  std::string lastModified(std::string_view url, std::stop_token stop) override;
+  std::string lastModified(std::stop_token stop) override;
 
  private:
   enum class Task { open, running, done };
@@ -86,6 +87,7 @@ class ReadAheadPages : public PageSource {
 
   platform::HttpClient& m_client;
   const ReadAheadLimits m_limits;
+  const PageReading& m_reading;
   std::stop_source m_stop;
 
   std::mutex m_mutex;                       // guards all below
@@ -95,7 +97,7 @@ class ReadAheadPages : public PageSource {
   std::deque<Entry> m_window;               // the next entries; the first may be in hand
   std::list<DocumentPointer> m_remembered;  // most recently used first
   std::unordered_map<std::string_view, DocumentPointer> m_known;  // in the window or remembered, by address
-  std::size_t m_waiting = 0;  // pages
+  std::size_t m_waiting = 0;                                      // pages
   std::size_t m_bytesWaiting = 0;
   std::size_t m_bytesRemembered = 0;
   std::size_t m_entered = 0;  // entries that came into the window, ever

@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include "crawler/link_rules.h"
 #include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_scanner.h"
@@ -18,7 +19,7 @@ struct ScanController::Scan {
   Scan(ScanController& owner, ScanSettings settings)
       : network("Veskel/" VESKEL_VERSION),
         client(network, clock),
-        pages(client, limitsFor(settings.site)),
+        pages(client, limitsFor(settings.site), readingFor(settings.site)),
         scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons}, std::move(settings)) {}
 
   platform::SteadyClock clock;

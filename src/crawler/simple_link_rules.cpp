@@ -117,6 +117,12 @@ bool liesBelow(const SplitLink& link, std::string_view comparableBase) {
   return !isMail(link) && comparablePart(link).starts_with(comparableBase);
 }
 
+/// Why a link lies outside of a site that says so by its text.
+LinkReason reasonOutside(const SplitLink& link, const SiteBounds& bounds) {
+  const LinkReason reason = bounds.judge(link.parts);
+  return reason == LinkReason::none ? LinkReason::aboveStart : reason;
+}
+
 /// Whether "://www." stands in the link in any case.
 bool namesWww(std::string_view link) {
   constexpr std::string_view kMark = "://www.";
@@ -198,13 +204,19 @@ bool isKnownPage(std::string_view link, const PageQueue& known, AllowedMedia med
 
 SimpleLinkRules::SimpleLinkRules(std::string_view startUrl, const std::vector<std::string>& filters,
                                  const std::vector<std::string>& robotsRules, std::size_t maxBytes)
-    : m_base{.siteBaseURL = siteBaseOf(startUrl), .pageBaseURL = {}, .pageBaseURLUnchanged = {}},
+    : m_bounds(startUrl),
+      m_base{.siteBaseURL = siteBaseOf(startUrl), .pageBaseURL = {}, .pageBaseURLUnchanged = {}},
       m_comparableBase(comparablePart(m_base.siteBaseURL)),
       m_filterCount(filters.size()),
       m_exclusions(joined(filters, robotsRules)),
       m_maxBytes(maxBytes) {}
 
-void SimpleLinkRules::enterPage(std::string_view url) {
+JudgedPage SimpleLinkRules::judgePage(std::string_view url, const FetchedPage& page, const PageQueue&) {
+  return {.address = std::string(url),
+          .use = page.isGood() ? JudgedPage::Use::listed : JudgedPage::Use::broken};
+}
+
+void SimpleLinkRules::enterPage(std::string_view url, const PageContents&) {
   m_base.pageBaseURLUnchanged = url;
   m_base.pageBaseURL = pageBaseOf(url);
   m_pageRoot = rootOf(m_base.pageBaseURL);
@@ -231,7 +243,7 @@ JudgedLink SimpleLinkRules::judge(std::string link, const PageQueue& known) cons
   const bool hasPath = !split.parts.path.empty();
   if (!hasPath) link = withPath(std::move(link));
   const bool isInside = liesBelow(hasPath ? split : SplitLink(link), m_comparableBase);
-  return judged(isInside ? LinkReason::none : LinkReason::outside);
+  return judged(isInside ? LinkReason::none : reasonOutside(link, m_bounds));
 }
 
 std::optional<std::string_view> SimpleLinkRules::keyOfNewPage(std::string_view link,

@@ -10,6 +10,7 @@
 
 #include "crawler/exclusions.h"
 #include "crawler/link_rules.h"
+#include "crawler/site_bounds.h"
 #include "platform/uri.h"
 
 namespace crawler {
@@ -71,13 +72,16 @@ class SimpleLinkRules : public LinkRules {
   SimpleLinkRules(std::string_view startUrl, const std::vector<std::string>& filters,
                   const std::vector<std::string>& robotsRules, std::size_t maxBytes);
 
-  void enterPage(std::string_view url) override;
+  std::string startAddress(std::string_view startUrl) const override { return std::string(startUrl); }
+  JudgedPage judgePage(std::string_view url, const FetchedPage& page, const PageQueue& known) override;
+  void enterPage(std::string_view url, const PageContents& contents) override;
   std::optional<std::string> makeAbsolute(std::string_view href) const override;
   JudgedLink judge(std::string link, const PageQueue& known) const override;
   std::optional<std::string_view> keyOfNewPage(std::string_view link, const PageQueue& known) const override;
 
  private:
   AllowedMedia m_allowedMedia = pageExtensions();
+  SiteBounds m_bounds;  // to tell why a link is outside; whether it is, isInternal() says
   LinkBase m_base;
   std::string m_pageRoot;        // of the page in hand: what links from the root start with
   std::string m_comparableBase;  // what a link of the site begins with, as isInternal() compares

@@ -115,7 +115,7 @@ bool SiteScanner::connect() {
   // A scan that is cancelled while it connects ends like any cancelled one, with its documents closed.
   if (ok || m_terminateScan) {
     m_links = makeLinkRules(m_settings, readRobots(siteBaseURL));
-    m_uniquePages->append(m_settings.startUrl);
+    m_uniquePages->append(m_links->startAddress(m_settings.startUrl));
     m_services.pages.expect((*m_uniquePages)[0]);
     m_services.view.connectionEstablished();
     return true;
@@ -169,15 +169,25 @@ SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
   askWhetherLooping(url);
   if (m_terminateScan) return PageStep::leaveLoop;
 
-  m_links->enterPage(url);
-  if (page->isGood()) {
-    usePage(url, page->contents.title, *page);
-    countPage(url, page->status, {});
-  } else {
-    m_result.brokenPages.push_back({std::string(url), page->reason()});
-    countPage(url, page->status, m_result.brokenPages.back().reason);
-  }
+  usePage(url, *page);
   return PageStep::nextPage;
+}
+
+void SiteScanner::usePage(std::string_view url, const FetchedPage& page) {
+  const JudgedPage judged = m_links->judgePage(url, page, *m_uniquePages);
+  if (judged.inPlace) queueLink(*judged.inPlace);
+  if (judged.use == JudgedPage::Use::broken) {
+    m_result.brokenPages.push_back({std::string(url), page.reason()});
+    return countPage(url, page.status, m_result.brokenPages.back().reason);
+  }
+  m_links->enterPage(judged.address, page.contents);
+  if (judged.use == JudgedPage::Use::listed) {
+    listPage(judged.address, page);
+  } else {
+    ++m_pagesLeftOut;
+    if (judged.use == JudgedPage::Use::followed) followLinks(page.contents);
+  }
+  countPage(url, page.status, {});
 }
 
 void SiteScanner::askWhetherLooping(std::string_view url) {
@@ -186,8 +196,8 @@ void SiteScanner::askWhetherLooping(std::string_view url) {
   if (m_services.view.askAboutLooping()) m_errCont.wait(false);
 }
 
-void SiteScanner::usePage(std::string_view url, const std::string& title, const FetchedPage& page) {
-  const std::string entry = sitemaps::pageEntry(url, m_totLinks, title);
+void SiteScanner::listPage(std::string_view url, const FetchedPage& page) {
+  const std::string entry = sitemaps::pageEntry(url, m_totLinks, page.contents.title);
   // Entries that wait for a page with content take no more than one page's do.
   if (m_fullPageData.size() > m_settings.bounds.pageEntries) finishPage();
   m_fullPageData += entry;
@@ -214,6 +224,21 @@ void SiteScanner::finishPage() {
   m_pageFull = false;
 }
 
+/// Of a page that is not in the documents itself.
+void SiteScanner::followLinks(const PageContents& contents) {
+  for (const Anchor& anchor : contents.anchors) {
+    if (m_terminateScan) break;
+    if (!anchor.href || !anchor.isFollowed) continue;
+    std::optional<std::string> absolute = m_links->makeAbsolute(*anchor.href);
+    if (!absolute) {
+      ++m_result.leftOut.longLinks;
+      continue;
+    }
+    const JudgedLink link = m_links->judge(*std::move(absolute), *m_uniquePages);
+    if (link.reason == LinkReason::none) queueLink(link.address);
+  }
+}
+
 void SiteScanner::examineAnchor(const Anchor& anchor) {
   if (!anchor.href) return;
   std::optional<std::string> absolute;
@@ -225,12 +250,14 @@ void SiteScanner::examineAnchor(const Anchor& anchor) {
   m_services.view.updateScanLinksList(*absolute);
   JudgedLink link = m_links->judge(*std::move(absolute), *m_uniquePages);
   if (!link.isListed()) return;
+  const bool isFollowed = anchor.isFollowed && link.reason == LinkReason::none;
+  if (!anchor.isListed) return isFollowed ? queueLink(link.address) : void();
   const auto [place, isNew] = m_pageInnerLinks.insert(std::move(link.address));
   if (isNew && !listLink(*place, anchor.title)) {
     m_pageInnerLinks.erase(place);
     return;
   }
-  if (link.reason == LinkReason::none) queueLink(*place);
+  if (isFollowed) queueLink(*place);
 }
 
 /// False when the page in hand takes no more links.
@@ -269,7 +296,7 @@ ScanProgress SiteScanner::progress() const {
 
 void SiteScanner::buildPageTitleSitemap(std::string_view entry, std::string_view plainLink) {
   m_documents.appendPage(entry);
-  const std::string modified = m_services.pages.lastModified(plainLink, m_stop.get_token());
+  const std::string modified = m_services.pages.lastModified(m_stop.get_token());
   m_documents.appendXml(sitemaps::xmlEntry(plainLink, m_dates.weekDate(modified)));
 }
 
@@ -299,7 +326,8 @@ void SiteScanner::scanFinished() {
 void SiteScanner::updateAllScanDetails() {
   const std::string& site = m_settings.siteName;
   m_result.progress = progress();
-  m_result.statistics = {m_totLinks, m_result.progress.pagesFound, m_ssf - m_result.progress.brokenLinks};
+  m_result.statistics = {m_totLinks, m_result.progress.pagesFound - m_pagesLeftOut,
+                         m_ssf - m_result.progress.brokenLinks - m_pagesLeftOut};
   attempt([&] {
     std::vector<std::string> addresses;
     for (const store::BrokenPage& page : m_result.brokenPages) addresses.push_back(page.url);

@@ -72,7 +72,9 @@ class SiteScanner {
   void extractLinksFromPage();
   PageStep visit(std::string_view url);
   void askWhetherLooping(std::string_view url);
-  void usePage(std::string_view url, const std::string& title, const FetchedPage& page);
+  void usePage(std::string_view url, const FetchedPage& page);
+  void listPage(std::string_view url, const FetchedPage& page);
+  void followLinks(const PageContents& contents);
   void finishPage();
   void examineAnchor(const Anchor& anchor);
   bool listLink(std::string_view link, std::string_view title);
@@ -105,6 +107,7 @@ class SiteScanner {
   bool m_pageFull = false;     // it takes no more links
   bool m_pageInHand = false;   // it has its place in the documents, and is not counted yet
   int m_ssf = 0;               // pages handled: good, broken or skipped
+  int m_pagesLeftOut = 0;      // of these, good ones that are not in the documents by the rules
   int m_totLinks = 0;          // links counted; also the next LINKID
   bool m_loopingArmed = true;  // the warning is given once a scan
   std::string m_startReason;   // why the start address did not do, if it has answered

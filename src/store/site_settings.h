@@ -23,8 +23,15 @@
 
 namespace store {
 
+/// How links are read and followed.
+enum class LinkStyle {
+  simple,   // as plain text, by a few rules
+  browser,  // as browsers do
+};
+
 /// A value, with the defaults of a new site.
 struct SiteSettings {
+  LinkStyle links = LinkStyle::simple;
   int maxPages = 0;     // a scan stops as if cancelled after so many; 0: no limit
   int connections = 6;  // pages fetched at the same time
 
@@ -75,8 +82,15 @@ struct SettingField {
   std::string allowed() const;
 };
 
+inline constexpr std::array kLinkStyles = {Choice::Option{"simple", "Simple"},
+                                           Choice::Option{"browser", "As browsers do"}};
+
 /// The table of settings, in the order in which they are shown.
 inline constexpr std::array kSiteSettings = {
+    SettingField{.key = "links",
+                 .caption = "&Links",
+                 .help = "As browsers do, every page is found that a browser reaches",
+                 .value = Choice::of<&SiteSettings::links>(kLinkStyles)},
     SettingField{.key = "max-pages",
                  .caption = "Most &pages",
                  .help = "A scan stops after so many pages",

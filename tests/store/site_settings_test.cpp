@@ -21,13 +21,13 @@ TEST_F(SiteSettingsTest, ReadsWhatItCanAndWritesItBack) {
     std::string rest;  // of the file, once the limit of pages is set
   };
   const Case cases[] = {
-      {"the most", "connections 64\nmax-pages 2147483647\n", {2147483647, 64}, 0, "connections 64\n"},
+      {"the most", "connections 64\nmax-pages 2147483647\n", {.maxPages = 2147483647, .connections = 64}, 0, "connections 64\n"},
       {"the default", "connections 6\nmax-pages 0\n", {}, 0, ""},
-      {"of a newer program", " later  x y \nmax-pages 5", {5}, 0, " later  x y \n"},
-      {"edited elsewhere", "\n max-pages \t5 \r\n\r\n", {5}, 0, "\r\n"},
+      {"of a newer program", " later  x y \nmax-pages 5", {.maxPages = 5}, 0, " later  x y \n"},
+      {"edited elsewhere", "\n max-pages \t5 \r\n\r\n", {.maxPages = 5}, 0, "\r\n"},
       {"out of range", "connections 65\nmax-pages -1\n", {}, 2, ""},
       {"no numbers", "connections\nmax-pages 5x\n", {}, 2, ""},
-      {"too large to count", "connections 4\nmax-pages 4294967297\n", {0, 4}, 1, "connections 4\n"},
+      {"too large to count", "connections 4\nmax-pages 4294967297\n", {.connections = 4}, 1, "connections 4\n"},
   };
   std::filesystem::create_directories(file.parent_path());
   for (const Case& c : cases) {

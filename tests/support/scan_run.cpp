@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "crawler/link_rules.h"
 #include "platform/files.h"
 #include "platform/regex.h"
 #include "sitemaps/html_format.h"
@@ -27,7 +28,7 @@ crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&
   platform::SteadyClock steady;
   crawler::PatientClient patient(network, clock != nullptr ? *clock : steady);
   platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;
-  crawler::ReadAheadPages pages(client, limits);
+  crawler::ReadAheadPages pages(client, limits, crawler::readingFor(settings.site));
   crawler::SiteScanner scanner({m_controls, client, pages, view}, settings);
   m_scanner = &scanner;
   scanner.scanSiteAction();

@@ -1,0 +1,169 @@
+#include "crawler/browser_link_rules.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <utility>
+
+#include "platform/ascii.h"
+
+namespace crawler {
+
+namespace {
+
+// Sorted. Types that a site's pages link to by the thousand; for every other one the server is asked.
+constexpr std::array<std::string_view, 103> kOtherEndings = {
+    "3gp",  "7z",    "aac",  "apk",  "asc",  "atom",  "avi",     "avif", "bin",         "bmp",  "bz2",
+    "c",    "cab",   "cc",   "cpp",  "crt",  "css",   "csv",     "deb",  "diff",        "dmg",  "doc",
+    "docx", "dvi",   "eot",  "eps",  "epub", "exe",   "flac",    "flv",  "gif",         "go",   "gz",
+    "h",    "hpp",   "ico",  "ics",  "iso",  "jar",   "java",    "jpeg", "jpg",         "js",   "json",
+    "jxl",  "key",   "m3u8", "m4a",  "m4v",  "map",   "md5",     "mid",  "mjs",         "mkv",  "mobi",
+    "mov",  "mp3",   "mp4",  "mpeg", "mpg",  "msi",   "numbers", "odg",  "odp",         "ods",  "odt",
+    "oga",  "ogg",   "ogv",  "opus", "otf",  "pages", "patch",   "pdf",  "png",         "pptx", "ps",
+    "py",   "rar",   "rpm",  "rss",  "rtf",  "sh",    "sha256",  "sig",  "svg",         "svgz", "tar",
+    "tex",  "tgz",   "tif",  "tiff", "ttf",  "wasm",  "wav",     "webm", "webmanifest", "webp", "wmv",
+    "woff", "woff2", "xls",  "xlsx"};
+
+constexpr std::array<std::string_view, 3> kIndexNames = {"index.html", "index.htm", "index.php"};
+
+bool isScript(const web::Url& url) {
+  static constexpr std::array<std::string_view, 4> kNowhere = {"javascript", "data", "about", "blob"};
+  return std::find(kNowhere.begin(), kNowhere.end(), url.schemeName()) != kNowhere.end();
+}
+
+/// What is left of a web address when it is not told by http or https, with or without "www.".
+std::string_view withoutSchemeAndWww(std::string_view url) {
+  constexpr std::string_view kWww = "www.";
+  url.remove_prefix(std::min(url.find("://") + 3, url.size()));
+  if (url.starts_with(kWww)) url.remove_prefix(kWww.size());
+  return url;
+}
+
+/// The folder whose index page this may be; empty for any other page.
+std::string_view folderOf(std::string_view url) {
+  if (url.ends_with('/')) return url;
+  for (const std::string_view name : kIndexNames) {
+    if (!url.ends_with(name)) continue;
+    const std::string_view folder = url.substr(0, url.size() - name.size());
+    if (folder.ends_with('/')) return folder;
+  }
+  return {};
+}
+
+}  // namespace
+
+bool hasKnownOtherEnding(std::string_view path) {
+  static_assert(std::is_sorted(kOtherEndings.begin(), kOtherEndings.end()));
+  const std::string_view file = path.substr(path.rfind('/') + 1);
+  const std::size_t dot = file.rfind('.');
+  if (dot == std::string_view::npos) return false;
+  return std::binary_search(kOtherEndings.begin(), kOtherEndings.end(),
+                            std::string_view(platform::lowerAscii(file.substr(dot + 1))));
+}
+
+BrowserLinkRules::BrowserLinkRules(std::string_view startUrl, const std::vector<std::string>& filters,
+                                   std::size_t maxBytes)
+    : m_bounds(startAddress(startUrl)), m_filters(filters), m_maxBytes(maxBytes) {}
+
+std::string BrowserLinkRules::startAddress(std::string_view startUrl) const {
+  const std::optional<web::Url> start = web::parseUrl(startUrl);
+  return std::string(start ? start->withoutFragment() : startUrl);
+}
+
+JudgedPage BrowserLinkRules::judgePage(std::string_view url, const FetchedPage& page,
+                                       const PageQueue& known) {
+  using Use = JudgedPage::Use;
+  JudgedPage judged{.address = std::string(url)};
+  const auto leftOut = [&](Use use, LinkReason reason) {
+    judged.use = use;
+    judged.reason = reason;
+    return judged;
+  };
+  const std::optional<web::Url> end = web::parseUrl(page.redirectedTo.empty() ? url : page.redirectedTo);
+  if (end && !page.redirectedTo.empty()) {
+    judged.address = end->withoutFragment();
+    if (m_bounds.judge(platform::splitUri(judged.address)) != LinkReason::none)
+      return leftOut(Use::leftOut, LinkReason::redirectedOutside);
+    if (withoutSchemeAndWww(judged.address) != withoutSchemeAndWww(url)) {
+      if (keyOfNewPage(judged.address, known)) judged.inPlace = judged.address;
+      return leftOut(Use::leftOut, LinkReason::redirected);
+    }
+  }
+  if (page.status >= 1 && page.status <= 399 && !page.isPage)
+    return leftOut(Use::leftOut, LinkReason::otherType);
+  if (!page.isGood()) {
+    judged.use = Use::broken;
+    return judged;
+  }
+  if (end) {
+    judged.inPlace = elsewhere(*end, page.contents.canonical);
+    if (judged.inPlace) return leftOut(Use::followed, LinkReason::canonicalElsewhere);
+  }
+  if (!page.contents.isIndexed) return leftOut(Use::followed, LinkReason::noIndex);
+  if (isSeenIndex(judged.address, page.fingerprint)) return leftOut(Use::leftOut, LinkReason::sameAsIndex);
+  return judged;
+}
+
+/// Another page of the site that a page names as the one that counts.
+std::optional<std::string> BrowserLinkRules::elsewhere(const web::Url& page,
+                                                       const std::optional<std::string>& canonical) const {
+  if (!canonical) return {};
+  const std::optional<web::Url> named = web::parseUrl(*canonical, &page);
+  if (!named || !named->isWeb()) return {};
+  const std::string_view address = named->withoutFragment();
+  if (address.size() > m_maxBytes || m_bounds.judge(platform::splitUri(address)) != LinkReason::none)
+    return {};
+  if (withoutSchemeAndWww(address) == withoutSchemeAndWww(page.withoutFragment())) return {};
+  return std::string(address);
+}
+
+/// Whether the folder's page was there before under its other name.
+bool BrowserLinkRules::isSeenIndex(std::string_view url, std::uint64_t fingerprint) {
+  const std::string_view folder = folderOf(url);
+  if (folder.empty()) return false;
+  const auto [place, isNew] =
+      m_indexes.try_emplace(std::hash<std::string_view>{}(withoutSchemeAndWww(folder)), fingerprint);
+  return !isNew && place->second == fingerprint;
+}
+
+void BrowserLinkRules::enterPage(std::string_view url, const PageContents& contents) {
+  m_base = web::parseUrl(url);
+  m_encoding = contents.encoding;
+  if (!contents.base || !m_base) return;
+  std::optional<web::Url> base = web::parseUrl(*contents.base, &*m_base, m_encoding);
+  if (base && base->isWeb()) m_base = std::move(base);
+}
+
+std::optional<std::string> BrowserLinkRules::makeAbsolute(std::string_view href) const {
+  if (href.size() > m_maxBytes) return {};
+  const std::optional<web::Url> link = web::parseUrl(href, m_base ? &*m_base : nullptr, m_encoding);
+  if (!link || isScript(*link)) return std::string();
+  const std::string_view address = link->isWeb() ? link->withoutFragment() : std::string_view(link->href());
+  if (address.size() > m_maxBytes) return {};
+  return std::string(address);
+}
+
+JudgedLink BrowserLinkRules::judge(std::string link, const PageQueue&) const {
+  const auto judged = [&](LinkReason reason, std::size_t which = 0) {
+    return JudgedLink{std::move(link), reason, which};
+  };
+  if (link.empty()) return judged(LinkReason::empty);
+  if (const auto which = m_filters.find(link)) return judged(LinkReason::filter, *which);
+  const platform::UriParts parts = platform::splitUri(link);
+  const LinkReason outside = m_bounds.judge(parts);
+  if (outside != LinkReason::none) return judged(outside);
+  if (!parts.query && hasKnownOtherEnding(parts.path)) return judged(LinkReason::foreignExtension);
+  return judged(LinkReason::none);
+}
+
+/// One with and without "www.", by http and https.
+std::optional<std::string_view> BrowserLinkRules::keyOfNewPage(std::string_view link,
+                                                               const PageQueue& known) const {
+  const std::string_view rest = withoutSchemeAndWww(link);
+  for (const std::string_view scheme : {"http://", "https://"}) {
+    if (known.contains(scheme, rest) || known.contains(scheme, "www.", rest)) return {};
+  }
+  return link;
+}
+
+}  // namespace crawler

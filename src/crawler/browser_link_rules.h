@@ -1,0 +1,55 @@
+// Rules for links as browsers follow them: addresses by the URL Standard, pages by what the server says they
+// are.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "crawler/exclusions.h"
+#include "crawler/link_rules.h"
+#include "crawler/site_bounds.h"
+#include "web/url.h"
+
+namespace crawler {
+
+/// Whether an address without a query ends as files of a well-known type do that is no page's: images,
+/// archives, office documents, styles, scripts, media, fonts. `path` is an address's path; the ending is what
+/// follows its last dot, in any case.
+bool hasKnownOtherEnding(std::string_view path);
+
+/// These rules for one site:
+///  - An address is what a browser makes of it, in its one form and without its fragment.
+///  - The site is what SiteBounds says. A page is what the server says is one; an address that ends as
+///  another
+///    type's is not asked for.
+///  - A redirect counts as the address that it ends at, and a canonical link likewise; a folder and its index
+///    page count once where both give the same document.
+class BrowserLinkRules : public LinkRules {
+ public:
+  BrowserLinkRules(std::string_view startUrl, const std::vector<std::string>& filters, std::size_t maxBytes);
+
+  std::string startAddress(std::string_view startUrl) const override;
+  JudgedPage judgePage(std::string_view url, const FetchedPage& page, const PageQueue& known) override;
+  void enterPage(std::string_view url, const PageContents& contents) override;
+  std::optional<std::string> makeAbsolute(std::string_view href) const override;
+  JudgedLink judge(std::string link, const PageQueue& known) const override;
+  std::optional<std::string_view> keyOfNewPage(std::string_view link, const PageQueue& known) const override;
+
+ private:
+  std::optional<std::string> elsewhere(const web::Url& page,
+                                       const std::optional<std::string>& canonical) const;
+  bool isSeenIndex(std::string_view url, std::uint64_t fingerprint);
+
+  SiteBounds m_bounds;
+  Exclusions m_filters;
+  std::size_t m_maxBytes;
+  std::optional<web::Url> m_base;  // of the page in hand
+  const platform::Encoding* m_encoding = nullptr;
+  std::unordered_map<std::size_t, std::uint64_t> m_indexes;  // documents of folders, by the folders' hashes
+};
+
+}  // namespace crawler
