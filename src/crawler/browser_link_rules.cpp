@@ -11,6 +11,8 @@ namespace crawler {
 
 namespace {
 
+constexpr std::string_view kUserAgent = "Veskel";
+
 // Sorted. Types that a site's pages link to by the thousand; for every other one the server is asked.
 constexpr std::array<std::string_view, 103> kOtherEndings = {
     "3gp",  "7z",    "aac",  "apk",  "asc",  "atom",  "avi",     "avif", "bin",         "bmp",  "bz2",
@@ -61,9 +63,33 @@ bool hasKnownOtherEnding(std::string_view path) {
                             std::string_view(platform::lowerAscii(file.substr(dot + 1))));
 }
 
-BrowserLinkRules::BrowserLinkRules(std::string_view startUrl, const std::vector<std::string>& filters,
-                                   std::size_t maxBytes)
-    : m_bounds(startAddress(startUrl)), m_filters(filters), m_maxBytes(maxBytes) {}
+BrowserLinkRules::BrowserLinkRules(const ScanSettings& settings, const platform::HttpAnswer& robots)
+    : m_start(startAddress(settings.startUrl)),
+      m_bounds(m_start),
+      m_filters(settings.filters),
+      m_maxBytes(settings.bounds.link) {
+  if (settings.ignoreRobots) return;
+  const RobotsAnswer answer = robotsAnswer(robots.failure, robots.status);
+  if (answer == RobotsAnswer::rules) m_robots = parseRobotsTxt(robots.body, kUserAgent).group;
+  m_robotsUnreachable = answer == RobotsAnswer::unreachable;
+}
+
+std::string BrowserLinkRules::refusal() const {
+  constexpr std::string_view kHowever = ". With robots.txt ignored the site is scanned nevertheless";
+  std::size_t rule = 0;
+  if (m_robotsUnreachable) return "The server could not tell its robots.txt" + std::string(kHowever);
+  if (isAllowed(platform::splitUri(m_start), rule)) return {};
+  return "robots.txt forbids the start page (" + m_robots.rules[rule].text + ")" + std::string(kHowever);
+}
+
+bool BrowserLinkRules::isAllowed(const platform::UriParts& address, std::size_t& rule) const {
+  if (m_robots.rules.empty()) return true;
+  std::string path(address.path);
+  if (address.query) path.append("?").append(*address.query);
+  const RobotsVerdict verdict = robotsVerdict(m_robots, path);
+  rule = verdict.rule.value_or(0);
+  return verdict.isAllowed;
+}
 
 std::string BrowserLinkRules::startAddress(std::string_view startUrl) const {
   const std::optional<web::Url> start = web::parseUrl(startUrl);
@@ -153,6 +179,7 @@ JudgedLink BrowserLinkRules::judge(std::string link, const PageQueue&) const {
   const LinkReason outside = m_bounds.judge(parts);
   if (outside != LinkReason::none) return judged(outside);
   if (!parts.query && hasKnownOtherEnding(parts.path)) return judged(LinkReason::foreignExtension);
+  if (std::size_t rule = 0; !isAllowed(parts, rule)) return judged(LinkReason::robots, rule);
   return judged(LinkReason::none);
 }
 

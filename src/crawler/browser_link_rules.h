@@ -11,6 +11,7 @@
 
 #include "crawler/exclusions.h"
 #include "crawler/link_rules.h"
+#include "crawler/robots_groups.h"
 #include "crawler/site_bounds.h"
 #include "web/url.h"
 
@@ -30,9 +31,11 @@ bool hasKnownOtherEnding(std::string_view path);
 ///    page count once where both give the same document.
 class BrowserLinkRules : public LinkRules {
  public:
-  BrowserLinkRules(std::string_view startUrl, const std::vector<std::string>& filters, std::size_t maxBytes);
+  /// `robots` is what the server gave for robots.txt, which is read by RFC 9309.
+  BrowserLinkRules(const ScanSettings& settings, const platform::HttpAnswer& robots);
 
   std::string startAddress(std::string_view startUrl) const override;
+  std::string refusal() const override;
   JudgedPage judgePage(std::string_view url, const FetchedPage& page, const PageQueue& known) override;
   void enterPage(std::string_view url, const PageContents& contents) override;
   std::optional<std::string> makeAbsolute(std::string_view href) const override;
@@ -44,8 +47,13 @@ class BrowserLinkRules : public LinkRules {
                                        const std::optional<std::string>& canonical) const;
   bool isSeenIndex(std::string_view url, std::uint64_t fingerprint);
 
+  bool isAllowed(const platform::UriParts& address, std::size_t& rule) const;
+
+  std::string m_start;
   SiteBounds m_bounds;
   Exclusions m_filters;
+  RobotsGroup m_robots;
+  bool m_robotsUnreachable = false;  // nobody knows what may be fetched
   std::size_t m_maxBytes;
   std::optional<web::Url> m_base;  // of the page in hand
   const platform::Encoding* m_encoding = nullptr;

@@ -3,17 +3,36 @@
 #include <algorithm>
 
 #include "crawler/browser_link_rules.h"
+#include "crawler/robots.h"
 #include "crawler/simple_link_rules.h"
+#include "platform/text.h"
 
 namespace crawler {
 
-std::unique_ptr<LinkRules> makeLinkRules(const ScanSettings& settings,
-                                         const std::vector<std::string>& robotsRules) {
+namespace {
+
+/// The text of an error page is no rules file.
+std::vector<std::string> simpleRules(const ScanSettings& settings, platform::HttpAnswer&& robots) {
+  if (settings.ignoreRobots || robots.status > 399) return {};
+  return robotsRules(platform::decodeUtf8(std::move(robots.body)));
+}
+
+}  // namespace
+
+std::string robotsAddress(const ScanSettings& settings) {
   if (settings.site.links == store::LinkStyle::browser) {
-    return std::make_unique<BrowserLinkRules>(settings.startUrl, settings.filters, settings.bounds.link);
+    const std::optional<web::Url> start = web::parseUrl(settings.startUrl);
+    const std::optional<web::Url> robots = start ? web::parseUrl("/robots.txt", &*start) : std::nullopt;
+    if (robots) return robots->href();
   }
-  return std::make_unique<SimpleLinkRules>(settings.startUrl, settings.filters, robotsRules,
-                                           settings.bounds.link);
+  return robotsAddress(siteBaseOf(settings.startUrl));
+}
+
+std::unique_ptr<LinkRules> makeLinkRules(const ScanSettings& settings, platform::HttpAnswer&& robots) {
+  if (settings.site.links == store::LinkStyle::browser)
+    return std::make_unique<BrowserLinkRules>(settings, robots);
+  return std::make_unique<SimpleLinkRules>(settings.startUrl, settings.filters,
+                                           simpleRules(settings, std::move(robots)), settings.bounds.link);
 }
 
 const PageReading& readingFor(const store::SiteSettings& site) {

@@ -68,6 +68,9 @@ class LinkRules {
   /// The address to begin with, for the one that the site's record holds.
   virtual std::string startAddress(std::string_view startUrl) const = 0;
 
+  /// Why the site may not be scanned at all; empty when it may.
+  virtual std::string refusal() const { return {}; }
+
   /// What becomes of a page, whose address is as queued. `known` are the pages of the site known so far.
   virtual JudgedPage judgePage(std::string_view url, const FetchedPage& page, const PageQueue& known) = 0;
 
@@ -87,9 +90,11 @@ class LinkRules {
                                                        const PageQueue& known) const = 0;
 };
 
-/// The set of rules for a scan. `robotsRules` are those of the site's robots.txt that count.
-std::unique_ptr<LinkRules> makeLinkRules(const ScanSettings& settings,
-                                         const std::vector<std::string>& robotsRules);
+/// Where the rules ask for robots.txt.
+std::string robotsAddress(const ScanSettings& settings);
+
+/// The set of rules for a scan. `robots` is what the server gave for the site's robots.txt.
+std::unique_ptr<LinkRules> makeLinkRules(const ScanSettings& settings, platform::HttpAnswer&& robots);
 
 /// How the pages of such a site are read.
 const PageReading& readingFor(const store::SiteSettings& site);

@@ -111,17 +111,20 @@ void SiteScanner::attempt(Work work) {
 
 bool SiteScanner::connect() {
   const bool ok = httpIsValid(m_settings.startUrl);
-  const std::string siteBaseURL = siteBaseOf(m_settings.startUrl);
   // A scan that is cancelled while it connects ends like any cancelled one, with its documents closed.
   if (ok || m_terminateScan) {
-    m_links = makeLinkRules(m_settings, readRobots(siteBaseURL));
-    m_uniquePages->append(m_links->startAddress(m_settings.startUrl));
-    m_services.pages.expect((*m_uniquePages)[0]);
-    m_services.view.connectionEstablished();
-    return true;
+    m_links = makeLinkRules(m_settings, readRobots());
+    m_result.unreachableReason = m_links->refusal();
+    if (m_result.unreachableReason.empty() || m_terminateScan) {
+      m_uniquePages->append(m_links->startAddress(m_settings.startUrl));
+      m_services.pages.expect((*m_uniquePages)[0]);
+      m_services.view.connectionEstablished();
+      return true;
+    }
+  } else {
+    m_result.unreachableReason = unreachableReason(siteBaseOf(m_settings.startUrl));
   }
   m_result.end = ScanEnd::unreachable;
-  m_result.unreachableReason = unreachableReason(siteBaseURL);
   return false;
 }
 
@@ -132,14 +135,10 @@ bool SiteScanner::httpIsValid(const std::string& url) {
   return false;
 }
 
-/// The rules that count for this scan.
-std::vector<std::string> SiteScanner::readRobots(const std::string& siteBaseURL) {
-  platform::HttpAnswer answer = m_services.client.fetch(
-      {.url = robotsAddress(siteBaseURL), .maxBytes = kRobotsBytes, .overflow = platform::Overflow::truncate},
+platform::HttpAnswer SiteScanner::readRobots() {
+  return m_services.client.fetch(
+      {.url = robotsAddress(m_settings), .maxBytes = kRobotsBytes, .overflow = platform::Overflow::truncate},
       m_stop.get_token());
-  // The text of an error page is no rules file.
-  if (m_settings.ignoreRobots || answer.status > 399) return {};
-  return robotsRules(platform::decodeUtf8(std::move(answer.body)));
 }
 
 /// The site's folder is asked, not the page: its answer tells whether the server is there at all.
@@ -175,7 +174,10 @@ SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
 
 void SiteScanner::usePage(std::string_view url, const FetchedPage& page) {
   const JudgedPage judged = m_links->judgePage(url, page, *m_uniquePages);
-  if (judged.inPlace) queueLink(*judged.inPlace);
+  if (judged.inPlace) {
+    const JudgedLink other = m_links->judge(*judged.inPlace, *m_uniquePages);
+    if (other.reason == LinkReason::none) queueLink(other.address);
+  }
   if (judged.use == JudgedPage::Use::broken) {
     m_result.brokenPages.push_back({std::string(url), page.reason()});
     return countPage(url, page.status, m_result.brokenPages.back().reason);

@@ -82,7 +82,7 @@ class SiteScanner {
   void countPage(std::string_view url, int status, std::string_view brokenReason);
 
   bool httpIsValid(const std::string& url);
-  std::vector<std::string> readRobots(const std::string& siteBaseURL);
+  platform::HttpAnswer readRobots();
   std::string unreachableReason(const std::string& siteBaseURL);
 
   void buildPageTitleSitemap(std::string_view entry, std::string_view plainLink);
