@@ -171,10 +171,10 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   const SignalWatch signals;
   platform::SteadyClock clock;
   platform::CurlHttpClient network("Veskel/" VESKEL_VERSION);
-  crawler::PatientClient client(network, clock);
+  const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
+  crawler::PatientClient client(network, clock, *view);
   crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site),
                                 crawler::readingFor(settings->site));
-  const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
   crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons},
                                *std::move(settings));
   view->setScanner(scanner);

@@ -18,6 +18,7 @@ using Json = nlohmann::ordered_json;
 constexpr std::chrono::milliseconds kRedrawInterval{100};
 constexpr std::size_t kBarWidth = 20;
 constexpr std::size_t kUsualWidth = 80;
+constexpr std::string_view kErasedLine = "\r\x1b[K";
 
 std::size_t terminalWidth() {
   winsize size{};
@@ -71,6 +72,17 @@ std::string_view endName(crawler::ScanEnd end) {
 }  // namespace
 
 void QuietView::write(std::ostream& stream, std::string_view text) {
+  const std::lock_guard lock(m_mutex);
+  if (!m_isOver) put(stream, text);
+}
+
+void QuietView::writeLast(std::ostream& stream, std::string_view text) {
+  const std::lock_guard lock(m_mutex);
+  put(stream, text);
+  m_isOver = true;
+}
+
+void QuietView::put(std::ostream& stream, std::string_view text) {
   errno = 0;
   if (stream << text << std::flush || errno != EPIPE || m_readerIsGone) return;
   m_readerIsGone = true;
@@ -97,7 +109,7 @@ void BarView::scanStarted() {
 
 void BarView::updateScanSheet(const crawler::ScanProgress& progress) {
   const auto now = std::chrono::steady_clock::now();
-  if (now - m_lastDrawn < kRedrawInterval) return;
+  if (now - m_lastDrawn < kRedrawInterval || now < m_waitingUntil.load()) return;
   m_lastDrawn = now;
   draw(bar(progress) + " " + std::to_string(progress.pagesScanned) + " scanned, " +
        std::to_string(progress.pagesLeft()) + " left, " + std::to_string(progress.brokenLinks) + " broken, " +
@@ -115,13 +127,22 @@ void BarView::scanMayNotEnd(const crawler::EndlessHint& hint) {
   QuietView::scanMayNotEnd(hint);
 }
 
+void BarView::waiting(std::chrono::seconds wait) {
+  m_waitingUntil = std::chrono::steady_clock::now() + wait;
+  draw(crawler::waitingText(wait));
+}
+
+void BarView::scanFinished(const crawler::ScanResult&) {
+  writeLast(std::cerr, kErasedLine);
+}
+
 void BarView::draw(const std::string& line) {
   // Back to the start of the line, and what is left of the old one goes.
   write(std::cerr, "\r" + std::string(firstCharacters(line, terminalWidth() - 1)) + "\x1b[K");
 }
 
 void BarView::erase() {
-  write(std::cerr, "\r\x1b[K");
+  write(std::cerr, kErasedLine);
 }
 
 void JsonView::scanStarted() {
@@ -143,6 +164,10 @@ void JsonView::scanMayNotEnd(const crawler::EndlessHint& hint) {
   write(std::cout, lineOf({{"event", "mayNotEnd"}, {"message", hint.text()}, {"filter", hint.filter}}));
 }
 
+void JsonView::waiting(std::chrono::seconds wait) {
+  write(std::cout, lineOf({{"event", "waiting"}, {"seconds", wait.count()}}));
+}
+
 void JsonView::scanFinished(const crawler::ScanResult& result) {
   Json event = {{"event", "finished"},
                 {"end", endName(result.end)},
@@ -161,7 +186,7 @@ void JsonView::scanFinished(const crawler::ScanResult& result) {
   for (const sitemaps::FileProblem& problem : result.problems) {
     event["problems"].push_back({{"file", problem.path.native()}, {"error", problem.result.error}});
   }
-  write(std::cout, lineOf(event));
+  writeLast(std::cout, lineOf(event));
 }
 
 std::unique_ptr<QuietView> makeView(const ScanOptions& options, const std::string& startUrl) {

@@ -1,9 +1,11 @@
 // How a scan shows itself on a terminal: a live line, a line of JSON an event, or nothing.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <iosfwd>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -22,19 +24,25 @@ class QuietView : public crawler::ScanView {
   /// The scanner to answer to; set before the scan starts.
   void setScanner(crawler::SiteScanner& scanner) { m_scanner = &scanner; }
 
-  /// Whether the reader of stdout or stderr went away during the scan.
+  /// Whether the reader of stdout or stderr went away during the scan. To be asked behind it.
   bool readerIsGone() const { return m_readerIsGone; }
 
   bool askAboutLooping() override;
   void scanMayNotEnd(const crawler::EndlessHint& hint) override;
 
  protected:
-  /// Writes the text at once.
+  // Each writes the text at once and whole, on whatever thread. Behind the last one nothing is written any
+  // more.
   void write(std::ostream& stream, std::string_view text);
+  void writeLast(std::ostream& stream, std::string_view text);
 
  private:
+  void put(std::ostream& stream, std::string_view text);
+
   LoopAnswer m_loops;
   crawler::SiteScanner* m_scanner = nullptr;
+  std::mutex m_mutex;  // guards the rest, and the streams
+  bool m_isOver = false;
   bool m_readerIsGone = false;
 };
 
@@ -48,7 +56,8 @@ class BarView : public QuietView {
   void pageVisited(const crawler::VisitedPage& page) override { m_url = page.url; }
   bool askAboutLooping() override;
   void scanMayNotEnd(const crawler::EndlessHint& hint) override;
-  void scanFinished(const crawler::ScanResult&) override { erase(); }
+  void waiting(std::chrono::seconds wait) override;
+  void scanFinished(const crawler::ScanResult&) override;
 
  private:
   void draw(const std::string& line);
@@ -56,9 +65,10 @@ class BarView : public QuietView {
 
   std::string m_url;
   std::chrono::steady_clock::time_point m_lastDrawn;
+  std::atomic<std::chrono::steady_clock::time_point> m_waitingUntil{};  // the line says so until then
 };
 
-/// A JSON object a line on stdout for each event: start, page, broken, finished.
+/// A JSON object a line on stdout for each event: start, page, broken, waiting, finished.
 class JsonView : public QuietView {
  public:
   JsonView(LoopAnswer loops, std::string siteName, std::string startUrl)
@@ -68,6 +78,7 @@ class JsonView : public QuietView {
   void pageVisited(const crawler::VisitedPage& page) override;
   bool askAboutLooping() override;
   void scanMayNotEnd(const crawler::EndlessHint& hint) override;
+  void waiting(std::chrono::seconds wait) override;
   void scanFinished(const crawler::ScanResult& result) override;
 
  private:

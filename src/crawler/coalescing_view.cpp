@@ -28,6 +28,10 @@ void CoalescingView::scanMayNotEnd(const EndlessHint& hint) {
   add([hint](ScanView& view) { view.scanMayNotEnd(hint); });
 }
 
+void CoalescingView::waiting(std::chrono::seconds wait) {
+  add([wait](ScanView& view) { view.waiting(wait); });
+}
+
 /// The result stays where it is until the scanner goes, which is behind this news.
 void CoalescingView::scanFinished(const ScanResult& result) {
   add([&result](ScanView& view) { view.scanFinished(result); });

@@ -19,7 +19,7 @@ class CoalescingView : public QObject, public ScanView {
   /// Another scan begins at this address. On the UI thread, while none runs.
   void restart(std::string_view startUrl) { m_pending.restart(startUrl); }
 
-  // On the scan's thread:
+  // On the scan's threads:
   void scanStarted() override { add(&ScanView::scanStarted); }
   void connectionEstablished() override { add(&ScanView::connectionEstablished); }
   void updateScanSheet(const ScanProgress& progress) override { wake(m_pending.setProgress(progress)); }
@@ -27,6 +27,7 @@ class CoalescingView : public QObject, public ScanView {
   void pageVisited(const VisitedPage& page) override { wake(m_pending.setUrl(page.url)); }
   bool askAboutLooping() override;
   void scanMayNotEnd(const EndlessHint& hint) override;
+  void waiting(std::chrono::seconds wait) override;
   void closingDocuments() override { add(&ScanView::closingDocuments); }
   void scanFinished(const ScanResult& result) override;
 

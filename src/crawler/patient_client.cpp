@@ -78,9 +78,10 @@ bool PatientClient::isToBeRepeated(const HttpAnswer& answer, HttpMethod method, 
   std::unique_lock lock(m_mutex);
   --m_running;
   bool again = false;
+  std::chrono::seconds news{0};
   const bool isFailure = answer.failure != FetchFailure::none;
   if (asksForPatience(answer)) {
-    again = pauseFor(answer, method, repeats);
+    again = pauseFor(answer, method, repeats, news);
   } else if (isFailure) {
     again = mayRecover(answer.failure) && repeats.failed < kFailureRepeats;
   } else {
@@ -89,13 +90,16 @@ bool PatientClient::isToBeRepeated(const HttpAnswer& answer, HttpMethod method, 
   m_hasAnswered = m_hasAnswered || !isFailure;
   lock.unlock();
   m_turn.notify_all();
+  if (news.count() > 0) m_view.waiting(news);
   // Others go on meanwhile: it may be this page alone.
   if (again && isFailure) m_clock.sleepUntil(m_clock.now() + pauseBefore(repeats.failed++), stop);
   return again;
 }
 
-/// Whether the server is left alone, and asked once more behind that.
-bool PatientClient::pauseFor(const HttpAnswer& answer, HttpMethod method, Repeats& repeats) {
+/// Whether the server is left alone, and asked once more behind that. `news` is how long, if that is worth
+/// telling.
+bool PatientClient::pauseFor(const HttpAnswer& answer, HttpMethod method, Repeats& repeats,
+                             std::chrono::seconds& news) {
   int& inVain = m_inVain[method];
   if (inVain == kInVainBelieved) return false;
   m_atOnce = 1;
@@ -106,7 +110,11 @@ bool PatientClient::pauseFor(const HttpAnswer& answer, HttpMethod method, Repeat
   }
   const bool isTold = answer.retryAfter.count() > 0;
   const auto pause = std::min(isTold ? answer.retryAfter : pauseBefore(repeats.busy), kLongestPause);
-  m_pauseEnd = std::max(m_pauseEnd, m_clock.now() + pause);
+  const Time now = m_clock.now();
+  const Time end = now + pause;
+  // Answers that were under way together all say the same.
+  if (m_pauseEnd <= now || end >= m_pauseEnd + std::chrono::seconds(1)) news = pause;
+  m_pauseEnd = std::max(m_pauseEnd, end);
   ++repeats.busy;
   return true;
 }

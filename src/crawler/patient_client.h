@@ -11,6 +11,7 @@
 #include <set>
 #include <stop_token>
 
+#include "crawler/scan_view.h"
 #include "platform/clock.h"
 #include "platform/http_client.h"
 
@@ -36,10 +37,12 @@ inline constexpr std::chrono::seconds kLongestPause{60};
 ///   until something else is answered. GET and HEAD are counted each by itself: some servers refuse every
 ///   HEAD.
 ///
-/// May be used from several threads at once, as the other client is. Both it and the clock are borrowed.
+/// The view is told of every pause that begins or grows by a second. May be used from several threads at
+/// once, as the other client is. All that it works with is borrowed.
 class PatientClient : public platform::HttpClient {
  public:
-  PatientClient(platform::HttpClient& client, platform::Clock& clock) : m_client(client), m_clock(clock) {}
+  PatientClient(platform::HttpClient& client, platform::Clock& clock, ScanView& view)
+      : m_client(client), m_clock(clock), m_view(view) {}
 
   /// A stop also ends every wait at once.
   platform::HttpAnswer fetch(const platform::HttpRequest& request, std::stop_token stop) override;
@@ -58,12 +61,14 @@ class PatientClient : public platform::HttpClient {
   bool waitForTurn(Ticket ticket, const std::stop_token& stop);
   bool isToBeRepeated(const platform::HttpAnswer& answer, platform::HttpMethod method, Repeats& repeats,
                       const std::stop_token& stop);
-  bool pauseFor(const platform::HttpAnswer& answer, platform::HttpMethod method, Repeats& repeats);
+  bool pauseFor(const platform::HttpAnswer& answer, platform::HttpMethod method, Repeats& repeats,
+                std::chrono::seconds& news);
   void noteAnswer(platform::HttpMethod method);
   bool mayRecover(platform::FetchFailure failure) const;
 
   platform::HttpClient& m_client;
   platform::Clock& m_clock;
+  ScanView& m_view;
 
   mutable std::mutex m_mutex;  // guards all below
   std::condition_variable_any m_turn;

@@ -18,7 +18,7 @@ using platform::toQString;
 struct ScanController::Scan {
   Scan(ScanController& owner, ScanSettings settings)
       : network("Veskel/" VESKEL_VERSION),
-        client(network, clock),
+        client(network, clock, owner.m_view),
         pages(client, limitsFor(settings.site), readingFor(settings.site)),
         scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons}, std::move(settings)) {}
 
@@ -73,6 +73,7 @@ void ScanController::scanSiteAction() {
                         .site = stored.settings,
                         .dateStyle = platform::environmentDateStyle()};
   m_view.restart(settings.startUrl);
+  m_waitingUntil = {};
   m_establishConnectionSheet.setText(tr("Connecting to %1").arg(toQString(settings.startUrl)));
   m_scanCustomAlertPanel.showProgress({}, toQString(settings.startUrl));
   m_scan = std::make_unique<Scan>(*this, std::move(settings));
@@ -106,7 +107,8 @@ void ScanController::askToStop(std::function<void()> quit) {
 
 void ScanController::onNews(const ScanNews& news) {
   m_links.append(news.links);
-  m_scanCustomAlertPanel.showProgress(news.progress, toQString(news.url));
+  m_scanCustomAlertPanel.showProgress(news.progress,
+                                      m_waitingUntil.hasExpired() ? toQString(news.url) : m_waitingText);
   for (const ScanEvent& event : news.events) event(*this);
 }
 
@@ -149,6 +151,13 @@ void ScanController::scanMayNotEnd(const EndlessHint& hint) {
     text += tr("\nThe filter \"%1\" keeps such addresses out.").arg(toQString(hint.filter));
   }
   addNotice(text);
+}
+
+void ScanController::waiting(std::chrono::seconds wait) {
+  m_waitingText = toQString(waitingText(wait));
+  m_waitingUntil.setRemainingTime(wait);
+  m_establishConnectionSheet.setText(m_waitingText);
+  m_scanCustomAlertPanel.showText(m_waitingText);
 }
 
 void ScanController::endStartAlert() {

@@ -1,6 +1,7 @@
 // The scan in the window: its button, its sheets, its counts.
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QMainWindow>
 #include <QObject>
 #include <QPointer>
@@ -63,6 +64,7 @@ class ScanController : public QObject, private ScanView {
   void connectionEstablished() override;
   bool askAboutLooping() override;
   void scanMayNotEnd(const EndlessHint& hint) override;
+  void waiting(std::chrono::seconds wait) override;
   void closingDocuments() override { endStartAlert(); }
   void scanFinished(const ScanResult& result) override;
 
@@ -91,6 +93,8 @@ class ScanController : public QObject, private ScanView {
   platform::SheetQueue m_questions;  // above whatever sheet the scan shows
   LinkListModel m_links;
   CoalescingView m_view;
+  QString m_waitingText;  // of the pause that lasts until then
+  QDeadlineTimer m_waitingUntil;
   QStringList m_notices;       // of the last scan
   QString m_settingsProblems;  // what of the site's settings was ignored
   bool m_ignoreRobots = false;

@@ -53,11 +53,12 @@ void WaitingSheet::reject() {
 }
 
 ProgressSheet::ProgressSheet(QWidget* parent)
-    : QDialog(parent), m_url(new QLabel), m_bar(new QProgressBar), m_cancel(new QPushButton(tr("Cancel"))) {
+    : QDialog(parent), m_text(new QLabel), m_bar(new QProgressBar), m_cancel(new QPushButton(tr("Cancel"))) {
   setObjectName(QStringLiteral("scanCustomAlertPanel"));
   setWindowTitle(tr("Scanning"));
   setMinimumWidth(kSheetWidth);
-  m_url->setTextFormat(Qt::PlainText);
+  m_text->setObjectName(QStringLiteral("caText"));
+  m_text->setTextFormat(Qt::PlainText);
   m_bar->setObjectName(QStringLiteral("scanProgressBar"));
   m_bar->setAccessibleName(tr("Progress"));
   m_bar->setTextVisible(false);
@@ -68,7 +69,7 @@ ProgressSheet::ProgressSheet(QWidget* parent)
   m_brokenLinks = addCounter(tr("Broken links"), "caBrokenLinks", grid, 2);
   m_linksFound = addCounter(tr("Links found"), "tlsf", grid, 3);
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(m_url);
+  layout->addWidget(m_text);
   layout->addWidget(m_bar);
   layout->addLayout(grid);
   layout->addLayout(buttonRow(m_cancel));
@@ -87,7 +88,7 @@ QLabel* ProgressSheet::addCounter(const QString& caption, const char* name, QGri
   return value;
 }
 
-void ProgressSheet::showProgress(const ScanProgress& progress, const QString& url) {
+void ProgressSheet::showProgress(const ScanProgress& progress, const QString& text) {
   const QLocale locale;
   m_pagesLeft->setText(locale.toString(progress.pagesLeft()));
   m_pagesScanned->setText(locale.toString(progress.pagesScanned));
@@ -95,9 +96,13 @@ void ProgressSheet::showProgress(const ScanProgress& progress, const QString& ur
   m_linksFound->setText(locale.toString(progress.linksFound));
   m_bar->setMaximum(progress.barMaximum());
   m_bar->setValue(progress.barValue());
-  m_url->setText(fontMetrics().elidedText(url, Qt::ElideMiddle,
-                                          contentsRect().width() - 2 * layout()->contentsMargins().left()));
-  m_url->setToolTip(url);
+  showText(text);
+}
+
+void ProgressSheet::showText(const QString& text) {
+  m_text->setText(fontMetrics().elidedText(text, Qt::ElideMiddle,
+                                           contentsRect().width() - 2 * layout()->contentsMargins().left()));
+  m_text->setToolTip(text);
 }
 
 void ProgressSheet::reset() {

@@ -39,7 +39,9 @@ class ProgressSheet : public QDialog {
  public:
   explicit ProgressSheet(QWidget* parent);
 
-  void showProgress(const ScanProgress& progress, const QString& url);
+  void showProgress(const ScanProgress& progress, const QString& text);
+  /// What happens now: the address of a page, or a sentence.
+  void showText(const QString& text);
   void reset();
   void reject() override;
 
@@ -49,7 +51,7 @@ class ProgressSheet : public QDialog {
  private:
   QLabel* addCounter(const QString& caption, const char* name, QGridLayout* grid, int column);
 
-  QLabel* m_url;
+  QLabel* m_text;
   QProgressBar* m_bar;
   QLabel* m_pagesLeft;
   QLabel* m_pagesScanned;

@@ -13,4 +13,9 @@ std::vector<std::string> LeftOut::sentences() const {
   return sentences;
 }
 
+std::string waitingText(std::chrono::seconds wait) {
+  const std::string count = std::to_string(wait.count());
+  return "Waiting: the server asks for patience, " + count + (wait.count() == 1 ? " second" : " seconds");
+}
+
 }  // namespace crawler

@@ -1,6 +1,7 @@
 // How a scan shows itself to the user.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -76,8 +77,8 @@ struct ScanResult {
 };
 
 /// Told how a scan goes, in this order. A listener overrides what it wants to hear. Called on the scan's
-/// thread, unless it listens by way of another view; returns at once, whatever it does with the news. Views
-/// into texts are valid during the call.
+/// thread, unless it listens by way of another view or the call says otherwise; returns at once, whatever it
+/// does with the news. Views into texts are valid during the call.
 class ScanView {
  public:
   virtual ~ScanView() = default;
@@ -105,12 +106,19 @@ class ScanView {
   /// The site seems to have no end. Told once, as a notice that interrupts nothing.
   virtual void scanMayNotEnd(const EndlessHint&) {}
 
+  /// The server asks for patience: for so long it is left alone. Told by the threads that fetch, whatever
+  /// else is being told, and by those that are about to end also behind scanFinished().
+  virtual void waiting(std::chrono::seconds) {}
+
   /// The crawl is over, and the documents are about to be closed.
   virtual void closingDocuments() {}
 
   /// Once and last, however the scan ended.
   virtual void scanFinished(const ScanResult&) {}
 };
+
+/// "Waiting: the server asks for patience, 8 seconds"
+std::string waitingText(std::chrono::seconds wait);
 
 /// The texts of the two alerts, the same in every view.
 inline constexpr std::string_view kUnreachableTitle = "The Site URL Could Not Be Reached";

@@ -35,6 +35,14 @@ class Server : public platform::HttpClient {
   std::function<HttpAnswer(const HttpRequest&)> m_answer;
 };
 
+/// What a view is told.
+class Ear : public ScanView {
+ public:
+  std::vector<std::chrono::seconds> heard;
+
+  void waiting(std::chrono::seconds wait) override { heard.push_back(wait); }
+};
+
 const HttpAnswer kGood = {.status = 200};
 const HttpAnswer kBusy = {.status = 503};
 const HttpAnswer kClosed = {.failure = FetchFailure::connectionClosed};
@@ -70,7 +78,8 @@ TEST(PatientClient, RepeatsWhatMayDoBetterLater) {
     return answer;
   });
   SkippedTime time;
-  PatientClient client(server, time);
+  Ear ear;
+  PatientClient client(server, time, ear);
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     answers = c.answers;
@@ -80,6 +89,8 @@ TEST(PatientClient, RepeatsWhatMayDoBetterLater) {
     EXPECT_EQ(answers.size(), 0u);
     EXPECT_EQ(time.takeSlept(), c.waits);
   }
+  // Of the pauses, and of no other waits.
+  EXPECT_THAT(ear.heard, testing::ElementsAre(1s, 2s, 4s, 8s, 7s, 2s, 60s, 1s, 2s, 4s, 8s));
 }
 
 TEST(PatientClient, LosesItsPatienceWithAServerThatIsAlwaysBusy) {
@@ -90,7 +101,8 @@ TEST(PatientClient, LosesItsPatienceWithAServerThatIsAlwaysBusy) {
     return request.method == HttpMethod::get && isWell ? kGood : kBusy;
   });
   SkippedTime time;
-  PatientClient client(server, time);
+  ScanView view;
+  PatientClient client(server, time, view);
   const auto timesAsked = [&](HttpMethod method) {
     asked = 0;
     static_cast<void>(client.fetch({.url = {}, .method = method}, {}));
@@ -122,7 +134,8 @@ TEST(PatientClient, GetsEveryAnswerOfAServerThatCountsRequests) {
     ++answered;
     return kGood;
   });
-  PatientClient client(server, time);
+  ScanView view;
+  PatientClient client(server, time, view);
   std::vector<std::jthread> threads;
   for (int i = 0; i < 16; ++i) {
     threads.emplace_back([&] {
@@ -159,7 +172,8 @@ TEST(PatientClient, KeepsTheTurnOfWhatItRepeats) {
     time.isUnfair = true;
     return kBusy;
   });
-  PatientClient patient(server, time);
+  ScanView view;
+  PatientClient patient(server, time, view);
   client = &patient;
   for (const char* url : {"first", "second"}) static_cast<void>(client->fetch({.url = url}, {}));
   others.clear();
@@ -184,7 +198,8 @@ TEST(PatientClient, EndsItsWaitsAtAStop) {
     std::atomic<int> asked = 0;
     Server server([&](const HttpRequest&) { return ++asked == 1 ? first : kGood; });
     EndlessClock clock;
-    PatientClient client(server, clock);
+    ScanView view;
+    PatientClient client(server, clock, view);
     std::stop_source stop;
     const auto fetch = [&] { EXPECT_EQ(client.fetch({}, stop.get_token()).failure, FetchFailure::stopped); };
     std::jthread waiting(fetch);

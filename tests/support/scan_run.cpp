@@ -26,7 +26,7 @@ ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()) {
 crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&)>& whenRunning) {
   platform::CurlHttpClient network("Veskel/test", httpLimits);
   platform::SteadyClock steady;
-  crawler::PatientClient patient(network, clock != nullptr ? *clock : steady);
+  crawler::PatientClient patient(network, clock != nullptr ? *clock : steady, view);
   platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;
   crawler::ReadAheadPages pages(client, limits, crawler::readingFor(settings.site));
   crawler::SiteScanner scanner({m_controls, client, pages, view}, settings);

@@ -51,6 +51,7 @@ std::string SiteServer::answer(const RawRequest& request) {
   };
   add("Last-Modified", page.lastModified);
   add("Location", page.location);
+  add("Retry-After", page.retryAfter);
   add("Content-Type", page.contentType);
   return rawAnswer(std::to_string(page.status) + " ", headers, page.body);
 }

@@ -17,6 +17,7 @@ struct ServedPage {
   int status = 200;
   std::string lastModified = {};  // empty: no such header
   std::string location = {};      // for redirects
+  std::string retryAfter = {};    // empty: no such header
 };
 
 /// Serves the pages it was given, by the request's target with its query; all else is 404. Runs until

@@ -121,6 +121,22 @@ class ScanWindowTest : public QObject {
     }
   }
 
+  void tellsThatItWaits() {
+    SiteServer::Pages pages = smallSite();
+    pages["/b.html"] = {.status = 503, .retryAfter = "60"};
+    const SiteServer server(pages);
+    Desk desk;
+    desk.openShop(server.url());
+    QVERIFY(desk.click("scanSiteButton"));
+    QDialog* sheet = sheetNamed(kProgress);
+    QVERIFY(sheet);
+    const auto& text = platform::control<QLabel>(*sheet, "caText");
+    QVERIFY(comesTrue([&] {
+      return text.toolTip() == QLatin1String("Waiting: the server asks for patience, 60 seconds");
+    }));
+    QVERIFY(dismiss(sheet) && scanHasEnded(desk));
+  }
+
   void asksAboutLooping() {
     const SiteServer server({{"/", page("Start", {kLoop, "b.html"})}, {"/b.html", page("B", {})}});
     Desk desk;
