@@ -181,6 +181,7 @@ class ScanWindowTest : public QObject {
     QDialog* sheet = sheetNamed(QStringLiteral("scanSettingsSheet"));
     QVERIFY(sheet);
     auto& pages = platform::control<QSpinBox>(*sheet, "max-pages");
+    pages.selectAll();
     QTest::keyClicks(&pages, QStringLiteral("2"));
     // Meanwhile another program changes what is not touched here, and scans.
     const auto file = store::settingsFile(desk.stateFolder, "Shop");
