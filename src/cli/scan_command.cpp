@@ -109,6 +109,8 @@ void printSummary(const CliContext& context, const crawler::ScanResult& result, 
   printCounts(result, seconds);
   printBroken(result.brokenPages);
   if (result.documentsClosed) printFiles(context.controls.siteFolder(result.siteName), result.problems);
+  const std::string leftOut = result.leftOut.sentence();
+  if (!leftOut.empty()) std::cout << printable(leftOut) << '\n';
 }
 
 void printProblems(const crawler::ScanResult& result) {
@@ -151,7 +153,6 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
     printSummary(context, result, seconds);
   }
   if (!result.failure.empty()) printError("The scan failed: " + printable(result.failure));
-  for (const std::string& sentence : result.leftOut.sentences()) printWarning(sentence);
   printProblems(result);
   if (!result.reasons.ok()) {
     printWarning("The reasons of the broken pages could not be kept: " + printable(result.reasons.error));

@@ -9,6 +9,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "cli/left_out_output.h"
+
 namespace cli {
 
 namespace {
@@ -169,6 +171,11 @@ void JsonView::waiting(std::chrono::seconds wait) {
 }
 
 void JsonView::scanFinished(const crawler::ScanResult& result) {
+  for (const crawler::LeftOutGroup& group : result.leftOut.groups) {
+    Json event = {{"event", "leftOut"}};
+    event.update(leftOutJson(group));
+    write(std::cout, lineOf(event));
+  }
   Json event = {{"event", "finished"},
                 {"end", endName(result.end)},
                 {"pagesFound", result.statistics.pagesFound},
@@ -179,10 +186,6 @@ void JsonView::scanFinished(const crawler::ScanResult& result) {
                 {"seconds", std::round(secondsSince(m_started) * 1000) / 1000}};
   if (!result.unreachableReason.empty()) event["errorCode"] = result.unreachableReason;
   if (!result.failure.empty()) event["error"] = result.failure;
-  const crawler::LeftOut& leftOut = result.leftOut;
-  if (leftOut.longLinks > 0) event["leftOut"]["longLinks"] = leftOut.longLinks;
-  if (leftOut.surplusLinks > 0) event["leftOut"]["surplusLinks"] = leftOut.surplusLinks;
-  if (leftOut.surplusPages > 0) event["leftOut"]["surplusPages"] = leftOut.surplusPages;
   for (const sitemaps::FileProblem& problem : result.problems) {
     event["problems"].push_back({{"file", problem.path.native()}, {"error", problem.result.error}});
   }

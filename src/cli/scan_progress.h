@@ -68,7 +68,8 @@ class BarView : public QuietView {
   std::atomic<std::chrono::steady_clock::time_point> m_waitingUntil{};  // the line says so until then
 };
 
-/// A JSON object a line on stdout for each event: start, page, broken, waiting, finished.
+/// A JSON object a line on stdout for each event: start, page, broken, waiting, looping, mayNotEnd, leftOut
+/// (one a reason, just before the last), finished.
 class JsonView : public QuietView {
  public:
   JsonView(LoopAnswer loops, std::string siteName, std::string startUrl)

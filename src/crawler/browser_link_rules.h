@@ -40,6 +40,7 @@ class BrowserLinkRules : public LinkRules {
   void enterPage(std::string_view url, const PageContents& contents) override;
   std::optional<std::string> makeAbsolute(std::string_view href) const override;
   JudgedLink judge(std::string link, const PageQueue& known) const override;
+  std::string_view robotsRule(std::size_t which) const override { return m_robots.rules[which].text; }
   std::optional<std::string_view> keyOfNewPage(std::string_view link, const PageQueue& known) const override;
 
  private:

@@ -18,16 +18,20 @@ namespace crawler {
 /// first that applies.
 enum class LinkReason {
   none,  // a page of the site: listed and followed
-  // Outside of the site: listed only.
+  // Listed only; the first three lie outside of the site:
   otherHost,
   otherPort,
-  aboveStart,  // on the site's host, but not in the start's folder
+  aboveStart,   // on the site's host, but not in the start's folder
+  notFollowed,  // a page of the site; the page that it stands on asks not to follow it
   // Neither listed nor followed:
   empty,               // leads nowhere
   foreignExtension,    // no page's
   folderOfKnownIndex,  // its index page is known already
   filter,              // a filter stands in it
   robots,              // robots.txt forbids it
+  tooLong,             // longer than an address may be
+  surplusLink,         // its page holds more than one page's entries may take
+  surplusPage,         // listed, but there was no room for a further page
   // Of pages that were fetched:
   otherType,           // no page
   redirected,          // to another page of the site, which counts in its place
@@ -36,6 +40,8 @@ enum class LinkReason {
   noIndex,             // it wishes to be left out
   canonicalElsewhere,  // it names another page of the site as the one that counts
 };
+
+inline constexpr std::size_t kLinkReasons = static_cast<std::size_t>(LinkReason::canonicalElsewhere) + 1;
 
 struct JudgedLink {
   std::string address;  // as it is listed, and visited if it is a page of the site
@@ -83,6 +89,9 @@ class LinkRules {
 
   /// What becomes of a link that was made absolute.
   virtual JudgedLink judge(std::string link, const PageQueue& known) const = 0;
+
+  /// The robots rule of this index, as the site wrote it.
+  virtual std::string_view robotsRule(std::size_t which) const = 0;
 
   /// The address under which the page that a judged link leads to has to be queued; nothing when the page is
   /// known already, in this spelling or another.

@@ -236,12 +236,16 @@ void ScanController::tellEnd(const ScanResult& result) {
   if (!unwritten.isEmpty()) {
     m_sheets.alert(tr("Not everything could be written."), unwritten.join(QLatin1Char('\n')));
   }
-  for (const std::string& leftOut : result.leftOut.sentences()) addNotice(toQString(leftOut));
   if (!result.reasons.ok()) {
     sentence +=
         tr(". The reasons of the broken pages could not be kept: %1").arg(toQString(result.reasons.error));
   }
   if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
+  if (result.leftOut.mayMissPages()) {
+    const QString leftOut = toQString(result.leftOut.sentence());
+    addNotice(leftOut);
+    sentence += tr(". %1").arg(leftOut);
+  }
   emit report(sentence);
 }
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "crawler/left_out.h"
 #include "crawler/page_queue.h"
 #include "crawler/repeat_watch.h"
 #include "sitemaps/site_documents.h"
@@ -43,16 +43,6 @@ enum class ScanEnd {
   unreachable,  // the start address did not answer with a page
   busy,         // another scan of the same site is running; nothing was touched
   unwritable,   // the documents could not be started, or the folder not be locked
-};
-
-/// What was too much for the scan's bounds.
-struct LeftOut {
-  std::int64_t longLinks = 0;     // longer than an address may be
-  std::int64_t surplusLinks = 0;  // of pages whose entries were too many
-  std::int64_t surplusPages = 0;  // links to pages for which the queue had no room: listed, but not followed
-
-  /// A sentence for each of the three that is not zero, ended by a full stop.
-  std::vector<std::string> sentences() const;
 };
 
 /// All that a scan leaves behind, handed over when it ends.

@@ -208,6 +208,7 @@ SimpleLinkRules::SimpleLinkRules(std::string_view startUrl, const std::vector<st
       m_base{.siteBaseURL = siteBaseOf(startUrl), .pageBaseURL = {}, .pageBaseURLUnchanged = {}},
       m_comparableBase(comparablePart(m_base.siteBaseURL)),
       m_filterCount(filters.size()),
+      m_robotsRules(robotsRules),
       m_exclusions(joined(filters, robotsRules)),
       m_maxBytes(maxBytes) {}
 

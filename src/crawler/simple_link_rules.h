@@ -77,6 +77,7 @@ class SimpleLinkRules : public LinkRules {
   void enterPage(std::string_view url, const PageContents& contents) override;
   std::optional<std::string> makeAbsolute(std::string_view href) const override;
   JudgedLink judge(std::string link, const PageQueue& known) const override;
+  std::string_view robotsRule(std::size_t which) const override { return m_robotsRules[which]; }
   std::optional<std::string_view> keyOfNewPage(std::string_view link, const PageQueue& known) const override;
 
  private:
@@ -86,6 +87,7 @@ class SimpleLinkRules : public LinkRules {
   std::string m_pageRoot;        // of the page in hand: what links from the root start with
   std::string m_comparableBase;  // what a link of the site begins with, as isInternal() compares
   std::size_t m_filterCount;
+  std::vector<std::string> m_robotsRules;
   Exclusions m_exclusions;  // filters first, then robots rules
   std::size_t m_maxBytes;
 };

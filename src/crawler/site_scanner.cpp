@@ -174,9 +174,10 @@ SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
 
 void SiteScanner::usePage(std::string_view url, const FetchedPage& page) {
   const JudgedPage judged = m_links->judgePage(url, page, *m_uniquePages);
+  m_pageUrl = judged.address;
   if (judged.inPlace) {
     const JudgedLink other = m_links->judge(*judged.inPlace, *m_uniquePages);
-    if (other.reason == LinkReason::none) queueLink(other.address);
+    followLink(other, other.address);
   }
   if (judged.use == JudgedPage::Use::broken) {
     m_result.brokenPages.push_back({std::string(url), page.reason()});
@@ -187,6 +188,7 @@ void SiteScanner::usePage(std::string_view url, const FetchedPage& page) {
     listPage(judged.address, page);
   } else {
     ++m_pagesLeftOut;
+    m_leftOut.count(judged.reason, url, {});
     if (judged.use == JudgedPage::Use::followed) followLinks(page.contents);
   }
   countPage(url, page.status, {});
@@ -230,36 +232,60 @@ void SiteScanner::finishPage() {
 void SiteScanner::followLinks(const PageContents& contents) {
   for (const Anchor& anchor : contents.anchors) {
     if (m_terminateScan) break;
-    if (!anchor.href || !anchor.isFollowed) continue;
+    if (!anchor.href) continue;
     std::optional<std::string> absolute = m_links->makeAbsolute(*anchor.href);
     if (!absolute) {
-      ++m_result.leftOut.longLinks;
+      leaveOut(LinkReason::tooLong, *anchor.href);
       continue;
     }
-    const JudgedLink link = m_links->judge(*std::move(absolute), *m_uniquePages);
-    if (link.reason == LinkReason::none) queueLink(link.address);
+    const JudgedLink link = judge(anchor, *std::move(absolute));
+    followLink(link, link.address);
   }
 }
 
 void SiteScanner::examineAnchor(const Anchor& anchor) {
   if (!anchor.href) return;
-  std::optional<std::string> absolute;
-  if (!m_pageFull) absolute = m_links->makeAbsolute(*anchor.href);
-  if (!absolute) {
-    ++(m_pageFull ? m_result.leftOut.surplusLinks : m_result.leftOut.longLinks);
-    return;
-  }
+  if (m_pageFull) return leaveOut(LinkReason::surplusLink, *anchor.href);
+  std::optional<std::string> absolute = m_links->makeAbsolute(*anchor.href);
+  if (!absolute) return leaveOut(LinkReason::tooLong, *anchor.href);
   m_services.view.updateScanLinksList(*absolute);
-  JudgedLink link = m_links->judge(*std::move(absolute), *m_uniquePages);
-  if (!link.isListed()) return;
-  const bool isFollowed = anchor.isFollowed && link.reason == LinkReason::none;
-  if (!anchor.isListed) return isFollowed ? queueLink(link.address) : void();
-  const auto [place, isNew] = m_pageInnerLinks.insert(std::move(link.address));
-  if (isNew && !listLink(*place, anchor.title)) {
-    m_pageInnerLinks.erase(place);
-    return;
+  JudgedLink link = judge(anchor, *std::move(absolute));
+  std::string_view address = link.address;
+  if (anchor.isListed && link.isListed()) {
+    const auto [place, isNew] = m_pageInnerLinks.insert(std::move(link.address));
+    if (isNew && !listLink(*place, anchor.title)) {
+      leaveOut(LinkReason::surplusLink, *place);
+      m_pageInnerLinks.erase(place);
+      return;
+    }
+    address = *place;
   }
-  if (isFollowed) queueLink(*place);
+  followLink(link, address);
+}
+
+JudgedLink SiteScanner::judge(const Anchor& anchor, std::string absolute) const {
+  JudgedLink link = m_links->judge(std::move(absolute), *m_uniquePages);
+  if (!anchor.isFollowed && link.reason == LinkReason::none) link.reason = LinkReason::notFollowed;
+  return link;
+}
+
+/// `address` is the link's, wherever it has gone.
+void SiteScanner::followLink(const JudgedLink& link, std::string_view address) {
+  switch (link.reason) {
+    case LinkReason::none:
+      return queueLink(address);
+    case LinkReason::filter:
+      return leaveOut(link.reason, address, link.which, m_settings.filters[link.which]);
+    case LinkReason::robots:
+      return leaveOut(link.reason, address, link.which, m_links->robotsRule(link.which));
+    default:
+      return leaveOut(link.reason, address);
+  }
+}
+
+void SiteScanner::leaveOut(LinkReason reason, std::string_view link, std::size_t which,
+                           std::string_view name) {
+  m_leftOut.count(reason, link, m_pageUrl, which, name);
 }
 
 /// False when the page in hand takes no more links.
@@ -267,10 +293,7 @@ bool SiteScanner::listLink(std::string_view link, std::string_view title) {
   const std::size_t before = m_fullPageData.size();
   sitemaps::appendLinkEntry(m_fullPageData, link, m_totLinks, title);
   m_pageFull = m_fullPageData.size() > m_settings.bounds.pageEntries;
-  if (m_pageFull) {
-    m_fullPageData.resize(before);
-    ++m_result.leftOut.surplusLinks;
-  }
+  if (m_pageFull) m_fullPageData.resize(before);
   return !m_pageFull;
 }
 
@@ -278,7 +301,7 @@ void SiteScanner::queueLink(std::string_view link) {
   const std::optional<std::string_view> page = m_links->keyOfNewPage(link, *m_uniquePages);
   if (!page) return;
   if (m_uniquePages->append(*page) == Queued::noRoom) {
-    ++m_result.leftOut.surplusPages;
+    leaveOut(LinkReason::surplusPage, link);
   } else {
     m_services.pages.expect((*m_uniquePages)[m_uniquePages->size() - 1]);
   }
@@ -340,6 +363,7 @@ void SiteScanner::updateAllScanDetails() {
     note(m_services.controls.returnFullFileLocation(site),
          sitemaps::writeStatistics(m_services.controls, site, m_result.statistics));
   });
+  attempt([&] { m_result.leftOut = m_leftOut.result(); });
   // Reasons are a convenience beside the documents: that they could not be kept is told, but is no fault of
   // the scan.
   attempt([&] {

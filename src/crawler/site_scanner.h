@@ -12,6 +12,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "crawler/left_out.h"
 #include "crawler/link_rules.h"
 #include "crawler/page_queue.h"
 #include "crawler/page_source.h"
@@ -79,6 +80,9 @@ class SiteScanner {
   void examineAnchor(const Anchor& anchor);
   bool listLink(std::string_view link, std::string_view title);
   void queueLink(std::string_view link);
+  JudgedLink judge(const Anchor& anchor, std::string absolute) const;
+  void followLink(const JudgedLink& link, std::string_view address);
+  void leaveOut(LinkReason reason, std::string_view link, std::size_t which = 0, std::string_view name = {});
   void countPage(std::string_view url, int status, std::string_view brokenReason);
 
   bool httpIsValid(const std::string& url);
@@ -101,9 +105,11 @@ class SiteScanner {
   // The crawl's own, touched by its thread alone.
   std::shared_ptr<PageQueue> m_uniquePages;
   std::unique_ptr<LinkRules> m_links;
+  LeftOutCounter m_leftOut;
   RepeatWatch m_repeats;
   std::unordered_set<std::string> m_pageInnerLinks;  // links listed for the page in hand
   std::string m_fullPageData;  // its entry and those of its links; kept over a page without content
+  std::string_view m_pageUrl;  // of the page in hand, as judged
   bool m_pageFull = false;     // it takes no more links
   bool m_pageInHand = false;   // it has its place in the documents, and is not counted yet
   int m_ssf = 0;               // pages handled: good, broken or skipped
