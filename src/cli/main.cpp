@@ -66,6 +66,17 @@ CLI::Option* addTexts(CLI::App* command, const std::string& flag, const std::str
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
+/// What stands for a setting's value in the help.
+constexpr const char* valueName(const store::WholeNumber&) {
+  return "N";
+}
+constexpr const char* valueName(const store::Seconds&) {
+  return "SECONDS";
+}
+constexpr const char* valueName(const store::Choice&) {
+  return "NAME";
+}
+
 /// Options of a command for all settings of a site; gives those that were used.
 std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
   std::vector<std::pair<const store::SettingField*, const CLI::Option*>> options;
@@ -74,11 +85,11 @@ std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
       store::SiteSettings settings;
       return field.setText(settings, text) ? "" : "It has to be " + field.allowed();
     };
-    const bool isNumber = std::holds_alternative<store::WholeNumber>(field.value);
+    const char* name = std::visit([](const auto& kind) { return valueName(kind); }, field.value);
     const std::string help = std::string(field.help) + ": " + field.allowed() + " [" + field.text({}) + "]";
-    options.emplace_back(&field,
-                         addText(command, "--" + std::string(field.key), isNumber ? "N" : "NAME", help)
-                             ->check(CLI::Validator(check, "")));
+    options.emplace_back(
+        &field,
+        addText(command, "--" + std::string(field.key), name, help)->check(CLI::Validator(check, "")));
   }
   return [options = std::move(options)] {
     cli::GivenSettings given;

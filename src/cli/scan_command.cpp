@@ -173,7 +173,7 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   platform::SteadyClock clock;
   platform::CurlHttpClient network("Veskel/" VESKEL_VERSION);
   const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
-  crawler::PatientClient client(network, clock, *view);
+  crawler::PatientClient client(network, clock, *view, settings->site.delay);
   crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site),
                                 crawler::readingFor(settings->site));
   crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons},

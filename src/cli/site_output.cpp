@@ -65,8 +65,8 @@ Json detailsJson(const std::string& name, const store::SiteDetails& details) {
 Json settingsJson(const store::SiteSettings& settings) {
   Json json = Json::object();
   for (const store::SettingField& field : store::kSiteSettings) {
-    const auto* number = std::get_if<store::WholeNumber>(&field.value);
-    json[std::string(field.key)] = number ? Json(settings.*number->member) : Json(field.text(settings));
+    const bool isName = std::holds_alternative<store::Choice>(field.value);
+    json[std::string(field.key)] = isName ? Json(field.text(settings)) : Json::parse(field.text(settings));
   }
   return json;
 }

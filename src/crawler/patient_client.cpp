@@ -56,7 +56,7 @@ bool PatientClient::waitForTurn(Ticket ticket, const std::stop_token& stop) {
   const auto isNext = [&] { return m_waiting.begin() == place && m_running < m_atOnce; };
   bool mayGo = false;
   while (m_turn.wait(lock, stop, isNext) && !stop.stop_requested()) {
-    const Time start = m_pauseEnd;
+    const Time start = std::max(m_pauseEnd, m_delayEnd);
     mayGo = m_clock.now() >= start;
     if (mayGo) break;
     lock.unlock();
@@ -64,7 +64,10 @@ bool PatientClient::waitForTurn(Ticket ticket, const std::stop_token& stop) {
     lock.lock();
   }
   m_waiting.erase(place);
-  if (mayGo) ++m_running;
+  if (mayGo) {
+    ++m_running;
+    m_delayEnd = m_clock.now() + m_delay;
+  }
   const bool othersWait = !m_waiting.empty();
   lock.unlock();
   if (othersWait) m_turn.notify_all();

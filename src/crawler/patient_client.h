@@ -37,12 +37,16 @@ inline constexpr std::chrono::seconds kLongestPause{60};
 ///   until something else is answered. GET and HEAD are counted each by itself: some servers refuse every
 ///   HEAD.
 ///
+/// Between the starts of two requests passes at least the `delay`. A redirect belongs to the request that led
+/// to it.
+///
 /// The view is told of every pause that begins or grows by a second. May be used from several threads at
 /// once, as the other client is. All that it works with is borrowed.
 class PatientClient : public platform::HttpClient {
  public:
-  PatientClient(platform::HttpClient& client, platform::Clock& clock, ScanView& view)
-      : m_client(client), m_clock(clock), m_view(view) {}
+  PatientClient(platform::HttpClient& client, platform::Clock& clock, ScanView& view,
+                std::chrono::milliseconds delay = {})
+      : m_client(client), m_clock(clock), m_view(view), m_delay(delay) {}
 
   /// A stop also ends every wait at once.
   platform::HttpAnswer fetch(const platform::HttpRequest& request, std::stop_token stop) override;
@@ -69,6 +73,7 @@ class PatientClient : public platform::HttpClient {
   platform::HttpClient& m_client;
   platform::Clock& m_clock;
   ScanView& m_view;
+  const std::chrono::milliseconds m_delay;
 
   mutable std::mutex m_mutex;  // guards all below
   std::condition_variable_any m_turn;
@@ -78,6 +83,7 @@ class PatientClient : public platform::HttpClient {
   int m_atOnce = std::numeric_limits<int>::max();  // so many may run
   int m_inARow = 0;                                // answered since that last changed
   Time m_pauseEnd;                                 // nothing is asked before
+  Time m_delayEnd;                                 // nor before that
   std::map<platform::HttpMethod, int> m_inVain;    // requests in a row that patience did not help
   bool m_hasAnswered = false;                      // whatever it was
 };

@@ -18,7 +18,7 @@ using platform::toQString;
 struct ScanController::Scan {
   Scan(ScanController& owner, ScanSettings settings)
       : network("Veskel/" VESKEL_VERSION),
-        client(network, clock, owner.m_view),
+        client(network, clock, owner.m_view, settings.site.delay),
         pages(client, limitsFor(settings.site), readingFor(settings.site)),
         scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons}, std::move(settings)) {}
 

@@ -2,11 +2,14 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
+#include <chrono>
+#include <cmath>
 #include <cstddef>
 
 #include "platform/qt_text.h"
@@ -65,6 +68,23 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::WholeNumb
   const auto member = number.member;
   return {box, [=](const store::SiteSettings& settings) { box->setValue(settings.*member); },
           [=](store::SiteSettings& settings) { settings.*member = box->value(); }};
+}
+
+ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::Seconds& seconds) {
+  auto* box = new QDoubleSpinBox;
+  box->setDecimals(3);  // else it would round what the command line has set
+  box->setRange(0, static_cast<double>(seconds.most.count()));
+  box->setSingleStep(0.5);
+  box->setSuffix(tr(" s"));
+  box->setSpecialValueText(toQString(seconds.noneMeans));
+  const auto member = seconds.member;
+  return {box,
+          [=](const store::SiteSettings& settings) {
+            box->setValue(std::chrono::duration<double>(settings.*member).count());
+          },
+          [=](store::SiteSettings& settings) {
+            settings.*member = std::chrono::milliseconds(std::llround(box->value() * 1000));
+          }};
 }
 
 ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::Choice& choice) {

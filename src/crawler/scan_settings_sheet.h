@@ -34,6 +34,7 @@ class ScanSettingsSheet : public QDialog {
   };
 
   Control makeControl(const store::WholeNumber& number);
+  Control makeControl(const store::Seconds& seconds);
   Control makeControl(const store::Choice& choice);
   void addRow(QFormLayout& form, const store::SettingField& field);
 

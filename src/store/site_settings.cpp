@@ -1,7 +1,9 @@
 #include "store/site_settings.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cmath>
 #include <system_error>
 
 #include "platform/ascii.h"
@@ -22,6 +24,12 @@ std::string textOf(const WholeNumber& number, const SiteSettings& settings) {
   return std::to_string(settings.*number.member);
 }
 
+std::string textOf(const Seconds& seconds, const SiteSettings& settings) {
+  std::array<char, 32> text;
+  const double value = std::chrono::duration<double>(settings.*seconds.member).count();
+  return {text.data(), std::to_chars(text.begin(), text.end(), value, std::chars_format::fixed).ptr};
+}
+
 std::string textOf(const Choice& choice, const SiteSettings& settings) {
   return std::string(choice.options[choice.get(settings)].name);
 }
@@ -32,6 +40,19 @@ bool setFrom(const WholeNumber& number, SiteSettings& settings, std::string_view
   if (error != std::errc() || end != text.data() + text.size()) return false;
   if (value < number.least || value > number.most) return false;
   settings.*number.member = value;
+  return true;
+}
+
+/// Whatever the locale says, the decimals stand behind a point.
+bool setFrom(const Seconds& seconds, SiteSettings& settings, std::string_view text) {
+  double value = 0;
+  const auto [end, error] =
+      std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  if (error != std::errc() || end != text.data() + text.size()) return false;
+  const double milliseconds = value * 1000;
+  // No number is no time either.
+  if (!(milliseconds >= 0 && value <= static_cast<double>(seconds.most.count()))) return false;
+  settings.*seconds.member = std::chrono::milliseconds(std::llround(milliseconds));
   return true;
 }
 
@@ -48,6 +69,10 @@ std::string allowedBy(const WholeNumber& number) {
   if (!number.leastMeans.empty()) text.append(" (").append(number.leastMeans).append(")");
   if (number.most == std::numeric_limits<int>::max()) return text + " or more";
   return text + " to " + std::to_string(number.most);
+}
+
+std::string allowedBy(const Seconds& seconds) {
+  return "0 (" + std::string(seconds.noneMeans) + ") to " + std::to_string(seconds.most.count()) + " seconds";
 }
 
 std::string allowedBy(const Choice& choice) {

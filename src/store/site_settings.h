@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <functional>
@@ -32,8 +33,9 @@ enum class LinkStyle {
 /// A value, with the defaults of a new site.
 struct SiteSettings {
   LinkStyle links = LinkStyle::simple;
-  int maxPages = 0;     // a scan stops as if cancelled after so many; 0: no limit
-  int connections = 6;  // pages fetched at the same time
+  int maxPages = 0;                    // a scan stops as if cancelled after so many; 0: no limit
+  int connections = 6;                 // pages fetched at the same time
+  std::chrono::milliseconds delay{0};  // at least so long between the starts of two requests
 
   bool operator==(const SiteSettings&) const = default;
 };
@@ -44,6 +46,13 @@ struct WholeNumber {
   int least = 0;
   int most = std::numeric_limits<int>::max();
   std::string_view leastMeans = {};  // "no limit", where the least number is no number at all
+};
+
+/// A setting that is a time from nothing to `most`: in seconds, with up to three decimals.
+struct Seconds {
+  std::chrono::milliseconds SiteSettings::*member;
+  std::chrono::seconds most;
+  std::string_view noneMeans = {};  // "no delay"
 };
 
 /// A setting that is one of several, known by their names.
@@ -72,13 +81,13 @@ struct SettingField {
   std::string_view key;      // in the file; "--" and it is the option of the command line
   std::string_view caption;  // in the window, "&" before the letter of its key
   std::string_view help;     // a sentence without its full stop
-  std::variant<WholeNumber, Choice> value;
+  std::variant<WholeNumber, Seconds, Choice> value;
 
   /// The value as text, as in the file.
   std::string text(const SiteSettings& settings) const;
   /// Takes the value from such a text. False, and nothing changed, for one that is not allowed.
   [[nodiscard]] bool setText(SiteSettings& settings, std::string_view text) const;
-  /// "1 to 64", "0 (no limit) or more", "simple or browser".
+  /// "1 to 64", "0 (no limit) or more", "0 (no delay) to 60 seconds", "simple or browser".
   std::string allowed() const;
 };
 
@@ -99,6 +108,12 @@ inline constexpr std::array kSiteSettings = {
                  .caption = "&Connections",
                  .help = "So many pages are fetched at the same time",
                  .value = WholeNumber{.member = &SiteSettings::connections, .least = 1, .most = 64}},
+    SettingField{.key = "delay",
+                 .caption = "&Delay",
+                 .help = "Between the starts of two requests passes at least so long",
+                 .value = Seconds{.member = &SiteSettings::delay,
+                                  .most = std::chrono::seconds(60),
+                                  .noneMeans = "no delay"}},
 };
 
 /// What differs from the defaults, as options of the command line: "--max-pages 50 --connections 2".

@@ -109,12 +109,12 @@ TEST_F(SiteCommands, SettingsCountUntilAScanIsToldOtherwise) {
   const support::SiteServer server(
       {{"/", {"<a href='a.html'>A</a><a href='b.html'>B</a>"}}, {"/a.html", {"A"}}, {"/b.html", {"B"}}});
   prepare({"add", "shop", server.url(), "--max-pages", "2"});
-  EXPECT_THAT(run(words("edit shop --name store --connections 1")).output,
-              HasSubstr(" (--max-pages 2 --connections 1)\n"));
-  EXPECT_THAT(run(words("show store")).output, HasSubstr("\nSettings:    --max-pages 2 --connections 1\n"));
+  EXPECT_THAT(run(words("edit shop --name store --delay .01")).output,
+              HasSubstr(" (--max-pages 2 --delay 0.01)\n"));
+  EXPECT_THAT(run(words("show store")).output, HasSubstr("\nSettings:    --max-pages 2 --delay 0.01\n"));
   EXPECT_THAT(run(words("scan store")).output, HasSubstr(" after 2 of 3 pages"));
   EXPECT_THAT(run(words("scan store --max-pages 0")).output, HasSubstr("Scanned \"store\""));
-  EXPECT_EQ(nlohmann::json::parse(run(words("show store --json")).output)["settings"]["connections"], 1);
+  EXPECT_EQ(nlohmann::json::parse(run(words("show store --json")).output)["settings"]["delay"], 0.01);
 }
 
 TEST_F(SiteCommands, DeleteAsksOnATerminal) {

@@ -146,6 +146,22 @@ TEST(PatientClient, GetsEveryAnswerOfAServerThatCountsRequests) {
   EXPECT_EQ(answered, 16 * 20);
 }
 
+TEST(PatientClient, KeepsItsDelayOverAllThreads) {
+  SkippedTime time;
+  std::atomic<int> asked = 0;
+  Server server([&](const HttpRequest&) { return ++asked == 1 ? kBusy : kGood; });
+  ScanView view;
+  PatientClient client(server, time, view, 1500ms);
+  std::vector<std::jthread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&] {
+      for (int k = 0; k < 5; ++k) EXPECT_EQ(client.fetch({}, {}).status, 200);
+    });
+  }
+  threads.clear();
+  EXPECT_EQ(time.takeSlept(), std::vector(20, 1500ms));
+}
+
 /// Wakes whoever sleeps next behind all others.
 class UnfairTime : public SkippedTime {
  public:

@@ -8,6 +8,8 @@
 
 namespace {
 
+using namespace std::chrono_literals;
+
 using SiteSettingsTest = support::DataFolderTest;
 
 TEST_F(SiteSettingsTest, ReadsWhatItCanAndWritesItBack) {
@@ -21,13 +23,23 @@ TEST_F(SiteSettingsTest, ReadsWhatItCanAndWritesItBack) {
     std::string rest;  // of the file, once the limit of pages is set
   };
   const Case cases[] = {
-      {"the most", "connections 64\nmax-pages 2147483647\n", {.maxPages = 2147483647, .connections = 64}, 0, "connections 64\n"},
+      {"the most",
+       "connections 64\nmax-pages 2147483647\n",
+       {.maxPages = 2147483647, .connections = 64},
+       0,
+       "connections 64\n"},
       {"the default", "connections 6\nmax-pages 0\n", {}, 0, ""},
       {"of a newer program", " later  x y \nmax-pages 5", {.maxPages = 5}, 0, " later  x y \n"},
       {"edited elsewhere", "\n max-pages \t5 \r\n\r\n", {.maxPages = 5}, 0, "\r\n"},
+      {"a fraction", "delay 0.250\n", {.delay = 250ms}, 0, "delay 0.25\n"},
+      {"no times", "delay -1\ndelay 60.001\ndelay nan\ndelay 1e1\ndelay 1,5\ndelay 2s\n", {}, 6, ""},
       {"out of range", "connections 65\nmax-pages -1\n", {}, 2, ""},
       {"no numbers", "connections\nmax-pages 5x\n", {}, 2, ""},
-      {"too large to count", "connections 4\nmax-pages 4294967297\n", {.connections = 4}, 1, "connections 4\n"},
+      {"too large to count",
+       "connections 4\nmax-pages 4294967297\n",
+       {.connections = 4},
+       1,
+       "connections 4\n"},
   };
   std::filesystem::create_directories(file.parent_path());
   for (const Case& c : cases) {

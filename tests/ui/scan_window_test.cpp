@@ -1,4 +1,5 @@
 // A scan in the window, from its button to the final counts. What a scan finds is tested with its rules.
+#include <QDoubleSpinBox>
 #include <QListView>
 #include <QProgressBar>
 #include <QSpinBox>
@@ -192,8 +193,9 @@ class ScanWindowTest : public QObject {
       QTest::keyClick(&pages, Qt::Key_Return);
       QVERIFY(answer(message(QStringLiteral("The settings could not be saved.")), kOk));
     }
+    platform::control<QDoubleSpinBox>(*sheet, "delay").setValue(0.125);
     QVERIFY(answer(sheet, QStringLiteral("Save")));
-    QCOMPARE(platform::readFile(file).text, std::string("max-pages 2\nconnections 9\n"));
+    QCOMPARE(platform::readFile(file).text, std::string("max-pages 2\nconnections 9\ndelay 0.125\n"));
     QVERIFY(platform::replaceFile(file, "max-pages 2\nconnections 99\n").ok());
     QVERIFY(scan(desk));
     QCOMPARE(desk.label("linksScanned"), QStringLiteral("2"));
