@@ -20,8 +20,15 @@ constexpr std::size_t kRobotsBytes = 1u << 20;
 /// Given back when memory runs out, so that the documents can be closed.
 constexpr std::size_t kReserve = 1u << 20;
 
+/// Why the start address did not do.
 std::string reasonOf(const platform::HttpAnswer& answer) {
-  return std::to_string(answer.status) + " - " + std::string(platform::reasonPhrase(answer.status));
+  if (answer.failure != platform::FetchFailure::none) {
+    return "0 - " + std::string(platform::failureText(answer.failure));
+  }
+  std::string reason =
+      std::to_string(answer.status) + " - " + std::string(platform::reasonPhrase(answer.status));
+  if (answer.status == 401) reason += ": the site asks for a name and a password";
+  return reason;
 }
 
 std::string_view orNotFound(std::string_view text) {
@@ -131,7 +138,7 @@ bool SiteScanner::connect() {
 bool SiteScanner::httpIsValid(const std::string& url) {
   const platform::HttpAnswer answer = m_services.client.fetch({.url = url}, m_stop.get_token());
   if (answer.status == 200) return true;
-  if (answer.failure == platform::FetchFailure::none) m_startReason = reasonOf(answer);
+  m_startReason = reasonOf(answer);
   return false;
 }
 
@@ -144,9 +151,6 @@ platform::HttpAnswer SiteScanner::readRobots() {
 /// The site's folder is asked, not the page: its answer tells whether the server is there at all.
 std::string SiteScanner::unreachableReason(const std::string& siteBaseURL) {
   const platform::HttpAnswer answer = m_services.client.fetch({.url = siteBaseURL}, m_stop.get_token());
-  if (answer.failure != platform::FetchFailure::none) {
-    return "0 - " + std::string(platform::failureText(answer.failure));
-  }
   // Where the folder is fine, the page alone is at fault, and its own answer says why.
   return answer.status != 200 ? reasonOf(answer) : m_startReason;
 }

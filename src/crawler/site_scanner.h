@@ -116,7 +116,7 @@ class SiteScanner {
   int m_pagesLeftOut = 0;      // of these, good ones that are not in the documents by the rules
   int m_totLinks = 0;          // links counted; also the next LINKID
   bool m_loopingArmed = true;  // the warning is given once a scan
-  std::string m_startReason;   // why the start address did not do, if it has answered
+  std::string m_startReason;   // why the start address did not do
   std::unique_ptr<char[]> m_reserve;
   ScanResult m_result;
 

@@ -160,15 +160,26 @@ TEST(Scan, TellsOnceThatASiteMayHaveNoEnd) {
 }
 
 TEST(Scan, TellsWhyAStartPageCannotBeReached) {
-  const SiteServer server({{"/folder/", {titled("Folder")}}});
-  // In the second case the folder answers, the page does not.
-  for (const char* path : {"missing/", "folder/missing.html"}) {
-    SCOPED_TRACE(path);
-    ScanRun run(server.url(path));
+  const SiteServer server({{"/folder/", {titled("Folder")}},
+                           {"/folder/round.html", {.status = 302, .location = "round.html"}},
+                           {"/locked/", {.status = 401}}});
+  struct Case {
+    const char* path;
+    const char* reason;
+  };
+  const Case cases[] = {
+      {"missing/", "404 - Not Found"},
+      {"folder/missing.html", "404 - Not Found"},  // its folder answers, as that of the next
+      {"folder/round.html", "0 - Too many redirects"},
+      {"locked/", "401 - Unauthorized: the site asks for a name and a password"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.path);
+    ScanRun run(server.url(c.path));
     const std::string record = run.file("Site.qzVSK");
     const ScanResult result = run.scan();
     EXPECT_EQ(result.end, ScanEnd::unreachable);
-    EXPECT_EQ(result.unreachableReason, "404 - Not Found");
+    EXPECT_EQ(result.unreachableReason, c.reason);
     EXPECT_THAT(run.view.events, ElementsAre("started", "finished"));
     EXPECT_EQ(run.file("sitemap2c.html"), sitemaps::documentOpening(2));
     EXPECT_EQ(run.file("Site.qzVSK"), record);
