@@ -1,6 +1,10 @@
 #include "cli/left_out_output.h"
 
+#include <iostream>
+
 #include <nlohmann/json.hpp>
+
+#include "cli/cli_context.h"
 
 namespace cli {
 
@@ -18,6 +22,15 @@ Json leftOutJson(const crawler::LeftOutGroup& group) {
     json["examples"].push_back(std::move(entry));
   }
   return json;
+}
+
+void printExamples(const crawler::LeftOut& leftOut) {
+  for (const crawler::LeftOutGroup& group : leftOut.groups) {
+    for (const crawler::LeftOutExample& example : group.examples) {
+      std::cout << printable(group.reasonText()) << '\t' << printable(example.address) << '\t'
+                << printable(example.page) << '\n';
+    }
+  }
 }
 
 }  // namespace cli

@@ -10,4 +10,7 @@ namespace cli {
 /// Its reason, its filter or rule where it has one, the count and the examples.
 nlohmann::ordered_json leftOutJson(const crawler::LeftOutGroup& group);
 
+/// A line an example, with tabs between: the reason, the address, the page that the link stands on.
+void printExamples(const crawler::LeftOut& leftOut);
+
 }  // namespace cli

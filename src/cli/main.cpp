@@ -214,16 +214,24 @@ void addScanCommand(CLI::App& app, Command& chosen) {
 }
 
 void addShowCommand(CLI::App& app, Command& chosen) {
-  auto* command = app.add_subcommand("show", "Show a site, its last scan and its broken pages");
+  auto* command =
+      app.add_subcommand("show", "Show a site, its last scan, what that left out and its broken pages");
   struct Arguments {
     std::string name;
     bool json = false;
+    bool leftOut = false;
   };
   auto arguments = std::make_shared<Arguments>();
   addName(command, arguments->name);
-  command->add_flag("--json", arguments->json, "Print a JSON object");
+  auto* json = command->add_flag("--json", arguments->json, "Print a JSON object");
+  command
+      ->add_flag("--left-out", arguments->leftOut,
+                 "Print examples of what the last scan left out, one a line: why, the address, the page that "
+                 "links there")
+      ->excludes(json);
   command->callback([arguments, &chosen] {
     chosen = [arguments](const CliContext& context) {
+      if (arguments->leftOut) return cli::showLeftOut(context, arguments->name);
       return cli::showSite(context, arguments->name,
                            arguments->json ? cli::OutputStyle::json : cli::OutputStyle::text);
     };

@@ -157,6 +157,9 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
   if (!result.reasons.ok()) {
     printWarning("The reasons of the broken pages could not be kept: " + printable(result.reasons.error));
   }
+  if (!result.leftOutKept.ok()) {
+    printWarning("What was left out could not be kept: " + printable(result.leftOutKept.error));
+  }
 }
 
 }  // namespace
@@ -176,7 +179,7 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   crawler::PatientClient client(network, clock, *view, settings->site.delay);
   crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site),
                                 crawler::readingFor(settings->site));
-  crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons},
+  crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons, &context.state},
                                *std::move(settings));
   view->setScanner(scanner);
   const std::stop_callback cancel(signals.token(), [&scanner] { scanner.cancelScan(); });

@@ -7,7 +7,9 @@
 
 #include <unistd.h>
 
+#include "cli/left_out_output.h"
 #include "cli/site_output.h"
+#include "crawler/left_out_file.h"
 #include "platform/text.h"
 #include "store/filters_file.h"
 #include "store/site_input.h"
@@ -242,13 +244,25 @@ ExitCode showSite(const CliContext& context, const std::string& name, OutputStyl
   if (!context.hasSite(name)) return reportUnknownSite(name);
   const auto site = store::readSite(context.controls, name);
   if (!site.result.ok()) return reportFileFailure("Could not read", site.path, site.result);
-  const ShownSite shown{name, context.controls.siteFolder(name), site.details, context.settingsOf(name),
-                        context.reasons.lookUp(name, site.details.badLinks)};
+  const ShownSite shown{name,
+                        context.controls.siteFolder(name),
+                        site.details,
+                        context.settingsOf(name),
+                        context.reasons.lookUp(name, site.details.badLinks),
+                        crawler::readLeftOut(context.state, name)};
   if (style == OutputStyle::json) {
     printSiteJson(shown);
   } else {
     printSite(shown);
   }
+  return exitDone;
+}
+
+ExitCode showLeftOut(const CliContext& context, const std::string& name) {
+  if (!context.hasSite(name)) return reportUnknownSite(name);
+  const crawler::LeftOut leftOut = crawler::readLeftOut(context.state, name);
+  if (leftOut.groups.empty()) std::cerr << "Nothing is known to have been left out.\n";
+  printExamples(leftOut);
   return exitDone;
 }
 

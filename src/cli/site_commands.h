@@ -42,6 +42,9 @@ ExitCode changeFilters(const CliContext& context, const FilterOptions& options);
 
 ExitCode showSite(const CliContext& context, const std::string& name, OutputStyle style);
 
+/// Prints examples of what the site's last scan left out.
+ExitCode showLeftOut(const CliContext& context, const std::string& name);
+
 /// Prints the data folder, or the folder of a site.
 ExitCode printFolder(const CliContext& context, const std::optional<std::string>& siteName);
 

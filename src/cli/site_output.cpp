@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "cli/cli_context.h"
+#include "cli/left_out_output.h"
 
 namespace cli {
 
@@ -115,6 +116,8 @@ void printSite(const ShownSite& site) {
             << "Total links: " << details.totalLinks << '\n'
             << "Pages used:  " << details.pagesUsed << '\n'
             << "Broken:      " << site.brokenPages.size() << '\n';
+  if (const std::string leftOut = site.leftOut.sentence(); !leftOut.empty())
+    std::cout << '\n' << printable(leftOut) << '\n';
   if (site.brokenPages.empty()) return;
   std::cout << "\nBroken pages of the last scan:\n";
   for (const store::BrokenPage& page : site.brokenPages) {
@@ -134,6 +137,9 @@ void printSiteJson(const ShownSite& site) {
     broken["reason"] = page.reason.empty() ? Json() : Json(page.reason);
     json["broken"].push_back(std::move(broken));
   }
+  json["leftOut"] = Json::array();
+  for (const crawler::LeftOutGroup& group : site.leftOut.groups)
+    json["leftOut"].push_back(leftOutJson(group));
   print(json);
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "crawler/left_out.h"
 #include "store/broken_reasons.h"
 #include "store/site_list.h"
 #include "store/site_settings.h"
@@ -30,6 +31,7 @@ struct ShownSite {
   store::SiteDetails details;
   store::SiteSettings settings;
   std::vector<store::BrokenPage> brokenPages;
+  crawler::LeftOut leftOut;
 };
 
 void printSite(const ShownSite& site);

@@ -99,6 +99,13 @@ std::string_view nameOf(LinkReason reason) {
   return textOf(reason).name;
 }
 
+std::optional<LinkReason> reasonNamed(std::string_view name) {
+  const auto found = std::find_if(kReasonTexts.begin(), kReasonTexts.end(),
+                                  [&](const ReasonText& text) { return text.name == name; });
+  if (found == kReasonTexts.end()) return {};
+  return found->reason;
+}
+
 std::string LeftOutGroup::reasonText(std::int64_t several) const {
   if (isByWhich(reason) && which.empty())
     return reason == filter ? "by further filters" : "by further robots.txt rules";

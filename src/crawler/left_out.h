@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,6 +46,8 @@ struct LeftOut {
 
 /// The reason's name in files and JSON.
 std::string_view nameOf(LinkReason reason);
+/// The one of that name; nothing for a name that is none's.
+std::optional<LinkReason> reasonNamed(std::string_view name);
 
 /// Counts while a scan runs. What it holds is bounded, whatever the site: ten examples a reason, and of
 /// filters and robots rules the first hundred that apply, further ones together.

@@ -20,7 +20,8 @@ struct ScanController::Scan {
       : network("Veskel/" VESKEL_VERSION),
         client(network, clock, owner.m_view, settings.site.delay),
         pages(client, limitsFor(settings.site), readingFor(settings.site)),
-        scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons}, std::move(settings)) {}
+        scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons, &owner.m_stateFolder},
+                std::move(settings)) {}
 
   platform::SteadyClock clock;
   platform::CurlHttpClient network;
@@ -239,6 +240,9 @@ void ScanController::tellEnd(const ScanResult& result) {
   if (!result.reasons.ok()) {
     sentence +=
         tr(". The reasons of the broken pages could not be kept: %1").arg(toQString(result.reasons.error));
+  }
+  if (!result.leftOutKept.ok()) {
+    sentence += tr(". What was left out could not be kept: %1").arg(toQString(result.leftOutKept.error));
   }
   if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
   if (result.leftOut.mayMissPages()) {

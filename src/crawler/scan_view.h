@@ -59,6 +59,7 @@ struct ScanResult {
   std::shared_ptr<const PageQueue> pages = {};       // all pages known, in the order found; never null
   std::vector<sitemaps::FileProblem> problems = {};  // files that could not be read or written
   platform::FileResult reasons = {};                 // of keeping why pages are broken, beside the documents
+  platform::FileResult leftOutKept = {};             // of keeping what was left out, likewise
 
   /// Whether pages were visited, so that the counts and lists say something.
   bool hasCounts() const {

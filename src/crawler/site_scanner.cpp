@@ -3,6 +3,7 @@
 #include <exception>
 #include <new>
 
+#include "crawler/left_out_file.h"
 #include "crawler/robots.h"
 #include "crawler/simple_link_rules.h"
 #include "crawler/titles.h"
@@ -368,11 +369,13 @@ void SiteScanner::updateAllScanDetails() {
          sitemaps::writeStatistics(m_services.controls, site, m_result.statistics));
   });
   attempt([&] { m_result.leftOut = m_leftOut.result(); });
-  // Reasons are a convenience beside the documents: that they could not be kept is told, but is no fault of
+  // Both are a convenience beside the documents: that they could not be kept is told, but is no fault of
   // the scan.
   attempt([&] {
     if (m_services.reasons != nullptr)
       m_result.reasons = m_services.reasons->save(site, m_result.brokenPages);
+    if (m_services.state != nullptr)
+      m_result.leftOutKept = saveLeftOut(*m_services.state, site, m_result.leftOut);
   });
 }
 

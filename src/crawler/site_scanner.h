@@ -34,6 +34,7 @@ struct ScanServices {
   PageSource& pages;
   ScanView& view;
   const store::BrokenReasons* reasons = nullptr;  // where reasons are remembered, if anywhere
+  const store::StateFolder* state = nullptr;      // where what was left out is, if anywhere
 };
 
 enum class LoopingAnswer { continueScan, cancelScan };

@@ -13,45 +13,12 @@ namespace {
 
 using platform::FileResult;
 
-std::string escaped(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    switch (c) {
-      case '\\':
-        result += "\\\\";
-        break;
-      case '\t':
-        result += "\\t";
-        break;
-      case '\n':
-        result += "\\n";
-        break;
-      default:
-        result += c;
-    }
-  }
-  return result;
-}
-
-std::string unescaped(std::string_view text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\\' || i + 1 == text.size()) {
-      result += text[i];
-      continue;
-    }
-    const char code = text[++i];
-    result += code == 't' ? '\t' : code == 'n' ? '\n' : code;
-  }
-  return result;
-}
-
 }  // namespace
 
 FileResult BrokenReasons::save(std::string_view siteName, const std::vector<BrokenPage>& pages) const {
   std::string text;
   for (const BrokenPage& page : pages) {
-    text.append(escaped(page.url)).append("\t").append(escaped(page.reason)).append("\n");
+    text.append(escapedField(page.url)).append("\t").append(escapedField(page.reason)).append("\n");
   }
   const auto target = file(siteName);
   if (auto made = platform::makeFolders(target.parent_path()); !made.ok()) return made;
@@ -73,7 +40,7 @@ std::vector<BrokenPage> BrokenReasons::lookUp(std::string_view siteName,
     const auto tab = line.find('\t');
     if (tab == std::string::npos) continue;
     const std::string_view view = line;
-    reasons.try_emplace(unescaped(view.substr(0, tab)), unescaped(view.substr(tab + 1)));
+    reasons.try_emplace(unescapedField(view.substr(0, tab)), unescapedField(view.substr(tab + 1)));
   }
   std::vector<BrokenPage> pages;
   for (const std::string& url : urls) {

@@ -11,4 +11,9 @@ namespace store {
 /// it belongs to the entry.
 std::vector<std::string> nonEmptyLines(std::string_view text);
 
+/// A text fit to stand between two tabs of a line: tabs, line feeds and backslashes become "\\t", "\\n" and
+/// "\\\\".
+std::string escapedField(std::string_view text);
+std::string unescapedField(std::string_view text);
+
 }  // namespace store

@@ -93,8 +93,12 @@ class ScanWindowTest : public QObject {
     Desk desk;
     desk.writeFile("Shop", "filters.vskp", "/B.html\n");
     desk.openShop(server.url());
+    const auto& notice = desk.control<QLabel>("scanNotice");
     for (const char* found : {"3", "4"}) {
       QVERIFY(scan(desk));
+      QVERIFY(notice.isVisible());
+      QVERIFY(notice.text().startsWith(QLatin1String("Left out: 1 link by the filter \"/B.html\" (for")));
+      QVERIFY(desk.status().startsWith(QLatin1String("Scanned \"Shop\". Left out")));
       QCOMPARE(desk.label("pagesFound"), QLatin1String(found));
       QVERIFY(desk.click("ignoreRobotsButton"));
     }
