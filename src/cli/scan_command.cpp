@@ -153,6 +153,7 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
     printSummary(context, result, seconds);
   }
   if (!result.failure.empty()) printError("The scan failed: " + printable(result.failure));
+  for (const std::string& problem : result.sitemapProblems) printWarning(printable(problem));
   printProblems(result);
   if (!result.reasons.ok()) {
     printWarning("The reasons of the broken pages could not be kept: " + printable(result.reasons.error));

@@ -68,10 +68,13 @@ BrowserLinkRules::BrowserLinkRules(const ScanSettings& settings, const platform:
       m_bounds(m_start),
       m_filters(settings.filters),
       m_maxBytes(settings.bounds.link) {
-  if (settings.ignoreRobots) return;
   const RobotsAnswer answer = robotsAnswer(robots.failure, robots.status);
-  if (answer == RobotsAnswer::rules) m_robots = parseRobotsTxt(robots.body, kUserAgent).group;
-  m_robotsUnreachable = answer == RobotsAnswer::unreachable;
+  if (answer == RobotsAnswer::rules) m_robots = parseRobotsTxt(robots.body, kUserAgent);
+  if (settings.ignoreRobots) {
+    m_robots.group = {};
+  } else {
+    m_robotsUnreachable = answer == RobotsAnswer::unreachable;
+  }
 }
 
 std::string BrowserLinkRules::refusal() const {
@@ -79,14 +82,14 @@ std::string BrowserLinkRules::refusal() const {
   std::size_t rule = 0;
   if (m_robotsUnreachable) return "The server could not tell its robots.txt" + std::string(kHowever);
   if (isAllowed(platform::splitUri(m_start), rule)) return {};
-  return "robots.txt forbids the start page (" + m_robots.rules[rule].text + ")" + std::string(kHowever);
+  return "robots.txt forbids the start page (" + m_robots.group.rules[rule].text + ")" + std::string(kHowever);
 }
 
 bool BrowserLinkRules::isAllowed(const platform::UriParts& address, std::size_t& rule) const {
-  if (m_robots.rules.empty()) return true;
+  if (m_robots.group.rules.empty()) return true;
   std::string path(address.path);
   if (address.query) path.append("?").append(*address.query);
-  const RobotsVerdict verdict = robotsVerdict(m_robots, path);
+  const RobotsVerdict verdict = robotsVerdict(m_robots.group, path);
   rule = verdict.rule.value_or(0);
   return verdict.isAllowed;
 }

@@ -36,11 +36,12 @@ class BrowserLinkRules : public LinkRules {
 
   std::string startAddress(std::string_view startUrl) const override;
   std::string refusal() const override;
+  std::vector<std::string> sitemaps() const override { return m_robots.sitemaps; }
   JudgedPage judgePage(std::string_view url, const FetchedPage& page, const PageQueue& known) override;
   void enterPage(std::string_view url, const PageContents& contents) override;
   std::optional<std::string> makeAbsolute(std::string_view href) const override;
   JudgedLink judge(std::string link, const PageQueue& known) const override;
-  std::string_view robotsRule(std::size_t which) const override { return m_robots.rules[which].text; }
+  std::string_view robotsRule(std::size_t which) const override { return m_robots.group.rules[which].text; }
   std::optional<std::string_view> keyOfNewPage(std::string_view link, const PageQueue& known) const override;
 
  private:
@@ -53,7 +54,7 @@ class BrowserLinkRules : public LinkRules {
   std::string m_start;
   SiteBounds m_bounds;
   Exclusions m_filters;
-  RobotsGroup m_robots;
+  RobotsTxt m_robots;
   bool m_robotsUnreachable = false;  // nobody knows what may be fetched
   std::size_t m_maxBytes;
   std::optional<web::Url> m_base;  // of the page in hand

@@ -77,6 +77,9 @@ class LinkRules {
   /// Why the site may not be scanned at all; empty when it may.
   virtual std::string refusal() const { return {}; }
 
+  /// The sitemaps that robots.txt names, as written there.
+  virtual std::vector<std::string> sitemaps() const { return {}; }
+
   /// What becomes of a page, whose address is as queued. `known` are the pages of the site known so far.
   virtual JudgedPage judgePage(std::string_view url, const FetchedPage& page, const PageQueue& known) = 0;
 

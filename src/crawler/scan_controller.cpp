@@ -245,6 +245,7 @@ void ScanController::tellEnd(const ScanResult& result) {
     sentence += tr(". What was left out could not be kept: %1").arg(toQString(result.leftOutKept.error));
   }
   if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
+  for (const std::string& problem : result.sitemapProblems) addNotice(toQString(problem));
   if (result.leftOut.mayMissPages()) {
     const QString leftOut = toQString(result.leftOut.sentence());
     addNotice(leftOut);

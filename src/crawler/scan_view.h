@@ -55,6 +55,7 @@ struct ScanResult {
   std::string failure = {};            // what happened, for ScanEnd::failed
   bool documentsClosed = false;        // except those among the problems
   LeftOut leftOut = {};
+  std::vector<std::string> sitemapProblems = {};  // of the site's own sitemaps, a sentence each
   std::vector<store::BrokenPage> brokenPages = {};   // in the order found
   std::shared_ptr<const PageQueue> pages = {};       // all pages known, in the order found; never null
   std::vector<sitemaps::FileProblem> problems = {};  // files that could not be read or written

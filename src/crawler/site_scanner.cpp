@@ -6,6 +6,7 @@
 #include "crawler/left_out_file.h"
 #include "crawler/robots.h"
 #include "crawler/simple_link_rules.h"
+#include "crawler/sitemap_starts.h"
 #include "crawler/titles.h"
 #include "platform/text.h"
 #include "sitemaps/completion.h"
@@ -126,6 +127,7 @@ bool SiteScanner::connect() {
     if (m_result.unreachableReason.empty() || m_terminateScan) {
       m_uniquePages->append(m_links->startAddress(m_settings.startUrl));
       m_services.pages.expect((*m_uniquePages)[0]);
+      if (m_settings.site.sitemaps == store::OwnSitemaps::scanned) queueSitemapPages();
       m_services.view.connectionEstablished();
       return true;
     }
@@ -134,6 +136,23 @@ bool SiteScanner::connect() {
   }
   m_result.end = ScanEnd::unreachable;
   return false;
+}
+
+/// The pages that the site's own sitemaps name.
+void SiteScanner::queueSitemapPages() {
+  const std::optional<web::Url> start = web::parseUrl(m_settings.startUrl);
+  if (!start) return;
+  const auto queue = [this](std::string_view address, const SiteSitemap& sitemap) {
+    m_pageUrl = sitemap.address;
+    const JudgedLink link = m_links->judge(std::string(address), *m_uniquePages);
+    followLink(link, link.address);
+  };
+  for (const SiteSitemap& sitemap :
+       readSiteSitemaps(m_services.client, *start, m_links->sitemaps(), queue, m_stop.get_token())) {
+    if (sitemap.problem.empty()) continue;
+    m_result.sitemapProblems.push_back("The sitemap " + sitemap.address +
+                                       " was not read in full: " + sitemap.problem + ".");
+  }
 }
 
 bool SiteScanner::httpIsValid(const std::string& url) {

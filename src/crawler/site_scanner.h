@@ -86,6 +86,7 @@ class SiteScanner {
   void leaveOut(LinkReason reason, std::string_view link, std::size_t which = 0, std::string_view name = {});
   void countPage(std::string_view url, int status, std::string_view brokenReason);
 
+  void queueSitemapPages();
   bool httpIsValid(const std::string& url);
   platform::HttpAnswer readRobots();
   std::string unreachableReason(const std::string& siteBaseURL);

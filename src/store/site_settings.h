@@ -30,9 +30,16 @@ enum class LinkStyle {
   browser,  // as browsers do
 };
 
+/// What becomes of the sitemaps that a site has already.
+enum class OwnSitemaps {
+  passedOver,
+  scanned,  // the pages that they name are scanned, too
+};
+
 /// A value, with the defaults of a new site.
 struct SiteSettings {
   LinkStyle links = LinkStyle::simple;
+  OwnSitemaps sitemaps = OwnSitemaps::passedOver;
   int maxPages = 0;                    // a scan stops as if cancelled after so many; 0: no limit
   int connections = 6;                 // pages fetched at the same time
   std::chrono::milliseconds delay{0};  // at least so long between the starts of two requests
@@ -94,12 +101,19 @@ struct SettingField {
 inline constexpr std::array kLinkStyles = {Choice::Option{"simple", "Simple"},
                                            Choice::Option{"browser", "As browsers do"}};
 
+inline constexpr std::array kOwnSitemaps = {Choice::Option{"no", "Passed over"},
+                                            Choice::Option{"yes", "Their pages are scanned, too"}};
+
 /// The table of settings, in the order in which they are shown.
 inline constexpr std::array kSiteSettings = {
     SettingField{.key = "links",
                  .caption = "&Links",
                  .help = "As browsers do, every page is found that a browser reaches",
                  .value = Choice::of<&SiteSettings::links>(kLinkStyles)},
+    SettingField{.key = "sitemaps",
+                 .caption = "Its &sitemaps",
+                 .help = "The sitemaps that the site has already may name pages to which no link leads",
+                 .value = Choice::of<&SiteSettings::sitemaps>(kOwnSitemaps)},
     SettingField{.key = "max-pages",
                  .caption = "Most &pages",
                  .help = "A scan stops after so many pages",

@@ -154,14 +154,26 @@ TEST(BrowserScan, AsksRobotsTxtBeforeAnything) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.robots.body + std::to_string(c.robots.status));
-    const SiteServer server({{"/", {page("Home")}}, {"/robots.txt", c.robots}});
+    std::string named;  // set before anything is asked for
+    const SiteServer server([&](const std::string& target, int) {
+      const SiteServer::Pages pages = {{"/", {page("Home")}},
+                                       {"/only-there.html", {page("Only there")}},
+                                       {"/sitemap.xml", {named, "text/plain"}},
+                                       {"/robots.txt", c.robots}};
+      return support::pageOf(pages, target);
+    });
+    named = server.url() + "only-there.html\nhttp://elsewhere.test/\n";
     ScanRun run(server.url());
     run.settings.site.links = store::LinkStyle::browser;
     const ScanResult result = run.scan();
     EXPECT_EQ(result.end, *c.reason == '\0' ? ScanEnd::complete : ScanEnd::unreachable);
     EXPECT_THAT(result.unreachableReason, HasSubstr(c.reason));
     run.settings.ignoreRobots = true;
-    EXPECT_EQ(run.scan().end, ScanEnd::complete);
+    run.settings.site.sitemaps = store::OwnSitemaps::scanned;
+    const ScanResult ignoring = run.scan();
+    EXPECT_EQ(ignoring.end, ScanEnd::complete);
+    EXPECT_EQ(ignoring.statistics.pagesUsed, 2);
+    EXPECT_EQ(ignoring.sitemapProblems.size(), 0u);
   }
 }
 
