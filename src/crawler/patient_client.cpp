@@ -29,24 +29,21 @@ std::chrono::seconds pauseBefore(int repeat) {
 }  // namespace
 
 HttpAnswer PatientClient::fetch(const HttpRequest& request, std::stop_token stop) {
+  Asked asked{.ticket = m_tickets++, .method = request.method};
   try {
-    return fetchPatiently(request, stop);
-  } catch (const std::bad_alloc&) {  // before the request has had its turn
+    while (waitForTurn(asked.ticket, stop)) {
+      HttpAnswer answer = m_client.fetch(request, stop);
+      if (!isToBeRepeated(answer, asked, stop)) return answer;
+    }
+    return {.failure = FetchFailure::stopped};
+  } catch (const std::bad_alloc&) {  // between two turns
+    {
+      const std::lock_guard lock(m_mutex);
+      m_waiting.erase(asked.ticket);
+    }
+    m_turn.notify_all();
     return {.failure = FetchFailure::tooLarge};
   }
-}
-
-HttpAnswer PatientClient::fetchPatiently(const HttpRequest& request, const std::stop_token& stop) {
-  const Ticket ticket = [this] {
-    const std::lock_guard lock(m_mutex);
-    return m_tickets++;
-  }();
-  Repeats repeats;
-  while (waitForTurn(ticket, stop)) {
-    HttpAnswer answer = m_client.fetch(request, stop);
-    if (!isToBeRepeated(answer, request.method, repeats, stop)) return answer;
-  }
-  return {.failure = FetchFailure::stopped};
 }
 
 /// False when a stop came first.
@@ -76,49 +73,49 @@ bool PatientClient::waitForTurn(Ticket ticket, const std::stop_token& stop) {
 
 /// Draws the conclusions from an answer, for the request and for all others. When it says that the request is
 /// to be repeated, its own wait is over.
-bool PatientClient::isToBeRepeated(const HttpAnswer& answer, HttpMethod method, Repeats& repeats,
-                                   const std::stop_token& stop) {
+bool PatientClient::isToBeRepeated(const HttpAnswer& answer, Asked& asked, const std::stop_token& stop) {
   std::unique_lock lock(m_mutex);
   --m_running;
   bool again = false;
   std::chrono::seconds news{0};
   const bool isFailure = answer.failure != FetchFailure::none;
   if (asksForPatience(answer)) {
-    again = pauseFor(answer, method, repeats, news);
+    again = pauseFor(answer, asked, news);
+    // At once, or one that came later might take the turn.
+    if (again) m_waiting.insert(asked.ticket);
   } else if (isFailure) {
-    again = mayRecover(answer.failure) && repeats.failed < kFailureRepeats;
+    again = mayRecover(answer.failure) && asked.failed < kFailureRepeats;
   } else {
-    noteAnswer(method);
+    noteAnswer(asked.method);
   }
   m_hasAnswered = m_hasAnswered || !isFailure;
   lock.unlock();
   m_turn.notify_all();
   if (news.count() > 0) m_view.waiting(news);
   // Others go on meanwhile: it may be this page alone.
-  if (again && isFailure) m_clock.sleepUntil(m_clock.now() + pauseBefore(repeats.failed++), stop);
+  if (again && isFailure) m_clock.sleepUntil(m_clock.now() + pauseBefore(asked.failed++), stop);
   return again;
 }
 
 /// Whether the server is left alone, and asked once more behind that. `news` is how long, if that is worth
 /// telling.
-bool PatientClient::pauseFor(const HttpAnswer& answer, HttpMethod method, Repeats& repeats,
-                             std::chrono::seconds& news) {
-  int& inVain = m_inVain[method];
+bool PatientClient::pauseFor(const HttpAnswer& answer, Asked& asked, std::chrono::seconds& news) {
+  int& inVain = m_inVain[asked.method];
   if (inVain == kInVainBelieved) return false;
   m_atOnce = 1;
   m_inARow = 0;
-  if (repeats.busy == kBusyRepeats) {
+  if (asked.busy == kBusyRepeats) {
     ++inVain;
     return false;
   }
   const bool isTold = answer.retryAfter.count() > 0;
-  const auto pause = std::min(isTold ? answer.retryAfter : pauseBefore(repeats.busy), kLongestPause);
+  const auto pause = std::min(isTold ? answer.retryAfter : pauseBefore(asked.busy), kLongestPause);
   const Time now = m_clock.now();
   const Time end = now + pause;
   // Answers that were under way together all say the same.
   if (m_pauseEnd <= now || end >= m_pauseEnd + std::chrono::seconds(1)) news = pause;
   m_pauseEnd = std::max(m_pauseEnd, end);
-  ++repeats.busy;
+  ++asked.busy;
   return true;
 }
 

@@ -1,6 +1,7 @@
 // Asks again where a site has trouble, and leaves it alone where it asks for that.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -55,18 +56,17 @@ class PatientClient : public platform::HttpClient {
   using Time = platform::Clock::Time;
   using Ticket = std::uint64_t;  // in the order of the requests
 
-  /// How often a request was repeated so far.
-  struct Repeats {
+  /// A request, and how often it was repeated so far.
+  struct Asked {
+    Ticket ticket;
+    platform::HttpMethod method;
     int busy = 0;
     int failed = 0;
   };
 
-  platform::HttpAnswer fetchPatiently(const platform::HttpRequest& request, const std::stop_token& stop);
   bool waitForTurn(Ticket ticket, const std::stop_token& stop);
-  bool isToBeRepeated(const platform::HttpAnswer& answer, platform::HttpMethod method, Repeats& repeats,
-                      const std::stop_token& stop);
-  bool pauseFor(const platform::HttpAnswer& answer, platform::HttpMethod method, Repeats& repeats,
-                std::chrono::seconds& news);
+  bool isToBeRepeated(const platform::HttpAnswer& answer, Asked& asked, const std::stop_token& stop);
+  bool pauseFor(const platform::HttpAnswer& answer, Asked& asked, std::chrono::seconds& news);
   void noteAnswer(platform::HttpMethod method);
   bool mayRecover(platform::FetchFailure failure) const;
 
@@ -75,9 +75,10 @@ class PatientClient : public platform::HttpClient {
   ScanView& m_view;
   const std::chrono::milliseconds m_delay;
 
-  mutable std::mutex m_mutex;  // guards all below
+  std::atomic<Ticket> m_tickets = 0;
+
+  std::mutex m_mutex;  // guards all below
   std::condition_variable_any m_turn;
-  Ticket m_tickets = 0;
   std::set<Ticket> m_waiting;  // for their turn; the first is the next
   int m_running = 0;
   int m_atOnce = std::numeric_limits<int>::max();  // so many may run
