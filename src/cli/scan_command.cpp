@@ -111,6 +111,10 @@ void printSummary(const CliContext& context, const crawler::ScanResult& result, 
   if (result.documentsClosed) printFiles(context.controls.siteFolder(result.siteName), result.problems);
   const std::string leftOut = result.leftOut.sentence();
   if (!leftOut.empty()) std::cout << printable(leftOut) << '\n';
+  if (result.leftOut.browserRulesMayFindMore()) {
+    std::cout << "There may be pages behind these endings: veskel-cli edit \"" << name
+              << "\" --links browser has them asked for\n";
+  }
 }
 
 void printProblems(const crawler::ScanResult& result) {

@@ -5,26 +5,13 @@
 #include <functional>
 #include <utility>
 
-#include "platform/ascii.h"
+#include "crawler/known_endings.h"
 
 namespace crawler {
 
 namespace {
 
 constexpr std::string_view kUserAgent = "Veskel";
-
-// Sorted. Types that a site's pages link to by the thousand; for every other one the server is asked.
-constexpr std::array<std::string_view, 103> kOtherEndings = {
-    "3gp",  "7z",    "aac",  "apk",  "asc",  "atom",  "avi",     "avif", "bin",         "bmp",  "bz2",
-    "c",    "cab",   "cc",   "cpp",  "crt",  "css",   "csv",     "deb",  "diff",        "dmg",  "doc",
-    "docx", "dvi",   "eot",  "eps",  "epub", "exe",   "flac",    "flv",  "gif",         "go",   "gz",
-    "h",    "hpp",   "ico",  "ics",  "iso",  "jar",   "java",    "jpeg", "jpg",         "js",   "json",
-    "jxl",  "key",   "m3u8", "m4a",  "m4v",  "map",   "md5",     "mid",  "mjs",         "mkv",  "mobi",
-    "mov",  "mp3",   "mp4",  "mpeg", "mpg",  "msi",   "numbers", "odg",  "odp",         "ods",  "odt",
-    "oga",  "ogg",   "ogv",  "opus", "otf",  "pages", "patch",   "pdf",  "png",         "pptx", "ps",
-    "py",   "rar",   "rpm",  "rss",  "rtf",  "sh",    "sha256",  "sig",  "svg",         "svgz", "tar",
-    "tex",  "tgz",   "tif",  "tiff", "ttf",  "wasm",  "wav",     "webm", "webmanifest", "webp", "wmv",
-    "woff", "woff2", "xls",  "xlsx"};
 
 constexpr std::array<std::string_view, 3> kIndexNames = {"index.html", "index.htm", "index.php"};
 
@@ -53,15 +40,6 @@ std::string_view folderOf(std::string_view url) {
 }
 
 }  // namespace
-
-bool hasKnownOtherEnding(std::string_view path) {
-  static_assert(std::is_sorted(kOtherEndings.begin(), kOtherEndings.end()));
-  const std::string_view file = path.substr(path.rfind('/') + 1);
-  const std::size_t dot = file.rfind('.');
-  if (dot == std::string_view::npos) return false;
-  return std::binary_search(kOtherEndings.begin(), kOtherEndings.end(),
-                            std::string_view(platform::lowerAscii(file.substr(dot + 1))));
-}
 
 BrowserLinkRules::BrowserLinkRules(const ScanSettings& settings, const platform::HttpAnswer& robots)
     : m_start(startAddress(settings.startUrl)),
@@ -181,7 +159,7 @@ JudgedLink BrowserLinkRules::judge(std::string link, const PageQueue&) const {
   const platform::UriParts parts = platform::splitUri(link);
   const LinkReason outside = m_bounds.judge(parts);
   if (outside != LinkReason::none) return judged(outside);
-  if (!parts.query && hasKnownOtherEnding(parts.path)) return judged(LinkReason::foreignExtension);
+  if (!parts.query && hasKnownOtherEnding(parts.path)) return judged(LinkReason::otherType);
   if (std::size_t rule = 0; !isAllowed(parts, rule)) return judged(LinkReason::robots, rule);
   return judged(LinkReason::none);
 }

@@ -17,11 +17,6 @@
 
 namespace crawler {
 
-/// Whether an address without a query ends as files of a well-known type do that is no page's: images,
-/// archives, office documents, styles, scripts, media, fonts. `path` is an address's path; the ending is what
-/// follows its last dot, in any case.
-bool hasKnownOtherEnding(std::string_view path);
-
 /// These rules for one site:
 ///  - An address is what a browser makes of it, in its one form and without its fragment.
 ///  - The site is what SiteBounds says. A page is what the server says is one; an address that ends as

@@ -45,7 +45,7 @@ constexpr std::array kReasonTexts = {
                "to folders of known index pages"},
     ReasonText{empty, "empty", untold, "that leads nowhere", "that lead nowhere"},
     ReasonText{otherHost, "otherHost", untold, "to another host", "to other hosts"},
-    ReasonText{otherType, "otherType", untold, "of another type", "of other types", true},
+    ReasonText{otherType, "otherType", untold, "of another type", "of other types"},
     ReasonText{redirected, "redirected", untold, "that leads to another page", "that lead to other pages",
                true},
     ReasonText{redirectedOutside, "redirectedOutside", untold, "that leads out of the site",
@@ -121,6 +121,11 @@ bool LeftOutGroup::mayMissPages() const {
 
 bool LeftOut::mayMissPages() const {
   return std::any_of(groups.begin(), groups.end(), [](const auto& group) { return group.mayMissPages(); });
+}
+
+bool LeftOut::browserRulesMayFindMore() const {
+  return std::any_of(groups.begin(), groups.end(),
+                     [](const LeftOutGroup& group) { return group.reason == foreignExtension; });
 }
 
 std::string LeftOut::sentence() const {

@@ -38,6 +38,9 @@ struct LeftOut {
 
   bool mayMissPages() const;
 
+  /// Whether links were left out that browsers would ask the server about: only simple rules do that.
+  bool browserRulesMayFindMore() const;
+
   /// "Left out: 12 links by their ending (for example http://...), 3 by the filter "x" (http://...)." Tells
   /// of three reasons at most and how many there are for others. Empty where nothing is worth telling: links
   /// out of the site and second names of pages are not. Holds texts of the site as they are.

@@ -25,15 +25,15 @@ enum class LinkReason {
   notFollowed,  // a page of the site; the page that it stands on asks not to follow it
   // Neither listed nor followed:
   empty,               // leads nowhere
-  foreignExtension,    // no page's
+  foreignExtension,    // none of those that the rules know as a page's
   folderOfKnownIndex,  // its index page is known already
   filter,              // a filter stands in it
   robots,              // robots.txt forbids it
   tooLong,             // longer than an address may be
   surplusLink,         // its page holds more than one page's entries may take
   surplusPage,         // listed, but there was no room for a further page
+  otherType,           // no page: its ending is well known, or the server says so when it is fetched
   // Of pages that were fetched:
-  otherType,           // no page
   redirected,          // to another page of the site, which counts in its place
   redirectedOutside,   // of the site
   sameAsIndex,         // the page of a folder under its other name

@@ -248,7 +248,10 @@ void ScanController::tellEnd(const ScanResult& result) {
   for (const std::string& problem : result.sitemapProblems) addNotice(toQString(problem));
   if (result.leftOut.mayMissPages()) {
     const QString leftOut = toQString(result.leftOut.sentence());
-    addNotice(leftOut);
+    const bool mayFindMore = result.leftOut.browserRulesMayFindMore();
+    addNotice(mayFindMore
+                  ? tr("%1 Links as browsers do (Scan Settings) finds pages behind any ending.").arg(leftOut)
+                  : leftOut);
     sentence += tr(". %1").arg(leftOut);
   }
   emit report(sentence);

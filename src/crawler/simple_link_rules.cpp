@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "crawler/known_endings.h"
 #include "platform/regex.h"
 #include "platform/text.h"
 #include "platform/uri.h"
@@ -235,7 +236,10 @@ JudgedLink SimpleLinkRules::judge(std::string link, const PageQueue& known) cons
   };
   if (link.empty()) return judged(LinkReason::empty);
   const SplitLink split(link);
-  if (hasForeignExtension(split, m_allowedMedia)) return judged(LinkReason::foreignExtension);
+  if (hasForeignExtension(split, m_allowedMedia)) {
+    return judged(hasKnownOtherEnding(split.parts.path) ? LinkReason::otherType
+                                                        : LinkReason::foreignExtension);
+  }
   if (isFolderOfKnownIndex(split, known, m_allowedMedia)) return judged(LinkReason::folderOfKnownIndex);
   if (const auto which = m_exclusions.find(link)) {
     return *which < m_filterCount ? judged(LinkReason::filter, *which)

@@ -159,13 +159,14 @@ TEST_F(SiteCommands, ShowTellsWhyPagesAreBroken) {
 }
 
 TEST_F(SiteCommands, WhatAScanLeavesOutIsToldThenAndLater) {
-  const support::SiteServer server(
-      support::SiteServer::Pages{{"/", {"<a href='a&#9;b.pdf'>A</a><a href='c?x'>C</a><a href='//'>D</a>"}}});
+  const support::SiteServer server(support::SiteServer::Pages{
+      {"/", {"<a href='a&#9;b.v.html'>A</a><a href='c?x'>C</a><a href='//'>D</a>"}}});
   prepare({"add", "shop", server.url()});
   EXPECT_THAT(run(words("show shop --left-out")).errors, StartsWith("Nothing is known"));
   prepare(words("filters shop --add ?"));
-  const std::string sentence = "\nLeft out: 1 link by its ending (for example " + server.url("a\uFFFDb.pdf") +
-                               "), 1 by the filter \"?\" (" + server.url("c?x") + ")";
+  const std::string sentence = "\nLeft out: 1 link by its ending (for example " +
+                               server.url("a\uFFFDb.v.html") + "), 1 by the filter \"?\" (" +
+                               server.url("c?x") + ")";
   EXPECT_THAT(run(words("scan shop")).output, HasSubstr(sentence));
   EXPECT_THAT(run(words("scan shop --progress json")).output,
               HasSubstr("{\"event\":\"leftOut\",\"reason\":\"filter\",\"which\":\"?\",\"count\":1,"
@@ -174,10 +175,10 @@ TEST_F(SiteCommands, WhatAScanLeavesOutIsToldThenAndLater) {
   prepare(words("edit shop --name store"));
   EXPECT_THAT(run(words("show store")).output, HasSubstr(sentence));
   EXPECT_THAT(run(words("show store --left-out")).output,
-              StartsWith("by its ending\t" + server.url("a\uFFFDb.pdf\t") + server.url("\n") +
+              StartsWith("by its ending\t" + server.url("a\uFFFDb.v.html\t") + server.url("\n") +
                          "by the filter \"?\"\t" + server.url("c?x\t") + server.url("\n")));
   const auto json = nlohmann::json::parse(run(words("show store --json")).output);
-  EXPECT_EQ(json["leftOut"][0]["examples"][0]["url"], server.url("a\tb.pdf"));
+  EXPECT_EQ(json["leftOut"][0]["examples"][0]["url"], server.url("a\tb.v.html"));
 }
 
 TEST_F(SiteCommands, HelpAndVersionNeedNoDataFolder) {

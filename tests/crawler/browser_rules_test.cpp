@@ -72,7 +72,7 @@ TEST(BrowserLinkRules, JudgeWhereALinkLeads) {
       {" ./x.y.html#z ", site + "f/x.y.html", LinkReason::none},
       {"../a%7eb/./c\\", site + "a%7eb/c/", LinkReason::none},
       {"HTTPS://H:8080/d/?q=\xC3\xA9", "https://h:8080/d/?q=%C3%A9", LinkReason::none},
-      {"/d/pic.PNG", site + "pic.PNG", LinkReason::foreignExtension},
+      {"/d/pic.PNG", site + "pic.PNG", LinkReason::otherType},
       {"/d/pic.png?page", site + "pic.png?page", LinkReason::none},
       {"/d/v1.2", site + "v1.2", LinkReason::none},
       {"/d/Skip", site + "Skip", LinkReason::filter},

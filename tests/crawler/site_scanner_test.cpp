@@ -246,14 +246,14 @@ TEST(Scan, TellsWhatItLeavesOut) {
   const SiteServer server(
       {{"/dir//robots.txt", {"User-agent: *\nDisallow: /private\n", "text/plain"}},
        {"/dir/index.html",
-        {titled("Start", linkTo("doc.pdf") + linkTo("doc.pdf#2") + linkTo("doc.pdf") + linkTo("a#part") +
-                             linkTo("private/x.html") + linkTo("http://127.0.0.1:1/dir/") +
+        {titled("Start", linkTo("v1.2.html") + linkTo("v1.2.html#2") + linkTo("v1.2.html") +
+                             linkTo("a#part") + linkTo("private/x.html") + linkTo("http://127.0.0.1:1/dir/") +
                              linkTo("http://elsewhere.test/") + linkTo("mailto:") + linkTo("./") +
                              linkTo("../"))}}});
   ScanRun run(server.url("dir/index.html"));
   run.settings.filters = {"unused", "#PART"};
   EXPECT_EQ(leftOutLines(run.scan(), server),
-            "3 by their ending: /dir/doc.pdf</dir/index.html /dir/doc.pdf#2</dir/index.html\n"
+            "3 by their ending: /dir/v1.2.html</dir/index.html /dir/v1.2.html#2</dir/index.html\n"
             "1 by the filter \"#PART\": /dir/a#part</dir/index.html\n"
             "1 by the robots.txt rule \"/private\": /dir/private/x.html</dir/index.html\n"
             "1 to another port: http://127.0.0.1:1/dir/</dir/index.html\n"
@@ -283,11 +283,11 @@ TEST(Scan, TellsWhichPagesItLeavesOut) {
   ScanRun run(server.url());
   run.settings.site.links = store::LinkStyle::browser;
   EXPECT_EQ(leftOutLines(run.scan(), server),
-            "1 by its ending: /i.png</hidden\n"
+
             "1 by the robots.txt rule \"Disallow: /p*\": /private</\n"
             "1 as the site asks not to follow it: /secret</\n"
             "1 as it asks to be left out: /hidden<\n"
-            "1 of another type: /text<\n"
+            "2 of other types: /i.png</hidden /text<\n"
             "1 that leads to another page: /moved<\n"
             "1 that leads out of the site: /away<\n"
             "1 that is the folder's page again: /sub/index.html<\n"
