@@ -29,10 +29,9 @@ PageContents readSimply(platform::HttpAnswer&& answer, const std::stop_token& st
 }
 
 PageContents readAsBrowsers(platform::HttpAnswer&& answer, const std::stop_token& stop) {
-  const platform::Encoding* encoding = platform::pageEncoding(answer.body, answer.contentType).encoding;
-  PageContents contents =
-      readBrowserPage(platform::decodePage(std::move(answer.body), answer.contentType, stop));
-  contents.encoding = encoding;
+  const platform::PageEncoding encoding = platform::pageEncoding(answer.body, answer.contentType);
+  PageContents contents = readBrowserPage(platform::decodePage(std::move(answer.body), encoding, stop));
+  contents.encoding = encoding.encoding;
   applyWishes(robotsWishes(answer.robotsTag), contents);
   return contents;
 }

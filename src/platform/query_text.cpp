@@ -15,6 +15,11 @@ namespace {
 
 constexpr UChar32 kReplacement = 0xFFFD;
 
+/// Whether bytes below 80 mean other characters behind a switch.
+bool hasStates(const Encoding& encoding) {
+  return encoding.form == EncodingForm::multiByte && std::string_view(encoding.converter) == "iso-2022-jp";
+}
+
 /// Where every byte is a character.
 class SingleBytes {
  public:
@@ -37,7 +42,9 @@ class SingleBytes {
 class MultipleBytes {
  public:
   explicit MultipleBytes(const Encoding& encoding)
-      : m_name(encoding.converter), m_isGbk(encoding.form == EncodingForm::gbk) {
+      : m_name(encoding.converter),
+        m_isGbk(encoding.form == EncodingForm::gbk),
+        m_hasStates(hasStates(encoding)) {
     UErrorCode error = U_ZERO_ERROR;
     m_converter.adoptInstead(ucnv_open(encoding.converter, &error));
     ucnv_setFromUCallBack(m_converter.getAlias(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr,
@@ -84,7 +91,7 @@ class MultipleBytes {
 
   const std::string_view m_name;
   const bool m_isGbk;
-  const bool m_hasStates = m_name == "iso-2022-jp";
+  const bool m_hasStates;
   const bool m_isJapanese = m_hasStates || m_name == "windows-31j" || m_name == "euc-jp";
   icu::LocalUConverterPointer m_converter;
   bool m_isThere;
@@ -111,6 +118,9 @@ std::string encoded(std::string_view utf8, Encoder encoder) {
 }  // namespace
 
 std::string encodeQuery(std::string_view utf8, const Encoding& encoding) {
+  // All that do not switch between sets write ASCII as itself, and most queries are nothing else.
+  const bool isAscii = std::all_of(utf8.begin(), utf8.end(), [](char c) { return (c & 0x80) == 0; });
+  if (isAscii && !hasStates(encoding)) return std::string(utf8);
   switch (encoding.form) {
     case EncodingForm::utf8:
     case EncodingForm::utf16:

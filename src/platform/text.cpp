@@ -208,9 +208,13 @@ std::string foldCase(std::string_view utf8) {
 }
 
 std::string decodePage(std::string bytes, std::string_view contentType, std::stop_token stop) {
-  const PageEncoding found = pageEncoding(bytes, contentType);
-  bytes.erase(0, found.markLength);
-  return replaceNuls(decodeBy(*found.encoding, std::move(bytes), stop));
+  const PageEncoding encoding = pageEncoding(bytes, contentType);
+  return decodePage(std::move(bytes), encoding, std::move(stop));
+}
+
+std::string decodePage(std::string bytes, const PageEncoding& encoding, std::stop_token stop) {
+  bytes.erase(0, encoding.markLength);
+  return replaceNuls(decodeBy(*encoding.encoding, std::move(bytes), stop));
 }
 
 std::string decodeUtf8(std::string bytes) {

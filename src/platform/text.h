@@ -23,6 +23,9 @@ std::string foldCase(std::string_view utf8);
 /// A stop ends the work early; what was decoded until then comes back.
 std::string decodePage(std::string bytes, std::string_view contentType, std::stop_token stop = {});
 
+/// Likewise in an encoding that pageEncoding() has found.
+std::string decodePage(std::string bytes, const PageEncoding& encoding, std::stop_token stop = {});
+
 /// What the bytes from 80 on stand for, where one byte is a character; U+FFFD for those that stand for
 /// nothing.
 std::array<char16_t, 128> upperHalf(const Encoding& encoding);
