@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "crawler/site_bounds.h"
 #include "crawler/sitemap_text.h"
 #include "sitemaps/xml_validation.h"
 
@@ -17,14 +18,10 @@ constexpr std::chrono::minutes kTimeout{2};
 
 constexpr int kDeepestIndex = 1;  // one within another
 
-/// Whether both are of one site: with and without "www." and over http or https.
+/// Whether both are on one site's host, in whichever folders.
 bool isSameSite(const web::Url& a, const web::Url& b) {
-  const auto host = [](const web::Url& url) {
-    std::string_view name = url.host().value_or("");
-    if (name.starts_with("www.")) name.remove_prefix(4);
-    return name;
-  };
-  return host(a) == host(b) && a.port() == b.port();
+  const LinkReason reason = SiteBounds(a.href()).judge(platform::splitUri(b.href()));
+  return reason == LinkReason::none || reason == LinkReason::aboveStart;
 }
 
 class Reader {
