@@ -112,8 +112,8 @@ void printSummary(const CliContext& context, const crawler::ScanResult& result, 
   const std::string leftOut = result.leftOut.sentence();
   if (!leftOut.empty()) std::cout << printable(leftOut) << '\n';
   if (result.leftOut.browserRulesMayFindMore()) {
-    std::cout << "There may be pages behind these endings: veskel-cli edit \"" << name
-              << "\" --links browser has them asked for\n";
+    std::cout << "Pages may be behind other endings. To find them: veskel-cli edit \"" << name
+              << "\" --links browser\n";
   }
 }
 
@@ -133,6 +133,7 @@ ExitCode exitCodeOf(const crawler::ScanResult& result, bool signalled, bool read
     case crawler::ScanEnd::failed:
       return exitFileFailure;
     case crawler::ScanEnd::unreachable:
+    case crawler::ScanEnd::forbidden:
       return exitUnreachable;
     case crawler::ScanEnd::cancelled:
       if (signalled) return exitStopped;
@@ -153,6 +154,8 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
   if (result.end == crawler::ScanEnd::unreachable) {
     printError(crawler::kUnreachableTitle);
     printError(std::string(crawler::kUnreachablePrefix) + printable(result.unreachableReason));
+  } else if (result.end == crawler::ScanEnd::forbidden) {
+    printError(std::string(crawler::kForbiddenTitle) + ": " + printable(result.refusal));
   } else if (result.hasCounts() && options.progress != ProgressStyle::json) {
     printSummary(context, result, seconds);
   }

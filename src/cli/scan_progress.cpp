@@ -63,6 +63,8 @@ std::string_view endName(crawler::ScanEnd end) {
       return "failed";
     case crawler::ScanEnd::unreachable:
       return "unreachable";
+    case crawler::ScanEnd::forbidden:
+      return "forbidden";
     case crawler::ScanEnd::busy:
       return "busy";
     case crawler::ScanEnd::unwritable:
@@ -185,6 +187,7 @@ void JsonView::scanFinished(const crawler::ScanResult& result) {
                 {"totalLinks", result.statistics.totalLinks},
                 {"seconds", std::round(secondsSince(m_started) * 1000) / 1000}};
   if (!result.unreachableReason.empty()) event["errorCode"] = result.unreachableReason;
+  if (!result.refusal.empty()) event["refusal"] = result.refusal;
   if (!result.failure.empty()) event["error"] = result.failure;
   for (const sitemaps::FileProblem& problem : result.problems) {
     event["problems"].push_back({{"file", problem.path.native()}, {"error", problem.result.error}});

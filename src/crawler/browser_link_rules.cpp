@@ -56,11 +56,18 @@ BrowserLinkRules::BrowserLinkRules(const ScanSettings& settings, const platform:
 }
 
 std::string BrowserLinkRules::refusal() const {
-  constexpr std::string_view kHowever = ". With robots.txt ignored the site is scanned nevertheless";
+  constexpr std::string_view kHowever = ". With robots.txt ignored it is scanned nevertheless";
   std::size_t rule = 0;
   if (m_robotsUnreachable) return "The server could not tell its robots.txt" + std::string(kHowever);
   if (isAllowed(platform::splitUri(m_start), rule)) return {};
-  return "robots.txt forbids the start page (" + m_robots.group.rules[rule].text + ")" + std::string(kHowever);
+  return "robots.txt forbids the start page (" + m_robots.group.rules[rule].text + ")" +
+         std::string(kHowever);
+}
+
+/// A Crawl-delay is a wish from outside the protocol, and must not make a scan last for weeks.
+std::chrono::milliseconds BrowserLinkRules::interval() const {
+  constexpr std::chrono::milliseconds kLongest = std::chrono::seconds(10);
+  return std::min(m_robots.group.crawlDelay.value_or(std::chrono::milliseconds(0)), kLongest);
 }
 
 bool BrowserLinkRules::isAllowed(const platform::UriParts& address, std::size_t& rule) const {

@@ -19,9 +19,8 @@ namespace crawler {
 
 /// These rules for one site:
 ///  - An address is what a browser makes of it, in its one form and without its fragment.
-///  - The site is what SiteBounds says. A page is what the server says is one; an address that ends as
-///  another
-///    type's is not asked for.
+///  - The site is what SiteBounds says. A page is what the server says is one; an address that ends as files
+///    of another type do is not asked for.
 ///  - A redirect counts as the address that it ends at, and a canonical link likewise; a folder and its index
 ///    page count once where both give the same document.
 class BrowserLinkRules : public LinkRules {
@@ -31,6 +30,7 @@ class BrowserLinkRules : public LinkRules {
 
   std::string startAddress(std::string_view startUrl) const override;
   std::string refusal() const override;
+  std::chrono::milliseconds interval() const override;
   std::vector<std::string> sitemaps() const override { return m_robots.sitemaps; }
   JudgedPage judgePage(std::string_view url, const FetchedPage& page, const PageQueue& known) override;
   void enterPage(std::string_view url, const PageContents& contents) override;

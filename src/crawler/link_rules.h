@@ -1,6 +1,7 @@
 // What a scan asks about links. A set of rules answers, chosen once at the start of a scan.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -76,6 +77,9 @@ class LinkRules {
 
   /// Why the site may not be scanned at all; empty when it may.
   virtual std::string refusal() const { return {}; }
+
+  /// What the site wishes to pass between two requests, as far as the rules heed it.
+  virtual std::chrono::milliseconds interval() const { return {}; }
 
   /// The sitemaps that robots.txt names, as written there.
   virtual std::vector<std::string> sitemaps() const { return {}; }

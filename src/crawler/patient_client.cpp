@@ -46,6 +46,11 @@ HttpAnswer PatientClient::fetch(const HttpRequest& request, std::stop_token stop
   }
 }
 
+void PatientClient::keepInterval(std::chrono::milliseconds interval) {
+  const std::lock_guard lock(m_mutex);
+  m_delay = std::max(m_delay, interval);
+}
+
 /// False when a stop came first.
 bool PatientClient::waitForTurn(Ticket ticket, const std::stop_token& stop) {
   std::unique_lock lock(m_mutex);

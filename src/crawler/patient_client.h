@@ -25,17 +25,15 @@ inline constexpr std::chrono::seconds kLongestPause{60};
 /// Passes requests on to another client, and repeats those that may do better later; what counts is the last
 /// answer.
 ///
-/// - 429 and 503 ask for patience: such a request is repeated up to four times, after what Retry-After says,
-/// or
-///   without one after 1, 2, 4 and 8 seconds. Meanwhile nothing else is asked either. Then requests go out
-///   one at a time, in the order in which they came, so that none is turned down again and again because of
-///   the others; with twenty answers in a row one more at a time is allowed.
+/// - 429 and 503 ask for patience: such a request is repeated up to four times, after what Retry-After says
+///   or else after 1, 2, 4 and 8 seconds. Meanwhile nothing else is asked either. Then requests go out one at
+///   a time, in the order in which they came, so that none is turned down again and again because of the
+///   others; with twenty answers in a row one more at a time is allowed.
 /// - A server that was not reached, closed the connection, failed in its TLS handshake or was silent for too
 ///   long is asked twice more, after 1 and 2 seconds. Where nothing has ever answered, the name is likely to
 ///   be wrong: one that cannot be resolved, or refuses the connection, is not asked again then.
-/// - When three requests in a row were repeated in vain, patience does not help, and 429 and 503 count at
-/// once
-///   until something else is answered. GET and HEAD are counted each by itself: some servers refuse every
+/// - When three requests in a row were repeated in vain, patience does not help: 429 and 503 count at once
+///   until something else is answered. GET and HEAD are counted each by itself, as some servers refuse every
 ///   HEAD.
 ///
 /// Between the starts of two requests passes at least the `delay`. A redirect belongs to the request that led
@@ -51,6 +49,9 @@ class PatientClient : public platform::HttpClient {
 
   /// A stop also ends every wait at once.
   platform::HttpAnswer fetch(const platform::HttpRequest& request, std::stop_token stop) override;
+
+  /// Never makes the delay shorter.
+  void keepInterval(std::chrono::milliseconds interval) override;
 
  private:
   using Time = platform::Clock::Time;
@@ -73,8 +74,6 @@ class PatientClient : public platform::HttpClient {
   platform::HttpClient& m_client;
   platform::Clock& m_clock;
   ScanView& m_view;
-  const std::chrono::milliseconds m_delay;
-
   std::atomic<Ticket> m_tickets = 0;
 
   std::mutex m_mutex;  // guards all below
@@ -83,10 +82,11 @@ class PatientClient : public platform::HttpClient {
   int m_running = 0;
   int m_atOnce = std::numeric_limits<int>::max();  // so many may run
   int m_inARow = 0;                                // answered since that last changed
-  Time m_pauseEnd;                                 // nothing is asked before
-  Time m_delayEnd;                                 // nor before that
-  std::map<platform::HttpMethod, int> m_inVain;    // requests in a row that patience did not help
-  bool m_hasAnswered = false;                      // whatever it was
+  std::chrono::milliseconds m_delay;
+  Time m_pauseEnd;                               // nothing is asked before
+  Time m_delayEnd;                               // nor before that
+  std::map<platform::HttpMethod, int> m_inVain;  // requests in a row that patience did not help
+  bool m_hasAnswered = false;                    // whatever it was
 };
 
 }  // namespace crawler

@@ -190,7 +190,8 @@ void ScanController::scanFinished(const ScanResult& result) {
   unlockControls();
   if (result.hasCounts()) updateAllScanDetails(result);
   // Where nothing was found there is nothing to filter.
-  if (m_reopenFilterDrawer && result.end != ScanEnd::unreachable) m_page.filterDrawer.show();
+  const bool wasScanned = result.end != ScanEnd::unreachable && result.end != ScanEnd::forbidden;
+  if (m_reopenFilterDrawer && wasScanned) m_page.filterDrawer.show();
   if (result.pages->size() > 0) m_links.setPages(result.pages);
   tellEnd(result);
   emit scanned(toQString(result.siteName));
@@ -226,6 +227,10 @@ void ScanController::tellEnd(const ScanResult& result) {
       sentence = tr("\"%1\" could not be reached").arg(site);
       m_sheets.alert(toQString(kUnreachableTitle),
                      toQString(kUnreachablePrefix) + toQString(result.unreachableReason));
+      break;
+    case ScanEnd::forbidden:
+      sentence = tr("\"%1\" may not be scanned").arg(site);
+      m_sheets.alert(toQString(kForbiddenTitle), toQString(result.refusal));
       break;
     case ScanEnd::busy:
       m_sheets.alert(tr("The site \"%1\" is being scanned already.").arg(site));

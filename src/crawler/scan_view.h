@@ -41,6 +41,7 @@ enum class ScanEnd {
   cancelled,    // the user stopped it, or the limit on pages was reached
   failed,       // there was no memory to go on; what could be closed was
   unreachable,  // the start address did not answer with a page
+  forbidden,    // robots.txt keeps scans from the start address, or could not be read
   busy,         // another scan of the same site is running; nothing was touched
   unwritable,   // the documents could not be started, or the folder not be locked
 };
@@ -52,10 +53,11 @@ struct ScanResult {
   ScanProgress progress = {};
   store::ScanStatistics statistics = {};
   std::string unreachableReason = {};  // "404 - Not Found", for ScanEnd::unreachable
+  std::string refusal = {};            // a sentence without its full stop, for ScanEnd::forbidden
   std::string failure = {};            // what happened, for ScanEnd::failed
   bool documentsClosed = false;        // except those among the problems
   LeftOut leftOut = {};
-  std::vector<std::string> sitemapProblems = {};  // of the site's own sitemaps, a sentence each
+  std::vector<std::string> sitemapProblems = {};     // of the site's own sitemaps, a sentence each
   std::vector<store::BrokenPage> brokenPages = {};   // in the order found
   std::shared_ptr<const PageQueue> pages = {};       // all pages known, in the order found; never null
   std::vector<sitemaps::FileProblem> problems = {};  // files that could not be read or written
@@ -115,6 +117,7 @@ std::string waitingText(std::chrono::seconds wait);
 /// The texts of the two alerts, the same in every view.
 inline constexpr std::string_view kUnreachableTitle = "The Site URL Could Not Be Reached";
 inline constexpr std::string_view kUnreachablePrefix = "Error Code: ";
+inline constexpr std::string_view kForbiddenTitle = "The Site May Not Be Scanned";
 inline constexpr std::string_view kLoopingTitle = "There may be an issue with the site you are scanning.";
 inline constexpr std::string_view kLoopingMessage =
     "URL parameters have been found containing multiple ?s which may be invalid.";

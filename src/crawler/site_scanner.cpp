@@ -98,7 +98,7 @@ void SiteScanner::scan() {
   attempt([this] {
     if (connect()) extractLinksFromPage();
   });
-  if (m_result.end != ScanEnd::unreachable) scanFinished();
+  if (m_result.end != ScanEnd::unreachable && m_result.end != ScanEnd::forbidden) scanFinished();
 }
 
 /// Does `work`; where there is no memory for it, or a library is in trouble, the scan counts as failed.
@@ -123,19 +123,25 @@ bool SiteScanner::connect() {
   // A scan that is cancelled while it connects ends like any cancelled one, with its documents closed.
   if (ok || m_terminateScan) {
     m_links = makeLinkRules(m_settings, readRobots());
-    m_result.unreachableReason = m_links->refusal();
-    if (m_result.unreachableReason.empty() || m_terminateScan) {
-      m_uniquePages->append(m_links->startAddress(m_settings.startUrl));
-      m_services.pages.expect((*m_uniquePages)[0]);
-      if (m_settings.site.sitemaps == store::OwnSitemaps::scanned) queueSitemapPages();
-      m_services.view.connectionEstablished();
+    m_result.refusal = m_links->refusal();
+    if (m_result.refusal.empty() || m_terminateScan) {
+      startCrawl();
       return true;
     }
-  } else {
-    m_result.unreachableReason = unreachableReason(siteBaseOf(m_settings.startUrl));
+    m_result.end = ScanEnd::forbidden;
+    return false;
   }
   m_result.end = ScanEnd::unreachable;
+  m_result.unreachableReason = unreachableReason(siteBaseOf(m_settings.startUrl));
   return false;
+}
+
+void SiteScanner::startCrawl() {
+  m_services.client.keepInterval(m_links->interval());
+  m_uniquePages->append(m_links->startAddress(m_settings.startUrl));
+  m_services.pages.expect((*m_uniquePages)[0]);
+  if (m_settings.site.sitemaps == store::OwnSitemaps::scanned) queueSitemapPages();
+  m_services.view.connectionEstablished();
 }
 
 /// The pages that the site's own sitemaps name.

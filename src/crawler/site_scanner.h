@@ -71,6 +71,7 @@ class SiteScanner {
   template <typename Work>
   void attempt(Work work);
   bool connect();
+  void startCrawl();
   void extractLinksFromPage();
   PageStep visit(std::string_view url);
   void askWhetherLooping(std::string_view url);

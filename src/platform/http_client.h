@@ -76,6 +76,10 @@ class HttpClient {
 
   /// Blocks until an answer, a failure or a stop. A stop ends a running exchange at once. Never throws.
   virtual HttpAnswer fetch(const HttpRequest& request, std::stop_token stop) = 0;
+
+  /// From now on at least so long passes between the starts of two requests, over all threads. Only a client
+  /// that paces its requests heeds that.
+  virtual void keepInterval(std::chrono::milliseconds) {}
 };
 
 }  // namespace platform

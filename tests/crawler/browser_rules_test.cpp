@@ -60,7 +60,7 @@ TEST(BrowserLinkRules, JudgeWhereALinkLeads) {
                               .startUrl = "http://www.h:8080/d/index.html",
                               .filters = {"skip"},
                               .bounds = {.link = 60}};
-  BrowserLinkRules rules(settings, {.status = 200, .body = "User-agent: *\nDisallow: /d/private*.html$\n"});
+  BrowserLinkRules rules(settings, {.status = 200, .body = "User-agent: *\nDisallow: /d/private*.html$\nCrawl-delay: 60"});
   rules.enterPage("http://www.h:8080/d/e/p.html", {.base = "../f/"});
   struct Case {
     const char* href;
@@ -91,6 +91,7 @@ TEST(BrowserLinkRules, JudgeWhereALinkLeads) {
     EXPECT_EQ(link.reason, c.reason);
   }
   EXPECT_FALSE(rules.makeAbsolute(std::string(50, 'x')));
+  EXPECT_EQ(rules.interval(), std::chrono::seconds(10));
   PageQueue known;
   known.append("https://h/x");
   EXPECT_FALSE(rules.keyOfNewPage("http://www.h/x", known));
@@ -166,8 +167,8 @@ TEST(BrowserScan, AsksRobotsTxtBeforeAnything) {
     ScanRun run(server.url());
     run.settings.site.links = store::LinkStyle::browser;
     const ScanResult result = run.scan();
-    EXPECT_EQ(result.end, *c.reason == '\0' ? ScanEnd::complete : ScanEnd::unreachable);
-    EXPECT_THAT(result.unreachableReason, HasSubstr(c.reason));
+    EXPECT_EQ(result.end, *c.reason == '\0' ? ScanEnd::complete : ScanEnd::forbidden);
+    EXPECT_THAT(result.refusal, HasSubstr(c.reason));
     run.settings.ignoreRobots = true;
     run.settings.site.sitemaps = store::OwnSitemaps::scanned;
     const ScanResult ignoring = run.scan();

@@ -125,6 +125,13 @@ TEST(PatientClient, KeepsItsDelay) {
   PatientClient client(server, time, view, 1500ms);
   for (int i = 0; i < 3; ++i) static_cast<void>(client.fetch({}, {}));
   EXPECT_EQ(time.takeSlept(), std::vector(2, 1500ms));
+  for (const std::chrono::milliseconds interval : {1000ms, 2000ms}) {
+    client.keepInterval(interval);
+    static_cast<void>(client.fetch({}, {}));
+  }
+  EXPECT_EQ(time.takeSlept(), (std::vector{1500ms, 1500ms}));
+  static_cast<void>(client.fetch({}, {}));
+  EXPECT_EQ(time.takeSlept(), std::vector{2000ms});
 }
 
 /// Wakes whoever sleeps next behind all others.

@@ -283,13 +283,12 @@ TEST(Scan, TellsWhichPagesItLeavesOut) {
   ScanRun run(server.url());
   run.settings.site.links = store::LinkStyle::browser;
   EXPECT_EQ(leftOutLines(run.scan(), server),
-
             "1 by the robots.txt rule \"Disallow: /p*\": /private</\n"
             "1 as the site asks not to follow it: /secret</\n"
             "1 as it asks to be left out: /hidden<\n"
+            "1 that leads out of the site: /away<\n"
             "2 of other types: /i.png</hidden /text<\n"
             "1 that leads to another page: /moved<\n"
-            "1 that leads out of the site: /away<\n"
             "1 that is the folder's page again: /sub/index.html<\n"
             "1 that names another page in its place: /copy<\n");
 }
