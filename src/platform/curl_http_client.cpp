@@ -1,7 +1,5 @@
 #include "platform/curl_http_client.h"
 
-#include <algorithm>
-#include <array>
 #include <atomic>
 #include <map>
 #include <mutex>
@@ -11,27 +9,12 @@
 
 #include <curl/curl.h>
 
-#include "platform/idna.h"
-#include "platform/uri.h"
+#include "platform/curl_connection.h"
 
 namespace platform {
 
 namespace {
 
-// Of one exchange, with its redirects and interim answers, so that endless ones of any kind end.
-constexpr std::size_t kMaxHeaderBytes = 256u << 10;
-// What may come over the wire beyond twice the size allowed for the decoded body: the pages that go with
-// redirects, small chunks, and encodings that add to their content.
-constexpr std::size_t kWireSlack = 1u << 20;
-// An announced length is a claim. More than this is set aside only as the bytes arrive.
-constexpr std::size_t kMaxReserve = 1u << 20;
-// The library rounds to milliseconds.
-constexpr std::chrono::milliseconds kClockSlack{2};
-constexpr long kReceiveBuffer = 64 << 10;
-// Slower counts as silence, or a byte a second would hold a connection for days.
-constexpr long kSilentBytesPerSecond = 100;
-// The library bounds the cookies of one answer but not their sum, and searches them one by one.
-constexpr int kMaxCookies = 1000;
 constexpr unsigned kExchangesPerCookieCheck = 64;
 
 void initializeLibrary() {
@@ -39,408 +22,24 @@ void initializeLibrary() {
   static_cast<void>(initialized);  // without it no handle can be made, and every fetch says so
 }
 
-bool isHttpUrl(std::string_view url) {
-  const UriParts parts = splitUri(url);
-  if (!parts.scheme || parts.host().empty()) return false;
-  std::string scheme(*parts.scheme);
-  std::transform(scheme.begin(), scheme.end(), scheme.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  return scheme == "http" || scheme == "https";
-}
-
-/// What all connections know together: cookies, resolved names and TLS sessions.
-class Share {
- public:
-  Share() : m_handle(curl_share_init()) {
-    curl_share_setopt(m_handle, CURLSHOPT_USERDATA, this);
-    curl_share_setopt(m_handle, CURLSHOPT_LOCKFUNC, &Share::lock);
-    curl_share_setopt(m_handle, CURLSHOPT_UNLOCKFUNC, &Share::unlock);
-    curl_share_setopt(m_handle, CURLSHOPT_SHARE, CURL_LOCK_DATA_COOKIE);
-    curl_share_setopt(m_handle, CURLSHOPT_SHARE, CURL_LOCK_DATA_DNS);
-    curl_share_setopt(m_handle, CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION);
-  }
-  ~Share() { curl_share_cleanup(m_handle); }
-  Share(const Share&) = delete;
-  Share& operator=(const Share&) = delete;
-
-  CURLSH* handle() const { return m_handle; }
-
- private:
-  static void lock(CURL*, curl_lock_data data, curl_lock_access, void* self) {
-    static_cast<Share*>(self)->m_mutexes[data].lock();
-  }
-  static void unlock(CURL*, curl_lock_data data, void* self) {
-    static_cast<Share*>(self)->m_mutexes[data].unlock();
-  }
-
-  CURLSH* m_handle;
-  std::array<std::mutex, CURL_LOCK_DATA_LAST> m_mutexes;
-};
-
-/// One exchange at a time over a kept-alive connection. The multi handle holds that connection, and lets
-/// another thread interrupt the wait for it.
-class Connection {
- public:
-  Connection(const std::string& userAgent, const HttpLimits& limits, const Share& share)
-      : m_easy(curl_easy_init()), m_multi(curl_multi_init()) {
-    if (usable()) configure(userAgent, limits, share);
-  }
-  ~Connection() {
-    curl_easy_cleanup(m_easy);
-    curl_multi_cleanup(m_multi);
-  }
-  Connection(const Connection&) = delete;
-  Connection& operator=(const Connection&) = delete;
-
-  bool usable() const { return m_easy != nullptr && m_multi != nullptr; }
-  HttpAnswer exchange(const HttpRequest& request, const std::stop_token& stop);
-  void dropExcessCookies();
-
- private:
-  enum class Stage {
-    connecting,
-    asked,  // and no status line was understood since
-    headers,
-    afterHeaders,
-  };
-
-  void configure(const std::string& userAgent, const HttpLimits& limits, const Share& share);
-  FetchFailure prepare(const HttpRequest& request);
-  HttpAnswer attempt(const std::stop_token& stop);
-  bool keptConnectionDied() const;
-  FetchFailure transfer(const std::stop_token& stop);
-  FetchFailure outcome();
-  FetchFailure failureOf(CURLcode code) const;
-  bool outgrown() const;
-  HttpAnswer takeAnswer();
-  std::chrono::seconds retryAfter() const;
-  std::string header(const char* name, std::size_t index = 0) const;
-  std::string listHeader(const char* name) const;
-  std::string redirectedTo() const;
-
-  static int beforeRequest(void* self, char*, char*, int, int);
-  static int watch(CURL* easy, curl_infotype kind, char* data, std::size_t size, void* self);
-  static std::size_t receiveHeader(char* data, std::size_t, std::size_t size, void* self);
-  static std::size_t receiveBody(char* data, std::size_t, std::size_t size, void* self);
-  bool append(std::string_view data);
-
-  CURL* m_easy;
-  CURLM* m_multi;
-  std::chrono::milliseconds m_exchangeTimeout{0};
-  // Of the exchange that runs:
-  std::string m_body;
-  std::size_t m_maxBytes = 0;
-  Overflow m_overflow = Overflow::fail;
-  bool (*m_wantsBody)(std::string_view) = nullptr;
-  std::size_t m_headerBytes = 0;
-  std::size_t m_wireBytes = 0;                       // of bodies as they came, with all that frames them
-  std::chrono::steady_clock::time_point m_deadline;  // of the limit for every exchange
-  Stage m_stage = Stage::connecting;
-  bool m_tooLarge = false;
-  bool m_truncated = false;
-};
-
-void Connection::configure(const std::string& userAgent, const HttpLimits& limits, const Share& share) {
-  m_exchangeTimeout = limits.exchangeTimeout;
-  const auto set = [this](CURLoption option, auto value) { curl_easy_setopt(m_easy, option, value); };
-  set(CURLOPT_SHARE, share.handle());
-  set(CURLOPT_COOKIEFILE, "");  // cookies on, none loaded
-  set(CURLOPT_USERAGENT, userAgent.c_str());
-  set(CURLOPT_ACCEPT_ENCODING, "gzip, br");
-  set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
-  set(CURLOPT_HTTP09_ALLOWED, 0L);
-  set(CURLOPT_PATH_AS_IS, 1L);
-  set(CURLOPT_PROTOCOLS_STR, "http,https");
-  set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-  set(CURLOPT_FOLLOWLOCATION, 1L);
-  set(CURLOPT_MAXREDIRS, limits.maxRedirects);
-  set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(limits.connectTimeout.count()));
-  set(CURLOPT_LOW_SPEED_LIMIT, kSilentBytesPerSecond);
-  set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(limits.silenceTimeout.count()));
-  set(CURLOPT_QUICK_EXIT, 1L);  // a stop must not wait for the thread that resolves a name
-  set(CURLOPT_NOSIGNAL, 1L);
-  set(CURLOPT_NOPROGRESS, 1L);
-  set(CURLOPT_BUFFERSIZE, kReceiveBuffer);
-  // The library remembers the trusted certificates it has read only when they come from its bundle alone.
-  // Else it reads them for every connection, some 35 ms each time. Debian's folder holds the same as its
-  // bundle.
-  const char* bundle = nullptr;
-  curl_easy_getinfo(m_easy, CURLINFO_CAINFO, &bundle);
-  if (bundle != nullptr) set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
-  set(CURLOPT_PREREQFUNCTION, &Connection::beforeRequest);
-  set(CURLOPT_PREREQDATA, this);
-  set(CURLOPT_VERBOSE, 1L);
-  set(CURLOPT_DEBUGFUNCTION, &Connection::watch);
-  set(CURLOPT_DEBUGDATA, this);
-  set(CURLOPT_HEADERFUNCTION, &Connection::receiveHeader);
-  set(CURLOPT_HEADERDATA, this);
-  set(CURLOPT_WRITEFUNCTION, &Connection::receiveBody);
-  set(CURLOPT_WRITEDATA, this);
-}
-
-HttpAnswer Connection::exchange(const HttpRequest& request, const std::stop_token& stop) {
-  const FetchFailure refused = prepare(request);
-  if (refused != FetchFailure::none) return {.failure = refused};
-  HttpAnswer answer = attempt(stop);
-  // A server may close a kept connection just when it is used again. The library asks once more by itself,
-  // but counts such cases over all exchanges and lets each sixth fail.
-  if (answer.failure == FetchFailure::connectionClosed && keptConnectionDied()) answer = attempt(stop);
-  return answer;
-}
-
-HttpAnswer Connection::attempt(const std::stop_token& stop) {
-  m_headerBytes = m_wireBytes = 0;
-  m_deadline = std::chrono::steady_clock::now() + m_exchangeTimeout - kClockSlack;
-  m_stage = Stage::connecting;
-  m_tooLarge = m_truncated = false;
-  if (curl_multi_add_handle(m_multi, m_easy) != CURLM_OK) return {.failure = FetchFailure::other};
-  const FetchFailure failure = transfer(stop);
-  HttpAnswer answer = failure == FetchFailure::none ? takeAnswer() : HttpAnswer{.failure = failure};
-  m_body = {};  // an idle connection holds no memory of a body that grew too large
-  // Taken out in the middle of an exchange, the connection is closed and never used again.
-  curl_multi_remove_handle(m_multi, m_easy);
-  return answer;
-}
-
-/// Whether the last attempt used a kept connection, and that brought nothing at all.
-bool Connection::keptConnectionDied() const {
-  long connectionsMade = 0;
-  curl_easy_getinfo(m_easy, CURLINFO_NUM_CONNECTS, &connectionsMade);
-  return connectionsMade == 0 && m_stage == Stage::asked && m_headerBytes == 0;
-}
-
-FetchFailure Connection::prepare(const HttpRequest& request) {
-  const std::string address = requestAddress(withAsciiHost(request.url));
-  if (!isHttpUrl(address)) return FetchFailure::invalidAddress;
-  // The library refuses texts beyond some megabytes; the previous URL would stay.
-  if (curl_easy_setopt(m_easy, CURLOPT_URL, address.c_str()) != CURLE_OK) return FetchFailure::invalidAddress;
-  curl_easy_setopt(m_easy, request.method == HttpMethod::head ? CURLOPT_NOBODY : CURLOPT_HTTPGET, 1L);
-  const bool hasOwnLimit = request.timeout.count() > 0 && request.timeout < m_exchangeTimeout;
-  const auto timeout = hasOwnLimit ? request.timeout : m_exchangeTimeout;
-  curl_easy_setopt(m_easy, CURLOPT_TIMEOUT_MS, static_cast<long>(timeout.count()));
-  curl_easy_setopt(m_easy, CURLOPT_FORBID_REUSE, 0L);
-  m_maxBytes = request.maxBytes;
-  m_overflow = request.overflow;
-  m_wantsBody = request.wantsBody;
-  return FetchFailure::none;
-}
-
-FetchFailure Connection::transfer(const std::stop_token& stop) {
-  const std::stop_callback wake(stop, [this] { curl_multi_wakeup(m_multi); });
-  while (!stop.stop_requested()) {
-    int running = 0;
-    if (curl_multi_perform(m_multi, &running) != CURLM_OK) return FetchFailure::other;
-    if (running == 0) return outcome();
-    if (outgrown()) return FetchFailure::tooLarge;
-    constexpr int kLongestWait = 60'000;  // milliseconds; the library's own timers end it earlier
-    if (curl_multi_poll(m_multi, nullptr, 0, kLongestWait, nullptr) != CURLM_OK) return FetchFailure::other;
-  }
-  return FetchFailure::stopped;
-}
-
-FetchFailure Connection::outcome() {
-  int remaining = 0;
-  const CURLMsg* message = curl_multi_info_read(m_multi, &remaining);
-  if (message == nullptr || message->msg != CURLMSG_DONE) return FetchFailure::other;
-  if (m_truncated) return FetchFailure::none;
-  if (m_tooLarge) return FetchFailure::tooLarge;
-  return failureOf(message->data.result);
-}
-
-FetchFailure Connection::failureOf(CURLcode code) const {
-  switch (code) {
-    case CURLE_OK:
-      // The library takes an end within the headers for an answer without a body.
-      return m_stage == Stage::afterHeaders ? FetchFailure::none : FetchFailure::connectionClosed;
-    case CURLE_UNSUPPORTED_PROTOCOL:
-      // Says both: a scheme that is not to be followed, and an answer in something else than HTTP.
-      return m_stage == Stage::asked ? FetchFailure::connectionClosed : FetchFailure::forbiddenRedirect;
-    case CURLE_URL_MALFORMAT: {
-      long redirects = 0;
-      curl_easy_getinfo(m_easy, CURLINFO_REDIRECT_COUNT, &redirects);
-      return redirects > 0 ? FetchFailure::forbiddenRedirect : FetchFailure::invalidAddress;
-    }
-    case CURLE_COULDNT_RESOLVE_HOST:
-    case CURLE_COULDNT_RESOLVE_PROXY:
-      return FetchFailure::nameNotResolved;
-    case CURLE_COULDNT_CONNECT:
-    case CURLE_PROXY:
-      return FetchFailure::connectionFailed;
-    case CURLE_SSL_CONNECT_ERROR:
-    case CURLE_SSL_CERTPROBLEM:
-    case CURLE_SSL_CIPHER:
-    case CURLE_PEER_FAILED_VERIFICATION:
-    case CURLE_SSL_CRL_BADFILE:
-    case CURLE_SSL_ISSUER_ERROR:
-    case CURLE_SSL_INVALIDCERTSTATUS:
-    case CURLE_SSL_CLIENTCERT:
-      return FetchFailure::tlsFailed;
-    case CURLE_SSL_CACERT_BADFILE:
-      return FetchFailure::noCertificates;
-    case CURLE_OPERATION_TIMEDOUT:
-      return std::chrono::steady_clock::now() > m_deadline ? FetchFailure::tookTooLong
-                                                           : FetchFailure::timedOut;
-    case CURLE_GOT_NOTHING:
-    case CURLE_PARTIAL_FILE:
-    case CURLE_RECV_ERROR:
-    case CURLE_SEND_ERROR:
-    case CURLE_WEIRD_SERVER_REPLY:
-    case CURLE_HTTP2:
-    case CURLE_HTTP2_STREAM:
-      return FetchFailure::connectionClosed;
-    case CURLE_OUT_OF_MEMORY:
-      return FetchFailure::tooLarge;  // also a header line longer than the library takes
-    case CURLE_TOO_MANY_REDIRECTS:
-      return FetchFailure::tooManyRedirects;
-    case CURLE_BAD_CONTENT_ENCODING:
-      return FetchFailure::undecodable;
-    default:
-      return FetchFailure::other;
-  }
-}
-
-/// Whether more came than any body of the allowed size needs: the body of a redirect, which is dropped
-/// unseen, an encoded one that decodes to nothing, or what is said beside a chunk may be endless too.
-bool Connection::outgrown() const {
-  return m_wireBytes > kWireSlack && (m_wireBytes - kWireSlack) / 2 > m_maxBytes;
-}
-
-HttpAnswer Connection::takeAnswer() {
-  long status = 0;
-  curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
-  if (status < 100 || status > 999) return {.failure = FetchFailure::connectionClosed};
-  return {.status = static_cast<int>(status),
-          .contentType = header("Content-Type"),
-          .lastModified = header("Last-Modified"),
-          .robotsTag = listHeader("X-Robots-Tag"),
-          .redirectedTo = redirectedTo(),
-          .body = std::move(m_body),
-          .retryAfter = retryAfter()};
-}
-
-/// The library reads both forms; of a date it tells how far away that is, less than nothing for one that has
-/// passed.
-std::chrono::seconds Connection::retryAfter() const {
-  curl_off_t seconds = 0;
-  curl_easy_getinfo(m_easy, CURLINFO_RETRY_AFTER, &seconds);
-  return std::chrono::seconds(std::max<curl_off_t>(seconds, 0));
-}
-
-std::string Connection::header(const char* name, std::size_t index) const {
-  constexpr int kLastRequest = -1;  // of a redirect chain
-  curl_header* found = nullptr;
-  if (curl_easy_header(m_easy, name, index, CURLH_HEADER, kLastRequest, &found) != CURLHE_OK) return {};
-  return found->value;
-}
-
-/// Servers may write a list as several lines.
-std::string Connection::listHeader(const char* name) const {
-  constexpr std::size_t kMostLines = 16;
-  std::string list = header(name);
-  for (std::size_t i = 1; i < kMostLines && !list.empty(); ++i) {
-    const std::string more = header(name, i);
-    if (more.empty()) break;
-    list.append(", ").append(more);
-  }
-  return list;
-}
-
-std::string Connection::redirectedTo() const {
-  long redirects = 0;
-  const char* address = nullptr;
-  curl_easy_getinfo(m_easy, CURLINFO_REDIRECT_COUNT, &redirects);
-  curl_easy_getinfo(m_easy, CURLINFO_EFFECTIVE_URL, &address);
-  return redirects > 0 && address != nullptr ? address : std::string();
-}
-
-int Connection::beforeRequest(void* self, char*, char*, int, int) {
-  static_cast<Connection*>(self)->m_stage = Stage::asked;
-  return CURL_PREREQFUNC_OK;
-}
-
-/// Told of the library's doings. It drops what comes behind an answer and has been read with it, and keeps
-/// the connection, where the rest would be taken for the next answer.
-int Connection::watch(CURL* easy, curl_infotype kind, char* data, std::size_t size, void* self) {
-  const std::string_view text(data, size);
-  if (kind == CURLINFO_DATA_IN) static_cast<Connection*>(self)->m_wireBytes += size;
-  if (kind == CURLINFO_TEXT && (text.starts_with("Excess found") || text.starts_with("Leftovers after"))) {
-    curl_easy_setopt(easy, CURLOPT_FORBID_REUSE, 1L);
-  }
-  return 0;
-}
-
-std::size_t Connection::receiveHeader(char* data, std::size_t, std::size_t size, void* self) {
-  auto& connection = *static_cast<Connection*>(self);
-  const std::string_view line(data, size);
-  if (line.starts_with("HTTP/")) connection.m_stage = Stage::headers;
-  if (line == "\r\n" || line == "\n") connection.m_stage = Stage::afterHeaders;
-  connection.m_headerBytes += size;
-  if (connection.m_headerBytes <= kMaxHeaderBytes) return size;
-  connection.m_tooLarge = true;
-  return CURL_WRITEFUNC_ERROR;
-}
-
-std::size_t Connection::receiveBody(char* data, std::size_t, std::size_t size, void* self) {
-  auto& connection = *static_cast<Connection*>(self);
-  try {
-    if (connection.append({data, size})) return size;
-  } catch (const std::bad_alloc&) {  // must not pass through the library's frames
-    connection.m_tooLarge = true;
-  }
-  return CURL_WRITEFUNC_ERROR;
-}
-
-/// False when no more of the body is to come.
-bool Connection::append(std::string_view data) {
-  if (m_body.empty()) {
-    m_truncated = m_wantsBody != nullptr && !m_wantsBody(header("Content-Type"));
-    if (m_truncated) return false;
-    curl_off_t announced = 0;
-    curl_easy_getinfo(m_easy, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
-    if (announced > 0)
-      m_body.reserve(std::min({static_cast<std::size_t>(announced), m_maxBytes, kMaxReserve}));
-  }
-  const std::size_t room = m_maxBytes - m_body.size();
-  if (data.size() <= room) {
-    m_body.append(data);
-    return true;
-  }
-  if (m_overflow == Overflow::truncate) {
-    m_body.append(data.substr(0, room));
-    m_truncated = true;
-  } else {
-    m_tooLarge = true;
-  }
-  return false;
-}
-
-void Connection::dropExcessCookies() {
-  curl_slist* cookies = nullptr;
-  curl_easy_getinfo(m_easy, CURLINFO_COOKIELIST, &cookies);
-  int count = 0;
-  for (const curl_slist* cookie = cookies; cookie != nullptr; cookie = cookie->next) ++count;
-  curl_slist_free_all(cookies);
-  if (count > kMaxCookies) curl_easy_setopt(m_easy, CURLOPT_COOKIELIST, "ALL");  // removes them
-}
-
 }  // namespace
 
 struct CurlHttpClient::Impl {
-  std::unique_ptr<Connection> borrow(HttpMethod method) {
+  std::unique_ptr<CurlConnection> borrow(HttpMethod method) {
     {
       const std::lock_guard lock(mutex);
-      std::vector<std::unique_ptr<Connection>>& free = idle[method];
+      std::vector<std::unique_ptr<CurlConnection>>& free = idle[method];
       if (!free.empty()) {
         // The one returned last: its connection is the least likely to have been closed by the server.
-        std::unique_ptr<Connection> connection = std::move(free.back());
+        std::unique_ptr<CurlConnection> connection = std::move(free.back());
         free.pop_back();
         return connection;
       }
     }
-    return std::make_unique<Connection>(userAgent, limits, share);
+    return std::make_unique<CurlConnection>(userAgent, limits, share);
   }
 
-  void giveBack(HttpMethod method, std::unique_ptr<Connection> connection) {
+  void giveBack(HttpMethod method, std::unique_ptr<CurlConnection> connection) {
     if (exchanges.fetch_add(1) % kExchangesPerCookieCheck == 0) connection->dropExcessCookies();
     const std::lock_guard lock(mutex);
     idle[method].push_back(std::move(connection));
@@ -448,11 +47,11 @@ struct CurlHttpClient::Impl {
 
   std::string userAgent;
   HttpLimits limits;
-  Share share;
+  CurlShare share;
   std::atomic<unsigned> exchanges = 0;
   std::mutex mutex;
   // Some servers send a body after a HEAD, perhaps late: it must not be taken for the answer to a GET.
-  std::map<HttpMethod, std::vector<std::unique_ptr<Connection>>> idle;  // guarded by mutex; uses share
+  std::map<HttpMethod, std::vector<std::unique_ptr<CurlConnection>>> idle;  // guarded by mutex; uses share
 };
 
 CurlHttpClient::CurlHttpClient(std::string userAgent, HttpLimits limits) {
@@ -467,7 +66,7 @@ CurlHttpClient::~CurlHttpClient() = default;
 HttpAnswer CurlHttpClient::fetch(const HttpRequest& request, std::stop_token stop) {
   if (stop.stop_requested()) return {.failure = FetchFailure::stopped};
   try {
-    std::unique_ptr<Connection> connection = m_impl->borrow(request.method);
+    std::unique_ptr<CurlConnection> connection = m_impl->borrow(request.method);
     if (!connection->usable()) return {.failure = FetchFailure::other};
     HttpAnswer answer = connection->exchange(request, stop);
     m_impl->giveBack(request.method, std::move(connection));
