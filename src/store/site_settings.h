@@ -40,8 +40,9 @@ enum class OwnSitemaps {
 struct SiteSettings {
   LinkStyle links = LinkStyle::simple;
   OwnSitemaps sitemaps = OwnSitemaps::passedOver;
-  int maxPages = 0;                    // a scan stops as if cancelled after so many; 0: no limit
-  int connections = 6;                 // pages fetched at the same time
+  int maxPages = 0;     // a scan stops as if cancelled after so many; 0: no limit
+  int levels = 0;       // the most links from the start page to one that is scanned; 0: no limit
+  int connections = 6;  // pages fetched at the same time
   std::chrono::milliseconds delay{0};  // at least so long between the starts of two requests
 
   bool operator==(const SiteSettings&) const = default;
@@ -118,6 +119,10 @@ inline constexpr std::array kSiteSettings = {
                  .caption = "Most &pages",
                  .help = "A scan stops after so many pages",
                  .value = WholeNumber{.member = &SiteSettings::maxPages, .leastMeans = "no limit"}},
+    SettingField{.key = "levels",
+                 .caption = "Deepest le&vel",
+                 .help = "Pages up to so many links away from the start page are scanned",
+                 .value = WholeNumber{.member = &SiteSettings::levels, .leastMeans = "no limit"}},
     SettingField{.key = "connections",
                  .caption = "&Connections",
                  .help = "So many pages are fetched at the same time",
