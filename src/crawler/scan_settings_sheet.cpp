@@ -4,7 +4,6 @@
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -13,6 +12,7 @@
 #include <cstddef>
 
 #include "platform/qt_text.h"
+#include "store/setting_row.h"
 
 namespace crawler {
 
@@ -43,19 +43,7 @@ ScanSettingsSheet::ScanSettingsSheet(QWidget* parent) : QDialog(parent) {
 
 void ScanSettingsSheet::addRow(QFormLayout& form, const store::SettingField& field) {
   Control control = std::visit([this](const auto& kind) { return makeControl(kind); }, field.value);
-  const QString caption = toQString(field.caption);
-  const QString help = toQString(field.help);
-  control.widget->setObjectName(toQString(field.key));
-  control.widget->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
-  control.widget->setAccessibleDescription(help);
-  auto* label = new QLabel(caption);
-  label->setBuddy(control.widget);
-  form.addRow(label, control.widget);
-  auto* explanation = new QLabel(help);
-  QFont quiet = font();
-  quiet.setPointSizeF(quiet.pointSizeF() * 0.9);
-  explanation->setFont(quiet);
-  form.setWidget(form.rowCount(), QFormLayout::FieldRole, explanation);
+  store::addSettingRow(form, field, *control.widget);
   m_controls.push_back(std::move(control));
 }
 

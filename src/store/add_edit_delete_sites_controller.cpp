@@ -1,5 +1,6 @@
 #include "store/add_edit_delete_sites_controller.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
@@ -7,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt_text.h"
+#include "store/setting_row.h"
 #include "store/site_input.h"
 #include "store/site_record.h"
 
@@ -19,6 +21,8 @@ using platform::toUtf8;
 
 constexpr int kFieldWidth = 360;
 
+constexpr const Choice& kLinks = std::get<Choice>(kLinksSetting.value);
+
 }  // namespace
 
 AddEditDeleteSitesController::AddEditDeleteSitesController(QMainWindow& mainWindow,
@@ -28,6 +32,7 @@ AddEditDeleteSitesController::AddEditDeleteSitesController(QMainWindow& mainWind
                                                            const SharedState& state)
     : m_sheets(sheets),
       m_controls(controls),
+      m_stateFolder(stateFolder),
       m_state(state),
       m_sites(controls, stateFolder),
       m_aedWindow(&mainWindow),
@@ -47,6 +52,8 @@ void AddEditDeleteSitesController::buildSheet() {
   m_siteURL->setAccessibleName(tr("Site URL"));
   m_siteURL->setPlaceholderText(QStringLiteral("http://www.example.com/"));
   m_siteURL->setMinimumWidth(kFieldWidth);
+  m_links = new QComboBox;
+  for (const Choice::Option& option : kLinkStyles) m_links->addItem(toQString(option.caption));
   m_defaultButton = new QPushButton;
   m_defaultButton->setObjectName(QStringLiteral("defaultButton"));
   m_defaultButton->setDefault(true);
@@ -57,6 +64,7 @@ void AddEditDeleteSitesController::buildSheet() {
   auto* fields = new QFormLayout;
   fields->addRow(tr("Site &name"), m_siteName);
   fields->addRow(tr("Site &URL"), m_siteURL);
+  addSettingRow(*fields, kLinksSetting, *m_links);
   auto* buttons = new QDialogButtonBox;  // knows the desktop's order
   buttons->addButton(m_defaultButton, QDialogButtonBox::AcceptRole);
   buttons->addButton(m_alternateButton, QDialogButtonBox::RejectRole);
@@ -94,6 +102,9 @@ void AddEditDeleteSitesController::editSiteStart() {
   m_siteName->setText(toQString(m_originalName));
   m_siteURL->setText(toQString(recordValue(record.text, kSiteUrl).value_or("")));
   m_siteURL->setCursorPosition(0);  // of a long one the host tells more than the end
+  const StoredSettings stored = readSettings(m_stateFolder, m_originalName);
+  if (!stored.problems.empty()) emit report(toQString(stored.allProblems()));
+  showLinks(stored.settings.links);
   showSheet(tr("Edit Site"), tr("Save Changes"));
 }
 
@@ -103,6 +114,11 @@ void AddEditDeleteSitesController::showSheet(const QString& title, const QString
   m_alternateButton->setText(tr("Cancel"));
   m_siteName->setFocus();
   m_sheets.show(m_aedWindow);
+}
+
+void AddEditDeleteSitesController::showLinks(LinkStyle links) {
+  m_shownLinks = links;
+  m_links->setCurrentIndex(static_cast<int>(kLinks.get({.links = links})));
 }
 
 void AddEditDeleteSitesController::defaultAction() {
@@ -130,9 +146,7 @@ void AddEditDeleteSitesController::createNewSite(const std::string& passedSiteNa
   const SaveResult result = m_sites.createNewSite(passedSiteName, passedSiteURL);
   if (result.outcome == SaveOutcome::nameTaken) return m_sheetsOfSheet.alert(toQString(kCreateNameTaken));
   if (!tellUnlessSaved(m_sheetsOfSheet, tr("Could not write"), passedSiteName, result)) return;
-  reportDone(tr("Added \"%1\"").arg(toQString(passedSiteName)), result);
-  resetAndClose();
-  emit siteNamed(toQString(passedSiteName));
+  finishSaving(tr("Added \"%1\"").arg(toQString(passedSiteName)), passedSiteName, result);
 }
 
 void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
@@ -145,13 +159,30 @@ void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
       why = tr("Could not save %1: %2").arg(toQString(result.path.native()), toQString(result.file.error));
     }
     m_sheets.alert(toQString(renameNameTaken(passedName)), why);
+    resetAndClose();
   } else if (tellUnlessSaved(m_sheetsOfSheet, tr("Could not save"), m_originalName, result)) {
-    reportDone(tr("Saved \"%1\"").arg(toQString(passedName)), result);
-  } else {
-    return;
+    finishSaving(tr("Saved \"%1\"").arg(toQString(passedName)), passedName, result);
+  }
+}
+
+/// The rest, once the site has its record under its name: its links go into the settings there.
+void AddEditDeleteSitesController::finishSaving(const QString& sentence, const std::string& siteName,
+                                                const SaveResult& result) {
+  reportDone(sentence, result);
+  if (const platform::FileResult links = saveLinks(siteName); !links.ok()) {
+    tellFailure(m_sheets, tr("Could not save"), settingsFile(m_stateFolder, siteName), links);
   }
   resetAndClose();
-  if (result.outcome == SaveOutcome::saved) emit siteNamed(toQString(passedName));
+  emit siteNamed(toQString(siteName));
+}
+
+/// Only where they were changed here: somebody else may have done so meanwhile.
+platform::FileResult AddEditDeleteSitesController::saveLinks(const std::string& siteName) {
+  SiteSettings chosen;
+  kLinks.set(chosen, static_cast<std::size_t>(m_links->currentIndex()));
+  if (chosen.links == m_shownLinks) return {};
+  return changeSettings(m_controls, m_stateFolder, siteName,
+                        [&](SiteSettings& settings) { settings.links = chosen.links; });
 }
 
 void AddEditDeleteSitesController::deleteSite() {
@@ -175,6 +206,7 @@ void AddEditDeleteSitesController::resetAndClose() {
   m_calledBy.clear();
   m_siteName->clear();
   m_siteURL->clear();
+  showLinks(SiteSettings().links);
   m_sheets.close(m_aedWindow);
   m_siteName->setFocus();  // the next sheet starts with the name
   emit sitesChanged();

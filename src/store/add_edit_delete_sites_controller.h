@@ -11,8 +11,10 @@
 #include "store/add_edit_delete_sites.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
+#include "store/site_settings.h"
 #include "store/state_folder.h"
 
+class QComboBox;
 class QLineEdit;
 class QPushButton;
 
@@ -48,9 +50,12 @@ class AddEditDeleteSitesController : public QObject {
   void editSiteStart();
   void defaultAction();
   void alternateAction();
+  void showLinks(LinkStyle links);
   void checkInputIsOK();
   void createNewSite(const std::string& passedSiteName, const std::string& passedSiteURL);
   void saveEditedSite(const std::string& passedName, const std::string& passedURL);
+  platform::FileResult saveLinks(const std::string& siteName);
+  void finishSaving(const QString& sentence, const std::string& siteName, const SaveResult& result);
   void sheetDidEndShouldDelete(bool deleteIt, const std::string& name);
   void resetAndClose();
   bool tellUnlessSaved(platform::SheetQueue& sheets, const QString& what, const std::string& name,
@@ -61,6 +66,7 @@ class AddEditDeleteSitesController : public QObject {
 
   platform::SheetQueue& m_sheets;
   const GlobalControls& m_controls;
+  const StateFolder& m_stateFolder;
   const SharedState& m_state;
   AddEditDeleteSites m_sites;
 
@@ -68,11 +74,13 @@ class AddEditDeleteSitesController : public QObject {
   platform::SheetQueue m_sheetsOfSheet;
   QLineEdit* m_siteName = nullptr;
   QLineEdit* m_siteURL = nullptr;
+  QComboBox* m_links = nullptr;
   QPushButton* m_defaultButton = nullptr;
   QPushButton* m_alternateButton = nullptr;
 
   std::string m_calledBy;      // "addNewSite" or "editSite"
   std::string m_originalName;  // of the site that is edited
+  LinkStyle m_shownLinks{};    // before its user chose others
 };
 
 }  // namespace store

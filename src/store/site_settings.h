@@ -105,12 +105,15 @@ inline constexpr std::array kLinkStyles = {Choice::Option{"simple", "Simple"},
 inline constexpr std::array kOwnSitemaps = {Choice::Option{"no", "Passed over"},
                                             Choice::Option{"yes", "Their pages are scanned, too"}};
 
+inline constexpr SettingField kLinksSetting = {
+    .key = "links",
+    .caption = "&Links",
+    .help = "As browsers do, every page is found that a browser reaches",
+    .value = Choice::of<&SiteSettings::links>(kLinkStyles)};
+
 /// The table of settings, in the order in which they are shown.
 inline constexpr std::array kSiteSettings = {
-    SettingField{.key = "links",
-                 .caption = "&Links",
-                 .help = "As browsers do, every page is found that a browser reaches",
-                 .value = Choice::of<&SiteSettings::links>(kLinkStyles)},
+    kLinksSetting,
     SettingField{.key = "sitemaps",
                  .caption = "Its &sitemaps",
                  .help = "The sitemaps that the site has already may name pages to which no link leads",

@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/qt_text.h"
 #include "store/site_record.h"
+#include "store/site_settings.h"
 #include "window_test.h"
 
 namespace window_tests {
@@ -21,6 +22,7 @@ struct Editor {
   bool isUp() const { return sheet != nullptr; }
   QLineEdit& name() const { return platform::control<QLineEdit>(*sheet, "aedSiteName"); }
   QLineEdit& url() const { return platform::control<QLineEdit>(*sheet, "aedSiteURL"); }
+  QComboBox& links() const { return platform::control<QComboBox>(*sheet, "links"); }
   QPushButton& button(const char* which) const { return platform::control<QPushButton>(*sheet, which); }
 
   /// Fills in both fields and confirms.
@@ -99,6 +101,50 @@ class SiteEditorTest : public QObject {
                                           "</siteName>\n<siteURL>https://shop.test/start.php</siteURL>\n"));
     QVERIFY(desk.reasons.savedAt(name));
     QVERIFY(desk.nothingSelected());
+  }
+
+  void choosesHowLinksAreFollowed() {
+    Desk desk;
+    desk.openShop();
+    const auto links = [&](const std::string& name) {
+      return store::readSettings(desk.stateFolder, name).settings.links;
+    };
+    const QString other = QStringLiteral("Store");
+    {
+      const Editor editor = edit(desk, kShop);
+      QVERIFY(editor.isUp() && editor.links().currentIndex() == 0);
+      editor.links().setCurrentIndex(1);
+      QVERIFY(editor.submit(other, kAddress) && noSheetLeft());
+      QVERIFY(links("Store") == store::LinkStyle::browser);
+    }
+    // A rename alone leaves the choice as it is, also that of somebody else meanwhile.
+    {
+      const Editor editor = edit(desk, other);
+      QVERIFY(editor.links().currentIndex() == 1);
+      const auto simple = [](auto& settings) { settings.links = store::LinkStyle::simple; };
+      QVERIFY(store::changeSettings(desk.controls, desk.stateFolder, "Store", simple).ok());
+      QVERIFY(editor.submit(kShop, kAddress) && noSheetLeft());
+      QVERIFY(links("Shop") == store::LinkStyle::simple);
+    }
+    QVERIFY(desk.click("addSiteButton"));
+    {
+      const Editor editor;
+      QVERIFY(editor.links().currentIndex() == 0);  // of a new site, whatever the other one had
+      editor.links().setCurrentIndex(1);
+      QVERIFY(editor.submit(other, kAddress) && noSheetLeft());
+      QVERIFY(links("Store") == store::LinkStyle::browser);
+    }
+    // What cannot be kept is told.
+    std::filesystem::remove_all(desk.stateFolder.ofSite("Store"));
+    desk.writeFile("Store", "in the way", "");
+    std::filesystem::rename(desk.controls.siteFolder("Store") / "in the way",
+                            desk.stateFolder.ofSite("Store"));
+    const Editor editor = edit(desk, other);
+    editor.links().setCurrentIndex(1);
+    QVERIFY(click(editor.button("defaultButton")));
+    QMessageBox* alert = qobject_cast<QMessageBox*>(sheetNamed({}));
+    QVERIFY(alert && alert->text().startsWith(QLatin1String("Could not save ")));
+    QVERIFY(answer(alert, kOk));
   }
 
   /// The other site gets the address. When it cannot get it, that is told.
