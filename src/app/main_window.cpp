@@ -116,6 +116,8 @@ void MainWindow::makeControllers() {
   connect(m_xmlView.get(), &xml_editor::XMLViewController::report, this, report);
   connect(m_filters.get(), &crawler::FilterController::report, this, report);
   connect(m_scanSettings.get(), &crawler::ScanSettingsController::report, this, report);
+  connect(m_scanSettings.get(), &crawler::ScanSettingsController::saved, m_scan.get(),
+          &crawler::ScanController::settingsChanged);
   connect(m_export.get(), &ui::ExportController::report, this, report);
   connect(m_export.get(), &ui::ExportController::saveFolderChanged, this, &MainWindow::rememberPlace);
 }

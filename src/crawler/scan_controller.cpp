@@ -40,6 +40,7 @@ ScanController::ScanController(QMainWindow& mainWindow, platform::SheetQueue& sh
       m_reasons(stateFolder),
       m_state(state),
       m_page{mainWindow},
+      m_notice(mainWindow, sheets, controls, stateFolder),
       m_establishConnectionSheet(&mainWindow, "establishConnectionSheet", "ecsPBar",
                                  WaitingSheet::GiveUp::offered),
       m_scanCustomAlertPanel(&mainWindow),
@@ -47,6 +48,7 @@ ScanController::ScanController(QMainWindow& mainWindow, platform::SheetQueue& sh
       m_questions(mainWindow) {
   m_endAlertPanel.setText(tr("Finishing the sitemaps..."));
   m_page.scannedLinksViewer.setModel(&m_links);
+  connect(&m_notice, &ScanNotice::report, this, &ScanController::report);
   connect(&m_view, &CoalescingView::news, this, &ScanController::onNews);
   connect(&m_establishConnectionSheet, &WaitingSheet::givenUp, this, &ScanController::cancelScan);
   connect(&m_scanCustomAlertPanel, &ProgressSheet::cancelled, this, &ScanController::cancelScan);
@@ -87,9 +89,7 @@ void ScanController::cancelScan() {
 
 void ScanController::forgetLastScan() {
   m_links.clear();
-  m_notices.clear();
-  m_page.scanNotice.clear();
-  m_page.scanNotice.hide();
+  m_notice.clear();
 }
 
 void ScanController::askToStop(std::function<void()> quit) {
@@ -151,7 +151,7 @@ void ScanController::scanMayNotEnd(const EndlessHint& hint) {
   if (!hint.filter.empty()) {
     text += tr("\nThe filter \"%1\" keeps such addresses out.").arg(toQString(hint.filter));
   }
-  addNotice(text);
+  m_notice.add(text);
 }
 
 void ScanController::waiting(std::chrono::seconds wait) {
@@ -250,22 +250,14 @@ void ScanController::tellEnd(const ScanResult& result) {
     sentence += tr(". What was left out could not be kept: %1").arg(toQString(result.leftOutKept.error));
   }
   if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
-  for (const std::string& problem : result.sitemapProblems) addNotice(toQString(problem));
+  for (const std::string& problem : result.sitemapProblems) m_notice.add(toQString(problem));
   if (result.leftOut.mayMissPages()) {
     const QString leftOut = toQString(result.leftOut.sentence());
-    const bool mayFindMore = result.leftOut.browserRulesMayFindMore();
-    addNotice(mayFindMore
-                  ? tr("%1 Links as browsers do (Scan Settings) finds pages behind any ending.").arg(leftOut)
-                  : leftOut);
+    m_notice.add(leftOut);
+    if (result.leftOut.browserRulesMayFindMore()) m_notice.offerBrowserRules(result.siteName);
     sentence += tr(". %1").arg(leftOut);
   }
   emit report(sentence);
-}
-
-void ScanController::addNotice(const QString& text) {
-  m_notices.append(text);
-  m_page.scanNotice.setText(m_notices.join(QLatin1Char('\n')));
-  m_page.scanNotice.show();
 }
 
 void ScanController::lockControls() {

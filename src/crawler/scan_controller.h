@@ -5,7 +5,6 @@
 #include <QMainWindow>
 #include <QObject>
 #include <QPointer>
-#include <QStringList>
 #include <array>
 #include <functional>
 #include <memory>
@@ -15,6 +14,7 @@
 #include "crawler/coalescing_view.h"
 #include "crawler/link_list_model.h"
 #include "crawler/scan_controls.h"
+#include "crawler/scan_notice.h"
 #include "crawler/scan_sheets.h"
 #include "platform/sheet_queue.h"
 #include "store/broken_reasons.h"
@@ -44,6 +44,9 @@ class ScanController : public QObject, private ScanView {
 
   /// Empties the list of links and takes the notice away: both belong to the site scanned last.
   void forgetLastScan();
+
+  /// Has the notice follow the site's settings.
+  void settingsChanged() { m_notice.refresh(); }
 
   bool isScanning() const { return m_scan != nullptr; }
 
@@ -75,7 +78,6 @@ class ScanController : public QObject, private ScanView {
   void endStopAlert() { m_sheets.close(m_endAlertPanel); }
   void updateAllScanDetails(const ScanResult& result);
   void tellEnd(const ScanResult& result);
-  void addNotice(const QString& text);
   void lockControls();
   void unlockControls();
 
@@ -86,6 +88,7 @@ class ScanController : public QObject, private ScanView {
   const store::BrokenReasons m_reasons;
   store::SharedState& m_state;
   ScanControls m_page;
+  ScanNotice m_notice;
 
   WaitingSheet m_establishConnectionSheet;
   ProgressSheet m_scanCustomAlertPanel;
@@ -95,7 +98,6 @@ class ScanController : public QObject, private ScanView {
   CoalescingView m_view;
   QString m_waitingText;  // of the pause that lasts until then
   QDeadlineTimer m_waitingUntil;
-  QStringList m_notices;       // of the last scan
   QString m_settingsProblems;  // what of the site's settings was ignored
   bool m_ignoreRobots = false;
   bool m_reopenFilterDrawer = false;

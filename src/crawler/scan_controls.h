@@ -25,7 +25,6 @@ struct ScanControls {
   QLabel& totalLinksFound = platform::control<QLabel>(window, "totalLinksFound");
   QLabel& brokenLinks = platform::control<QLabel>(window, "brokenLinks");
   QPushButton& brokenLinksButton = platform::control<QPushButton>(window, "brokenLinksButton");
-  QLabel& scanNotice = platform::control<QLabel>(window, "scanNotice");
   QListView& scannedLinksViewer = platform::control<QListView>(window, "scannedLinksViewer");
   QDockWidget& filterDrawer = platform::control<QDockWidget>(window, "filterDrawer");
 

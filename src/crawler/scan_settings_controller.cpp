@@ -33,13 +33,14 @@ void ScanSettingsController::showSheet() {
 }
 
 void ScanSettingsController::save() {
-  const platform::FileResult saved = store::changeSettings(
+  const platform::FileResult result = store::changeSettings(
       m_controls, m_stateFolder, m_siteName, [this](auto& settings) { m_sheet.applyChanges(settings); });
-  if (!saved.ok()) {
-    m_sheetsOfSheet.alert(tr("The settings could not be saved."), toQString(saved.error));
+  if (!result.ok()) {
+    m_sheetsOfSheet.alert(tr("The settings could not be saved."), toQString(result.error));
     return;
   }
   m_sheets.close(m_sheet);
+  emit saved();
   emit report(tr("Saved the scan settings of \"%1\"").arg(toQString(m_siteName)));
 }
 

@@ -24,6 +24,8 @@ class ScanSettingsController : public QObject {
                          const store::SharedState& state);
 
  signals:
+  /// The site in hand may be scanned otherwise from now on.
+  void saved();
   void report(const QString& sentence);
 
  private:

@@ -61,7 +61,6 @@ void ScanViewController::buildSitePage() {
   prominent.setBold(true);
   m_view.scanSiteButton.setFont(prominent);
   m_view.scannedLinksViewer.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  m_view.scanNotice.hide();
   m_view.filterDrawer.hide();
   // A hidden button keeps its place, so that nothing moves when it comes and goes.
   QSizePolicy policy = m_view.brokenLinksButton.sizePolicy();

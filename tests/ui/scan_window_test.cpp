@@ -104,6 +104,44 @@ class ScanWindowTest : public QObject {
     }
   }
 
+  void followsLinksAsBrowsersDoFromTheNotice() {
+    const SiteServer server({{"/", page("Start", {"ch01.en.html", "b.html"})},
+                             {"/ch01.en.html", page("One", {})},
+                             {"/b.html", page("B", {})}});
+    Desk desk;
+    desk.makeSite("Blog", "http://blog.test/");
+    desk.openShop(server.url());
+    const auto& button = desk.control<QPushButton>("followLinksButton");
+    QVERIFY(!button.isVisible() && scan(desk));
+    QVERIFY(button.isVisible());
+    QVERIFY(desk.select(QStringLiteral("Blog")));
+    QVERIFY(!button.isVisible());
+    QVERIFY(desk.select(kShop) && scan(desk));
+    {
+      const platform::FolderLock scanned(desk.controls.siteFolder("Shop"));
+      QVERIFY(desk.click("followLinksButton"));
+      QVERIFY(answer(message(QStringLiteral("The settings could not be saved.")), kOk));
+      QVERIFY(button.isVisible());
+    }
+    QVERIFY(desk.click("followLinksButton"));
+    QVERIFY(!button.isVisible());
+    QCOMPARE(desk.status(),
+             QStringLiteral("Links of \"Shop\" are followed as browsers do from the next scan on"));
+    // What was chosen there can be taken back in the sheet, and the notice knows.
+    desk.control<QAction>("scanSettingsMI").trigger();
+    QDialog* sheet = sheetNamed(QStringLiteral("scanSettingsSheet"));
+    QVERIFY(sheet);
+    auto& links = platform::control<QComboBox>(*sheet, "links");
+    QCOMPARE(links.currentIndex(), 1);
+    links.setCurrentIndex(0);
+    QVERIFY(answer(sheet, QStringLiteral("Save")) && button.isVisible());
+    QVERIFY(desk.click("followLinksButton"));
+    QTest::keyClick(&desk.control<QPushButton>("scanSiteButton"), Qt::Key_Space);
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
+    QCOMPARE(desk.label("pagesFound"), QStringLiteral("3"));
+    QVERIFY(!button.isVisible());
+  }
+
   void stopsInMidPageAndWhileConnecting() {
     for (const auto& [slow, sheetName, found] :
          {std::tuple("/b.html", kProgress, "5"), std::tuple("/", kConnecting, "1")}) {
