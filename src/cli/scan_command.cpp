@@ -185,8 +185,7 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   platform::CurlHttpClient network("Veskel/" VESKEL_VERSION);
   const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
   crawler::PatientClient client(network, clock, *view, settings->site.delay);
-  crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site),
-                                crawler::readingFor(settings->site));
+  crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site), crawler::readingFor(*settings));
   crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons, &context.state},
                                *std::move(settings));
   view->setScanner(scanner);

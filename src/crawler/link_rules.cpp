@@ -5,6 +5,7 @@
 #include "crawler/browser_link_rules.h"
 #include "crawler/robots.h"
 #include "crawler/simple_link_rules.h"
+#include "crawler/site_bounds.h"
 #include "platform/text.h"
 
 namespace crawler {
@@ -35,8 +36,16 @@ std::unique_ptr<LinkRules> makeLinkRules(const ScanSettings& settings, platform:
                                            simpleRules(settings, std::move(robots)), settings.bounds.link);
 }
 
-const PageReading& readingFor(const store::SiteSettings& site) {
-  return site.links == store::LinkStyle::browser ? kBrowserReading : kSimpleReading;
+PageReading readingFor(const ScanSettings& settings) {
+  if (settings.site.links != store::LinkStyle::browser) return kSimpleReading;
+  PageReading reading = kBrowserReading;
+  const std::optional<web::Url> start = web::parseUrl(settings.startUrl);
+  reading.followsTo = [bounds = SiteBounds(start ? start->href() : settings.startUrl)](std::string_view to) {
+    const std::optional<web::Url> address = web::parseUrl(to);
+    // What is no address is the client's to report.
+    return !address || bounds.judge(platform::splitUri(address->href())) == LinkReason::none;
+  };
+  return reading;
 }
 
 bool looksLikeLoop(std::string_view url) {

@@ -113,7 +113,7 @@ std::string robotsAddress(const ScanSettings& settings);
 std::unique_ptr<LinkRules> makeLinkRules(const ScanSettings& settings, platform::HttpAnswer&& robots);
 
 /// How the pages of such a site are read.
-const PageReading& readingFor(const store::SiteSettings& site);
+PageReading readingFor(const ScanSettings& settings);
 
 /// Whether the address hints at links that build upon each other without end: four or more question marks.
 bool looksLikeLoop(std::string_view url);

@@ -38,8 +38,8 @@ PageContents readAsBrowsers(platform::HttpAnswer&& answer, const std::stop_token
 
 }  // namespace
 
-const PageReading kSimpleReading = {isHtml, readSimply, true};
-const PageReading kBrowserReading = {isHtmlOrXhtml, readAsBrowsers, false};
+const PageReading kSimpleReading = {isHtml, readSimply, true, {}};
+const PageReading kBrowserReading = {isHtmlOrXhtml, readAsBrowsers, false, {}};
 
 std::string FetchedPage::reason() const {
   if (failure != platform::FetchFailure::none) return "0 - " + std::string(platform::failureText(failure));
@@ -50,14 +50,16 @@ FetchedPage visitPage(platform::HttpClient& client, const PageReading& reading, 
                       std::stop_token stop, std::size_t maxBytes) {
   const platform::HttpRequest request{.url = std::string(url),
                                       .maxBytes = maxBytes,
-                                      .wantsBody = reading.takesOtherBodies ? nullptr : isBrowserPage};
+                                      .wantsBody = reading.takesOtherBodies ? nullptr : isBrowserPage,
+                                      .followsTo = reading.followsTo};
   platform::HttpAnswer answer = client.fetch(request, stop);
   FetchedPage page;
   page.failure = answer.failure;
   page.status = answer.status;
   page.redirectedTo = std::move(answer.redirectedTo);
   page.mime = platform::mimeType(answer.contentType);
-  page.isPage = reading.isPage(page.mime);
+  const bool wasLeft = reading.followsTo && page.status / 100 == 3;  // as a redirect that is not followed
+  page.isPage = reading.isPage(page.mime) && !wasLeft;
   page.lastModified = std::move(answer.lastModified);
   page.hasContent = !answer.body.empty();
   page.fingerprint = std::hash<std::string>{}(answer.body);

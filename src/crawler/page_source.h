@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <stop_token>
 #include <string>
@@ -15,10 +16,11 @@ namespace crawler {
 /// One answer to one visit of an address.
 struct FetchedPage {
   platform::FetchFailure failure = platform::FetchFailure::none;
-  int status = 0;                 // HTTP status, 0 when no answer came
-  std::string redirectedTo = {};  // the address that answered, where that is not the one asked for
-  std::string mime = {};          // lower case, without parameters; empty when not told
-  bool isPage = false;            // by its type
+  int status = 0;  // HTTP status, 0 when no answer came
+  std::string redirectedTo =
+      {};                 // the address that answered, or was not to be followed, if not the one asked
+  std::string mime = {};  // lower case, without parameters; empty when not told
+  bool isPage = false;    // by its type, and no redirect that was not followed
   std::string lastModified = {};  // header value as sent, empty when there was none
   bool hasContent = false;        // a body came, if need be when asked for once more
   std::uint64_t fingerprint = 0;  // the same for the same body
@@ -35,7 +37,8 @@ struct FetchedPage {
 struct PageReading {
   bool (*isPage)(std::string_view mime);
   PageContents (*read)(platform::HttpAnswer&& answer, const std::stop_token& stop);
-  bool takesOtherBodies;  // whether what is no page is fetched as well
+  bool takesOtherBodies;                                         // whether what is no page is fetched as well
+  std::function<bool(std::string_view address)> followsTo = {};  // as HttpRequest::followsTo
 };
 
 /// Pages are text/html, and read by the simple rules.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 #include <exception>
+#include <utility>
 
 #include "crawler/link_rules.h"
 #include "crawler/titles.h"
@@ -34,8 +35,8 @@ ReadAheadLimits limitsFor(const store::SiteSettings& site) {
 }
 
 ReadAheadPages::ReadAheadPages(platform::HttpClient& client, const ReadAheadLimits& limits,
-                               const PageReading& reading)
-    : m_client(client), m_limits(limits), m_reading(reading) {
+                               PageReading reading)
+    : m_client(client), m_limits(limits), m_reading(std::move(reading)) {
   for (int i = 0; i < std::max(1, m_limits.connections); ++i) m_threads.emplace_back([this] { work(); });
 }
 

@@ -41,7 +41,7 @@ ReadAheadLimits limitsFor(const store::SiteSettings& site);
 class ReadAheadPages : public PageSource {
  public:
   explicit ReadAheadPages(platform::HttpClient& client, const ReadAheadLimits& limits = {},
-                          const PageReading& reading = kSimpleReading);
+                          PageReading reading = kSimpleReading);
   /// Drops everything that is under way.
   ~ReadAheadPages() override;
 
@@ -87,7 +87,7 @@ class ReadAheadPages : public PageSource {
 
   platform::HttpClient& m_client;
   const ReadAheadLimits m_limits;
-  const PageReading& m_reading;
+  const PageReading m_reading;
   std::stop_source m_stop;
 
   std::mutex m_mutex;                       // guards all below

@@ -19,7 +19,7 @@ struct ScanController::Scan {
   Scan(ScanController& owner, ScanSettings settings)
       : network("Veskel/" VESKEL_VERSION),
         client(network, clock, owner.m_view, settings.site.delay),
-        pages(client, limitsFor(settings.site), readingFor(settings.site)),
+        pages(client, limitsFor(settings.site), readingFor(settings)),
         scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons, &owner.m_stateFolder},
                 std::move(settings)) {}
 

@@ -1,6 +1,7 @@
 #include "platform/curl_connection.h"
 
 #include <algorithm>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -34,11 +35,25 @@ bool isHttpUrl(std::string_view url) {
   return scheme == "http" || scheme == "https";
 }
 
+/// Where a redirect leads; what the server wrote where that is no address.
+std::string resolved(const std::string& base, const std::string& location) {
+  const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> url(curl_url(), &curl_url_cleanup);
+  char* text = nullptr;
+  if (!url || curl_url_set(url.get(), CURLUPART_URL, base.c_str(), CURLU_PATH_AS_IS) != CURLUE_OK ||
+      curl_url_set(url.get(), CURLUPART_URL, location.c_str(), CURLU_URLENCODE | CURLU_ALLOW_SPACE) !=
+          CURLUE_OK ||
+      curl_url_get(url.get(), CURLUPART_URL, &text, 0) != CURLUE_OK)
+    return location;
+  const std::unique_ptr<char, decltype(&curl_free)> owner(text, &curl_free);
+  return text;
+}
+
 }  // namespace
 
 void CurlConnection::configure(const std::string& userAgent, const HttpLimits& limits,
                                const CurlShare& share) {
   m_exchangeTimeout = limits.exchangeTimeout;
+  m_maxRedirects = limits.maxRedirects;
   const auto set = [this](CURLoption option, auto value) { curl_easy_setopt(m_easy, option, value); };
   set(CURLOPT_SHARE, share.handle());
   set(CURLOPT_COOKIEFILE, "");  // cookies on, none loaded
@@ -48,9 +63,7 @@ void CurlConnection::configure(const std::string& userAgent, const HttpLimits& l
   set(CURLOPT_HTTP09_ALLOWED, 0L);
   set(CURLOPT_PATH_AS_IS, 1L);
   set(CURLOPT_PROTOCOLS_STR, "http,https");
-  set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
-  set(CURLOPT_FOLLOWLOCATION, 1L);
-  set(CURLOPT_MAXREDIRS, limits.maxRedirects);
+  set(CURLOPT_FOLLOWLOCATION, 0L);  // exchange() does, since each step has to be allowed
   set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(limits.connectTimeout.count()));
   set(CURLOPT_LOW_SPEED_LIMIT, kSilentBytesPerSecond);
   set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(limits.silenceTimeout.count()));
@@ -76,8 +89,42 @@ void CurlConnection::configure(const std::string& userAgent, const HttpLimits& l
 }
 
 HttpAnswer CurlConnection::exchange(const HttpRequest& request, const std::stop_token& stop) {
-  const FetchFailure refused = prepare(request);
-  if (refused != FetchFailure::none) return {.failure = refused};
+  prepare(request);
+  std::string address = request.url;
+  for (long redirects = 0;; ++redirects) {
+    address = requestAddress(withAsciiHost(address));
+    HttpAnswer answer =
+        isHttpUrl(address) ? visit(address, stop) : HttpAnswer{.failure = FetchFailure::invalidAddress};
+    if (answer.failure == FetchFailure::invalidAddress && redirects > 0)
+      answer.failure = FetchFailure::forbiddenRedirect;
+    if (answer.failure != FetchFailure::none) return answer;
+    if (redirects > 0) answer.redirectedTo = address;
+    if (!isRedirect()) return answer;
+    address = resolved(address, header("Location"));
+    if (request.followsTo && !request.followsTo(address)) {
+      answer.redirectedTo = std::move(address);
+      return answer;
+    }
+    if (redirects == m_maxRedirects) return {.failure = FetchFailure::tooManyRedirects};
+  }
+}
+
+void CurlConnection::prepare(const HttpRequest& request) {
+  curl_easy_setopt(m_easy, request.method == HttpMethod::head ? CURLOPT_NOBODY : CURLOPT_HTTPGET, 1L);
+  const auto start = std::chrono::steady_clock::now();
+  m_deadline = m_ownDeadline = start + m_exchangeTimeout;
+  if (request.timeout.count() > 0) m_ownDeadline = std::min(m_deadline, start + request.timeout);
+  m_maxBytes = request.maxBytes;
+  m_overflow = request.overflow;
+  m_wantsBody = request.wantsBody;
+  m_headerBytes = m_wireBytes = 0;
+}
+
+/// Asks for one address.
+HttpAnswer CurlConnection::visit(const std::string& address, const std::stop_token& stop) {
+  // The library refuses texts beyond some megabytes; the previous URL would stay.
+  if (curl_easy_setopt(m_easy, CURLOPT_URL, address.c_str()) != CURLE_OK)
+    return {.failure = FetchFailure::invalidAddress};
   HttpAnswer answer = attempt(stop);
   // A server may close a kept connection just when it is used again. The library asks once more by itself,
   // but counts such cases over all exchanges and lets each sixth fail.
@@ -86,10 +133,14 @@ HttpAnswer CurlConnection::exchange(const HttpRequest& request, const std::stop_
 }
 
 HttpAnswer CurlConnection::attempt(const std::stop_token& stop) {
-  m_headerBytes = m_wireBytes = 0;
-  m_deadline = std::chrono::steady_clock::now() + m_exchangeTimeout - kClockSlack;
+  using std::chrono::milliseconds;
+  const auto left = std::chrono::ceil<milliseconds>(m_ownDeadline - std::chrono::steady_clock::now());
+  const long timeout = std::max<long>(left.count(), 1);  // 0 would be none
+  curl_easy_setopt(m_easy, CURLOPT_TIMEOUT_MS, timeout);
+  curl_easy_setopt(m_easy, CURLOPT_FORBID_REUSE, 0L);
+  m_droppedBytes = 0;
   m_stage = Stage::connecting;
-  m_tooLarge = m_truncated = false;
+  m_answered = m_tooLarge = m_truncated = false;
   if (curl_multi_add_handle(m_multi, m_easy) != CURLM_OK) return {.failure = FetchFailure::other};
   const FetchFailure failure = transfer(stop);
   HttpAnswer answer = failure == FetchFailure::none ? takeAnswer() : HttpAnswer{.failure = failure};
@@ -103,23 +154,7 @@ HttpAnswer CurlConnection::attempt(const std::stop_token& stop) {
 bool CurlConnection::keptConnectionDied() const {
   long connectionsMade = 0;
   curl_easy_getinfo(m_easy, CURLINFO_NUM_CONNECTS, &connectionsMade);
-  return connectionsMade == 0 && m_stage == Stage::asked && m_headerBytes == 0;
-}
-
-FetchFailure CurlConnection::prepare(const HttpRequest& request) {
-  const std::string address = requestAddress(withAsciiHost(request.url));
-  if (!isHttpUrl(address)) return FetchFailure::invalidAddress;
-  // The library refuses texts beyond some megabytes; the previous URL would stay.
-  if (curl_easy_setopt(m_easy, CURLOPT_URL, address.c_str()) != CURLE_OK) return FetchFailure::invalidAddress;
-  curl_easy_setopt(m_easy, request.method == HttpMethod::head ? CURLOPT_NOBODY : CURLOPT_HTTPGET, 1L);
-  const bool hasOwnLimit = request.timeout.count() > 0 && request.timeout < m_exchangeTimeout;
-  const auto timeout = hasOwnLimit ? request.timeout : m_exchangeTimeout;
-  curl_easy_setopt(m_easy, CURLOPT_TIMEOUT_MS, static_cast<long>(timeout.count()));
-  curl_easy_setopt(m_easy, CURLOPT_FORBID_REUSE, 0L);
-  m_maxBytes = request.maxBytes;
-  m_overflow = request.overflow;
-  m_wantsBody = request.wantsBody;
-  return FetchFailure::none;
+  return connectionsMade == 0 && m_stage == Stage::asked && !m_answered;
 }
 
 FetchFailure CurlConnection::transfer(const std::stop_token& stop) {
@@ -141,7 +176,10 @@ FetchFailure CurlConnection::outcome() {
   if (message == nullptr || message->msg != CURLMSG_DONE) return FetchFailure::other;
   if (m_truncated) return FetchFailure::none;
   if (m_tooLarge) return FetchFailure::tooLarge;
-  return failureOf(message->data.result);
+  const FetchFailure failure = failureOf(message->data.result);
+  // What goes with a redirect is dropped, and may be broken.
+  const bool isBroken = failure == FetchFailure::connectionClosed || failure == FetchFailure::undecodable;
+  return isBroken && m_stage == Stage::afterHeaders && isRedirect() ? FetchFailure::none : failure;
 }
 
 FetchFailure CurlConnection::failureOf(CURLcode code) const {
@@ -149,14 +187,8 @@ FetchFailure CurlConnection::failureOf(CURLcode code) const {
     case CURLE_OK:
       // The library takes an end within the headers for an answer without a body.
       return m_stage == Stage::afterHeaders ? FetchFailure::none : FetchFailure::connectionClosed;
-    case CURLE_UNSUPPORTED_PROTOCOL:
-      // Says both: a scheme that is not to be followed, and an answer in something else than HTTP.
-      return m_stage == Stage::asked ? FetchFailure::connectionClosed : FetchFailure::forbiddenRedirect;
-    case CURLE_URL_MALFORMAT: {
-      long redirects = 0;
-      curl_easy_getinfo(m_easy, CURLINFO_REDIRECT_COUNT, &redirects);
-      return redirects > 0 ? FetchFailure::forbiddenRedirect : FetchFailure::invalidAddress;
-    }
+    case CURLE_URL_MALFORMAT:
+      return FetchFailure::invalidAddress;
     case CURLE_COULDNT_RESOLVE_HOST:
     case CURLE_COULDNT_RESOLVE_PROXY:
       return FetchFailure::nameNotResolved;
@@ -175,8 +207,8 @@ FetchFailure CurlConnection::failureOf(CURLcode code) const {
     case CURLE_SSL_CACERT_BADFILE:
       return FetchFailure::noCertificates;
     case CURLE_OPERATION_TIMEDOUT:
-      return std::chrono::steady_clock::now() > m_deadline ? FetchFailure::tookTooLong
-                                                           : FetchFailure::timedOut;
+      return std::chrono::steady_clock::now() > m_deadline - kClockSlack ? FetchFailure::tookTooLong
+                                                                         : FetchFailure::timedOut;
     case CURLE_GOT_NOTHING:
     case CURLE_PARTIAL_FILE:
     case CURLE_RECV_ERROR:
@@ -184,11 +216,10 @@ FetchFailure CurlConnection::failureOf(CURLcode code) const {
     case CURLE_WEIRD_SERVER_REPLY:
     case CURLE_HTTP2:
     case CURLE_HTTP2_STREAM:
+    case CURLE_UNSUPPORTED_PROTOCOL:  // an answer in something else than HTTP
       return FetchFailure::connectionClosed;
     case CURLE_OUT_OF_MEMORY:
       return FetchFailure::tooLarge;  // also a header line longer than the library takes
-    case CURLE_TOO_MANY_REDIRECTS:
-      return FetchFailure::tooManyRedirects;
     case CURLE_BAD_CONTENT_ENCODING:
       return FetchFailure::undecodable;
     default:
@@ -196,8 +227,8 @@ FetchFailure CurlConnection::failureOf(CURLcode code) const {
   }
 }
 
-/// Whether more came than any body of the allowed size needs: the body of a redirect, which is dropped
-/// unseen, an encoded one that decodes to nothing, or what is said beside a chunk may be endless too.
+/// Whether more came than any body of the allowed size needs: an encoded one that decodes to nothing, what is
+/// said beside a chunk, or what goes with the redirects of one exchange may be endless too.
 bool CurlConnection::outgrown() const {
   return m_wireBytes > kWireSlack && (m_wireBytes - kWireSlack) / 2 > m_maxBytes;
 }
@@ -210,7 +241,6 @@ HttpAnswer CurlConnection::takeAnswer() {
           .contentType = header("Content-Type"),
           .lastModified = header("Last-Modified"),
           .robotsTag = listHeader("X-Robots-Tag"),
-          .redirectedTo = redirectedTo(),
           .body = std::move(m_body),
           .retryAfter = retryAfter()};
 }
@@ -242,12 +272,10 @@ std::string CurlConnection::listHeader(const char* name) const {
   return list;
 }
 
-std::string CurlConnection::redirectedTo() const {
-  long redirects = 0;
-  const char* address = nullptr;
-  curl_easy_getinfo(m_easy, CURLINFO_REDIRECT_COUNT, &redirects);
-  curl_easy_getinfo(m_easy, CURLINFO_EFFECTIVE_URL, &address);
-  return redirects > 0 && address != nullptr ? address : std::string();
+bool CurlConnection::isRedirect() const {
+  long status = 0;
+  curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
+  return status / 100 == 3 && !header("Location").empty();
 }
 
 int CurlConnection::beforeRequest(void* self, char*, char*, int, int) {
@@ -271,6 +299,7 @@ std::size_t CurlConnection::receiveHeader(char* data, std::size_t, std::size_t s
   const std::string_view line(data, size);
   if (line.starts_with("HTTP/")) connection.m_stage = Stage::headers;
   if (line == "\r\n" || line == "\n") connection.m_stage = Stage::afterHeaders;
+  connection.m_answered = true;
   connection.m_headerBytes += size;
   if (connection.m_headerBytes <= kMaxHeaderBytes) return size;
   connection.m_tooLarge = true;
@@ -289,6 +318,11 @@ std::size_t CurlConnection::receiveBody(char* data, std::size_t, std::size_t siz
 
 /// False when no more of the body is to come.
 bool CurlConnection::append(std::string_view data) {
+  if (m_droppedBytes > 0 || (m_body.empty() && isRedirect())) {
+    m_droppedBytes += data.size();
+    m_tooLarge = m_droppedBytes > m_maxBytes;  // however few bytes it is encoded in
+    return !m_tooLarge;
+  }
   if (m_body.empty()) {
     m_truncated = m_wantsBody != nullptr && !m_wantsBody(header("Content-Type"));
     if (m_truncated) return false;

@@ -77,7 +77,8 @@ class CurlConnection {
   };
 
   void configure(const std::string& userAgent, const HttpLimits& limits, const CurlShare& share);
-  FetchFailure prepare(const HttpRequest& request);
+  void prepare(const HttpRequest& request);
+  HttpAnswer visit(const std::string& address, const std::stop_token& stop);
   HttpAnswer attempt(const std::stop_token& stop);
   bool keptConnectionDied() const;
   FetchFailure transfer(const std::stop_token& stop);
@@ -88,7 +89,7 @@ class CurlConnection {
   std::chrono::seconds retryAfter() const;
   std::string header(const char* name, std::size_t index = 0) const;
   std::string listHeader(const char* name) const;
-  std::string redirectedTo() const;
+  bool isRedirect() const;
 
   static int beforeRequest(void* self, char*, char*, int, int);
   static int watch(CURL* easy, curl_infotype kind, char* data, std::size_t size, void* self);
@@ -99,14 +100,19 @@ class CurlConnection {
   CURL* m_easy;
   CURLM* m_multi;
   std::chrono::milliseconds m_exchangeTimeout{0};
-  // Of the exchange that runs:
-  std::string m_body;
+  long m_maxRedirects = 0;
+  // Of the exchange that runs, with all its redirects:
   std::size_t m_maxBytes = 0;
   Overflow m_overflow = Overflow::fail;
   bool (*m_wantsBody)(std::string_view) = nullptr;
   std::size_t m_headerBytes = 0;
-  std::size_t m_wireBytes = 0;                       // of bodies as they came, with all that frames them
-  std::chrono::steady_clock::time_point m_deadline;  // of the limit for every exchange
+  std::size_t m_wireBytes = 0;                          // of bodies as they came, with all that frames them
+  std::chrono::steady_clock::time_point m_deadline;     // of the limit for every exchange
+  std::chrono::steady_clock::time_point m_ownDeadline;  // of the request's, if that is earlier
+  // Of one request of it:
+  std::string m_body;
+  std::size_t m_droppedBytes = 0;  // of a redirect's body
+  bool m_answered = false;         // something came
   Stage m_stage = Stage::connecting;
   bool m_tooLarge = false;
   bool m_truncated = false;

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -27,6 +28,10 @@ struct HttpRequest {
   /// Asked when a body begins, with the Content-Type header's value. Where it says no the rest is not
   /// fetched: the exchange counts as done, with an empty body. Null: every body is wanted.
   bool (*wantsBody)(std::string_view contentType) = nullptr;
+  /// Asked before a redirect is followed, each time, with the absolute address that it leads to, or with what
+  /// the server gives for one and is none. Where it says no, nothing is asked there: the redirect itself is
+  /// the answer. Empty: redirects are followed wherever they lead.
+  std::function<bool(std::string_view address)> followsTo = {};
 };
 
 /// Why no usable answer came.
@@ -58,8 +63,9 @@ struct [[nodiscard]] HttpAnswer {
   std::string contentType = {};   // that answer's header value as sent, empty when there was none
   std::string lastModified = {};  // likewise
   std::string robotsTag = {};     // likewise, X-Robots-Tag; several are joined by ", "
-  std::string redirectedTo = {};  // the address that answered, where that is not the one asked for
-  std::string body = {};          // decoded (gzip, br), characters as sent
+  std::string redirectedTo =
+      {};                 // the address that answered, or was not to be followed, if not the one asked
+  std::string body = {};  // decoded (gzip, br), characters as sent
   // What its Retry-After asks for, as seconds or as a date (RFC 9110, section 10.2.3). Never negative; 0 also
   // for none, for a date that has passed and for what is neither.
   std::chrono::seconds retryAfter{0};

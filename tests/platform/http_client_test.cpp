@@ -194,6 +194,46 @@ TEST(CurlHttpClient, FollowsRedirectsWithinBounds) {
   }
 }
 
+TEST(CurlHttpClient, FollowsRedirectsOnlyWhereItMay) {
+  RawServer outside(RawServer::answering([](const RawRequest&) { return rawAnswer("200 OK", "", "out"); }));
+  // What goes with a redirect is broken, and of no matter.
+  RawServer site(RawServer::answering([&](const RawRequest& request) {
+    const std::string path(request.target());
+    if (path == "/end") return rawAnswer("200 OK", "", "end");
+    const std::string target = path == "/out"    ? outside.url()
+                               : path == "/mail" ? "mailto:a@b"
+                                                 : "/end?x";
+    return rawAnswer("302 Found", "Content-Encoding: gzip\r\nLocation: " + target + "\r\n", "no gzip");
+  }));
+  struct Case {
+    const char* path;
+    int status;
+    std::string redirectedTo;
+  };
+  const Case cases[] = {
+      {"/end", 200, ""},
+      {"/in", 302, site.url("/end?x")},
+      {"/out", 302, outside.url()},
+      {"/mail", 302, "mailto:a@b"},
+  };
+  CurlHttpClient client("test");
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.path);
+    std::vector<std::string> asked;
+    const HttpAnswer answer = client.fetch({.url = site.url(c.path),
+                                            .followsTo =
+                                                [&](std::string_view to) {
+                                                  asked.emplace_back(to);
+                                                  return asked.size() == 1 && to.starts_with(site.url());
+                                                }},
+                                           {});
+    EXPECT_EQ(answer.status, c.status);
+    EXPECT_EQ(answer.redirectedTo, c.redirectedTo);
+    EXPECT_EQ(answer.body, c.status == 200 ? "end" : "");
+  }
+  EXPECT_EQ(outside.connectionCount(), 0);
+}
+
 TEST(CurlHttpClient, FollowsRedirectsToHttpOnly) {
   const std::pair<const char*, FetchFailure> cases[] = {
       {"file:///etc/passwd", FetchFailure::forbiddenRedirect},

@@ -28,7 +28,7 @@ crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&
   platform::SteadyClock steady;
   crawler::PatientClient patient(network, clock != nullptr ? *clock : steady, view);
   platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;
-  crawler::ReadAheadPages pages(client, limits, crawler::readingFor(settings.site));
+  crawler::ReadAheadPages pages(client, limits, crawler::readingFor(settings));
   crawler::SiteScanner scanner({m_controls, client, pages, view}, settings);
   m_scanner = &scanner;
   scanner.scanSiteAction();
