@@ -230,7 +230,8 @@ void ScanController::tellEnd(const ScanResult& result) {
       break;
     case ScanEnd::forbidden:
       sentence = tr("\"%1\" may not be scanned").arg(site);
-      m_sheets.alert(toQString(kForbiddenTitle), toQString(result.refusal));
+      m_sheets.alert(toQString(kForbiddenTitle), tr("%1.").arg(toQString(result.refusal)));
+      m_notice.add(tr("%1.").arg(toQString(result.refusal)));
       break;
     case ScanEnd::busy:
       m_sheets.alert(tr("The site \"%1\" is being scanned already.").arg(site));

@@ -12,7 +12,7 @@ ScanNotice::ScanNotice(QMainWindow& mainWindow, platform::SheetQueue& sheets,
     : m_sheets(sheets),
       m_controls(controls),
       m_stateFolder(stateFolder),
-      m_label(platform::control<QLabel>(mainWindow, "scanNotice")),
+      m_text(platform::control<QTextEdit>(mainWindow, "scanNotice")),
       m_button(platform::control<QPushButton>(mainWindow, "followLinksButton")),
       m_scanButton(platform::control<QPushButton>(mainWindow, "scanSiteButton")) {
   connect(&m_button, &QPushButton::clicked, this, &ScanNotice::followLinksAsBrowsersDo);
@@ -44,8 +44,8 @@ void ScanNotice::refresh() {
     texts.append(offers ? tr("Pages may be behind other endings.")
                         : tr("From the next scan on, links are followed as browsers do."));
   }
-  m_label.setText(texts.join(QLatin1Char('\n')));
-  m_label.setVisible(!texts.isEmpty());
+  m_text.setPlainText(texts.join(QLatin1Char('\n')));
+  m_text.setVisible(!texts.isEmpty());
   m_button.setVisible(offers);
 }
 

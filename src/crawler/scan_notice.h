@@ -1,12 +1,12 @@
 // What the last scan has to tell beside its counts, above the list of its links.
 #pragma once
 
-#include <QLabel>
 #include <QMainWindow>
 #include <QObject>
 #include <QPushButton>
 #include <QString>
 #include <QStringList>
+#include <QTextEdit>
 #include <string>
 
 #include "platform/named_controls.h"
@@ -43,7 +43,7 @@ class ScanNotice : public QObject {
   platform::SheetQueue& m_sheets;
   const store::GlobalControls& m_controls;
   const store::StateFolder& m_stateFolder;
-  QLabel& m_label;
+  QTextEdit& m_text;
   QPushButton& m_button;
   QPushButton& m_scanButton;
   QStringList m_texts;

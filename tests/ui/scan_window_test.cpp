@@ -3,6 +3,7 @@
 #include <QListView>
 #include <QProgressBar>
 #include <QSpinBox>
+#include <QTextEdit>
 
 #include "platform/files.h"
 #include "platform/qt_text.h"
@@ -93,11 +94,12 @@ class ScanWindowTest : public QObject {
     Desk desk;
     desk.writeFile("Shop", "filters.vskp", "/B.html\n");
     desk.openShop(server.url());
-    const auto& notice = desk.control<QLabel>("scanNotice");
+    const auto& notice = desk.control<QTextEdit>("scanNotice");
     for (const char* found : {"3", "4"}) {
       QVERIFY(scan(desk));
       QVERIFY(notice.isVisible());
-      QVERIFY(notice.text().startsWith(QLatin1String("Left out: 1 link by the filter \"/B.html\" (for")));
+      QVERIFY(
+          notice.toPlainText().startsWith(QLatin1String("Left out: 1 link by the filter \"/B.html\" (for")));
       QVERIFY(desk.status().startsWith(QLatin1String("Scanned \"Shop\". Left out")));
       QCOMPARE(desk.label("pagesFound"), QLatin1String(found));
       QVERIFY(desk.click("ignoreRobotsButton"));
@@ -265,12 +267,12 @@ class ScanWindowTest : public QObject {
     Desk desk;
     desk.makeSite("Blog", "http://blog.test/");
     desk.openShop(server.url());
-    const auto& notice = desk.control<QLabel>("scanNotice");
+    const auto& notice = desk.control<QTextEdit>("scanNotice");
     for (int i = 0; i < 2; ++i) {  // the second scan says it anew, not once more
       QVERIFY(scan(desk));
       QVERIFY(notice.isVisible());
-      QVERIFY(notice.text().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
-      QCOMPARE(notice.text().count(QLatin1String("filter")), 1);
+      QVERIFY(notice.toPlainText().endsWith(QLatin1String("The filter \"?\" keeps such addresses out.")));
+      QCOMPARE(notice.toPlainText().count(QLatin1String("filter")), 1);
     }
     QVERIFY(desk.select(QStringLiteral("Blog")));
     QVERIFY(!notice.isVisible());
