@@ -76,6 +76,16 @@ constexpr const char* valueName(const store::Seconds&) {
 constexpr const char* valueName(const store::Choice&) {
   return "NAME";
 }
+constexpr const char* valueName(const store::Text&) {
+  return "TEXT";
+}
+constexpr const char* valueName(const store::Lines&) {
+  return "LINE";
+}
+
+bool isRepeatable(const store::SettingField& field) {
+  return std::holds_alternative<store::Lines>(field.value);
+}
 
 /// Options of a command for all settings of a site; gives those that were used.
 std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
@@ -83,18 +93,28 @@ std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
   for (const store::SettingField& field : store::kSiteSettings) {
     const auto check = [&field](const std::string& text) -> std::string {
       store::SiteSettings settings;
-      return field.setText(settings, text) ? "" : "It has to be " + field.allowed();
+      return field.setText(settings, text);
     };
     const char* name = std::visit([](const auto& kind) { return valueName(kind); }, field.value);
-    const std::string help = std::string(field.help) + ": " + field.allowed() + " [" + field.text({}) + "]";
-    options.emplace_back(
-        &field,
-        addText(command, "--" + std::string(field.key), name, help)->check(CLI::Validator(check, "")));
+    std::string help = std::string(field.help) + ": " + field.allowed();
+    for (const std::string& text : field.texts({})) {
+      if (!text.empty()) help += " [" + text + "]";
+    }
+    if (isRepeatable(field)) help += "; to be given once for each, or '' for none";
+    auto* option = addText(command, "--" + std::string(field.key), name, help);
+    option->check(CLI::Validator(check, ""));
+    if (isRepeatable(field)) option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    options.emplace_back(&field, option);
   }
   return [options = std::move(options)] {
     cli::GivenSettings given;
     for (const auto& [field, option] : options) {
-      if (auto text = givenText(option)) given.push_back({field, *std::move(text)});
+      if (isRepeatable(*field) && option->count() > 0) {
+        given.push_back({field, ""});  // in place of those that the site has
+        for (const std::string& text : option->results()) given.push_back({field, text});
+      } else if (auto text = givenText(option)) {
+        given.push_back({field, *std::move(text)});
+      }
     }
     return given;
   };

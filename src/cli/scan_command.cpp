@@ -13,6 +13,7 @@
 #include "crawler/link_rules.h"
 #include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
+#include "crawler/site_identity.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
 #include "sitemaps/xml_format.h"
@@ -182,7 +183,7 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   const auto started = std::chrono::steady_clock::now();
   const SignalWatch signals;
   platform::SteadyClock clock;
-  platform::CurlHttpClient network("Veskel/" VESKEL_VERSION);
+  platform::CurlHttpClient network(crawler::identityFor(*settings));
   const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
   crawler::PatientClient client(network, clock, *view, settings->site.delay);
   crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site), crawler::readingFor(*settings));

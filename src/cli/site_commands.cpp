@@ -97,7 +97,7 @@ ExitCode printStoredSite(const CliContext& context, const std::string& name) {
   const std::string settings = store::settingsAsOptions(context.settingsOf(name));
   std::cout << printable(name) << ": " << printable(site.details.url)
             << (site.details.ignoreRobots ? " (robots.txt ignored)" : "")
-            << (settings.empty() ? "" : " (" + settings + ")") << '\n';
+            << (settings.empty() ? "" : " (" + printable(settings) + ")") << '\n';
   return exitDone;
 }
 

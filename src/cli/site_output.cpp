@@ -62,12 +62,22 @@ Json detailsJson(const std::string& name, const store::SiteDetails& details) {
   return json;
 }
 
-/// Numbers as numbers, and choices by their names.
+bool isNumber(const store::SettingField& field) {
+  return std::holds_alternative<store::WholeNumber>(field.value) ||
+         std::holds_alternative<store::Seconds>(field.value);
+}
+
+/// Numbers as numbers, choices by their names, lines as an array.
 Json settingsJson(const store::SiteSettings& settings) {
   Json json = Json::object();
   for (const store::SettingField& field : store::kSiteSettings) {
-    const bool isName = std::holds_alternative<store::Choice>(field.value);
-    json[std::string(field.key)] = isName ? Json(field.text(settings)) : Json::parse(field.text(settings));
+    const std::vector<std::string> texts = field.texts(settings);
+    Json& value = json[std::string(field.key)];
+    if (std::holds_alternative<store::Lines>(field.value)) {
+      value = texts;
+    } else {
+      value = isNumber(field) ? Json::parse(texts.front()) : Json(texts.front());
+    }
   }
   return json;
 }
@@ -110,7 +120,7 @@ void printSite(const ShownSite& site) {
             << "URL:         " << printable(details.url) << '\n'
             << "robots.txt:  " << (details.ignoreRobots ? "ignored" : "obeyed") << '\n';
   const std::string settings = store::settingsAsOptions(site.settings);
-  if (!settings.empty()) std::cout << "Settings:    " << settings << '\n';
+  if (!settings.empty()) std::cout << "Settings:    " << printable(settings) << '\n';
   std::cout << "Folder:      " << printable(site.folder.native()) << '\n'
             << "Pages found: " << details.pagesFound << '\n'
             << "Total links: " << details.totalLinks << '\n'

@@ -6,12 +6,11 @@
 #include <utility>
 
 #include "crawler/known_endings.h"
+#include "crawler/site_identity.h"
 
 namespace crawler {
 
 namespace {
-
-constexpr std::string_view kUserAgent = "Veskel";
 
 constexpr std::array<std::string_view, 3> kIndexNames = {"index.html", "index.htm", "index.php"};
 
@@ -47,7 +46,7 @@ BrowserLinkRules::BrowserLinkRules(const ScanSettings& settings, const platform:
       m_filters(settings.filters),
       m_maxBytes(settings.bounds.link) {
   const RobotsAnswer answer = robotsAnswer(robots.failure, robots.status);
-  if (answer == RobotsAnswer::rules) m_robots = parseRobotsTxt(robots.body, kUserAgent);
+  if (answer == RobotsAnswer::rules) m_robots = parseRobotsTxt(robots.body, userAgentOf(settings.site));
   if (settings.ignoreRobots) {
     m_robots.group = {};
   } else {

@@ -5,6 +5,7 @@
 #include "crawler/link_rules.h"
 #include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
+#include "crawler/site_identity.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
 #include "platform/qt_text.h"
@@ -17,7 +18,7 @@ using platform::toQString;
 /// All that one scan needs, in the order in which it is taken apart last.
 struct ScanController::Scan {
   Scan(ScanController& owner, ScanSettings settings)
-      : network("Veskel/" VESKEL_VERSION),
+      : network(identityFor(settings)),
         client(network, clock, owner.m_view, settings.site.delay),
         pages(client, limitsFor(settings.site), readingFor(settings)),
         scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons, &owner.m_stateFolder},

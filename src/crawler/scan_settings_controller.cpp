@@ -33,6 +33,10 @@ void ScanSettingsController::showSheet() {
 }
 
 void ScanSettingsController::save() {
+  if (const QString problem = m_sheet.problem(); !problem.isEmpty()) {
+    m_sheetsOfSheet.alert(tr("The settings cannot be saved like this."), problem);
+    return;
+  }
   const platform::FileResult result = store::changeSettings(
       m_controls, m_stateFolder, m_siteName, [this](auto& settings) { m_sheet.applyChanges(settings); });
   if (!result.ok()) {

@@ -4,6 +4,8 @@
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -17,6 +19,7 @@
 namespace crawler {
 
 using platform::toQString;
+using platform::toUtf8;
 
 namespace {
 
@@ -42,12 +45,13 @@ ScanSettingsSheet::ScanSettingsSheet(QWidget* parent) : QDialog(parent) {
 }
 
 void ScanSettingsSheet::addRow(QFormLayout& form, const store::SettingField& field) {
-  Control control = std::visit([this](const auto& kind) { return makeControl(kind); }, field.value);
+  Control control = std::visit([&](const auto& kind) { return makeControl(field, kind); }, field.value);
   store::addSettingRow(form, field, *control.widget);
   m_controls.push_back(std::move(control));
 }
 
-ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::WholeNumber& number) {
+ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingField&,
+                                                          const store::WholeNumber& number) {
   auto* box = new QSpinBox;
   box->setRange(number.least, number.most);
   box->setSpecialValueText(toQString(number.leastMeans));
@@ -55,10 +59,14 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::WholeNumb
   box->setAccelerated(true);
   const auto member = number.member;
   return {box, [=](const store::SiteSettings& settings) { box->setValue(settings.*member); },
-          [=](store::SiteSettings& settings) { settings.*member = box->value(); }};
+          [=](store::SiteSettings& settings) {
+            settings.*member = box->value();
+            return std::string();
+          }};
 }
 
-ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::Seconds& seconds) {
+ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingField&,
+                                                          const store::Seconds& seconds) {
   auto* box = new QDoubleSpinBox;
   box->setDecimals(3);  // else it would round what the command line has set
   box->setRange(0, static_cast<double>(seconds.most.count()));
@@ -72,10 +80,12 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::Seconds& 
           },
           [=](store::SiteSettings& settings) {
             settings.*member = std::chrono::milliseconds(std::llround(box->value() * 1000));
+            return std::string();
           }};
 }
 
-ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::Choice& choice) {
+ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingField&,
+                                                          const store::Choice& choice) {
   auto* box = new QComboBox;
   for (const store::Choice::Option& option : choice.options) box->addItem(toQString(option.caption));
   return {box,
@@ -84,6 +94,48 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::Choice& c
           },
           [=](store::SiteSettings& settings) {
             choice.set(settings, static_cast<std::size_t>(box->currentIndex()));
+            return std::string();
+          }};
+}
+
+ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingField& field,
+                                                          const store::Text& text) {
+  auto* line = new QLineEdit;
+  line->setPlaceholderText(toQString(text.emptyMeans));
+  const auto member = text.member;
+  return {
+      line,
+      [=](const store::SiteSettings& settings) {
+        line->setText(toQString(settings.*member));
+        line->setCursorPosition(0);
+      },
+      [=, &field](store::SiteSettings& settings) { return field.setText(settings, toUtf8(line->text())); }};
+}
+
+ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingField& field,
+                                                          const store::Lines& lines) {
+  constexpr int kLinesShown = 3;
+  auto* edit = new QPlainTextEdit;
+  edit->setPlaceholderText(toQString(lines.form));
+  edit->setLineWrapMode(QPlainTextEdit::NoWrap);
+  edit->setTabChangesFocus(true);
+  edit->setFixedHeight(kLinesShown * edit->fontMetrics().lineSpacing() + 2 * edit->frameWidth() +
+                       static_cast<int>(2 * edit->document()->documentMargin()));
+  const auto member = lines.member;
+  return {edit,
+          [=](const store::SiteSettings& settings) {
+            QStringList texts;
+            for (const std::string& each : settings.*member) texts.append(toQString(each));
+            edit->setPlainText(texts.join(QLatin1Char('\n')));
+          },
+          [=, &field](store::SiteSettings& settings) {
+            (settings.*member).clear();
+            for (const QString& each : edit->toPlainText().split(QLatin1Char('\n'))) {
+              if (each.trimmed().isEmpty()) continue;
+              std::string problem = field.setText(settings, toUtf8(each));
+              if (!problem.empty()) return problem;
+            }
+            return std::string();
           }};
 }
 
@@ -93,11 +145,20 @@ void ScanSettingsSheet::showSettings(const store::SiteSettings& settings) {
   m_controls.front().widget->setFocus();
 }
 
+QString ScanSettingsSheet::problem() const {
+  for (const Control& control : m_controls) {
+    store::SiteSettings typed = m_shown;
+    const std::string problem = control.take(typed);
+    if (!problem.empty()) return tr("%1: %2.").arg(control.widget->accessibleName(), toQString(problem));
+  }
+  return {};
+}
+
 void ScanSettingsSheet::applyChanges(store::SiteSettings& settings) const {
   for (std::size_t i = 0; i < m_controls.size(); ++i) {
     store::SiteSettings changed = m_shown;
-    m_controls[i].take(changed);
-    if (changed != m_shown) m_controls[i].take(settings);
+    const bool isFine = m_controls[i].take(changed).empty();
+    if (isFine && changed != m_shown) m_controls[i].take(settings);
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "store/site_settings.h"
@@ -20,6 +21,9 @@ class ScanSettingsSheet : public QDialog {
 
   void showSettings(const store::SiteSettings& settings);
 
+  /// What is wrong with what the user has typed, a sentence; empty when it may be saved.
+  QString problem() const;
+
   /// Sets in `settings` what the user has changed since showSettings(), and leaves the rest as it is.
   void applyChanges(store::SiteSettings& settings) const;
 
@@ -30,12 +34,14 @@ class ScanSettingsSheet : public QDialog {
   struct Control {
     QWidget* widget;
     std::function<void(const store::SiteSettings&)> show;
-    std::function<void(store::SiteSettings&)> take;
+    std::function<std::string(store::SiteSettings&)> take;  // gives what is wrong, as SettingField::setText()
   };
 
-  Control makeControl(const store::WholeNumber& number);
-  Control makeControl(const store::Seconds& seconds);
-  Control makeControl(const store::Choice& choice);
+  Control makeControl(const store::SettingField& field, const store::WholeNumber& number);
+  Control makeControl(const store::SettingField& field, const store::Seconds& seconds);
+  Control makeControl(const store::SettingField& field, const store::Choice& choice);
+  Control makeControl(const store::SettingField& field, const store::Text& text);
+  Control makeControl(const store::SettingField& field, const store::Lines& lines);
   void addRow(QFormLayout& form, const store::SettingField& field);
 
   std::vector<Control> m_controls;  // in the order of the table

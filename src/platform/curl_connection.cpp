@@ -50,14 +50,13 @@ std::string resolved(const std::string& base, const std::string& location) {
 
 }  // namespace
 
-void CurlConnection::configure(const std::string& userAgent, const HttpLimits& limits,
-                               const CurlShare& share) {
+void CurlConnection::configure(const HttpLimits& limits, const CurlShare& share) {
   m_exchangeTimeout = limits.exchangeTimeout;
   m_maxRedirects = limits.maxRedirects;
   const auto set = [this](CURLoption option, auto value) { curl_easy_setopt(m_easy, option, value); };
   set(CURLOPT_SHARE, share.handle());
   set(CURLOPT_COOKIEFILE, "");  // cookies on, none loaded
-  set(CURLOPT_USERAGENT, userAgent.c_str());
+  set(CURLOPT_USERAGENT, m_site.userAgent().c_str());
   set(CURLOPT_ACCEPT_ENCODING, "gzip, br");
   set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_2TLS));
   set(CURLOPT_HTTP09_ALLOWED, 0L);
@@ -125,6 +124,9 @@ HttpAnswer CurlConnection::visit(const std::string& address, const std::stop_tok
   // The library refuses texts beyond some megabytes; the previous URL would stay.
   if (curl_easy_setopt(m_easy, CURLOPT_URL, address.c_str()) != CURLE_OK)
     return {.failure = FetchFailure::invalidAddress};
+  const bool isSite = m_site.isAt(address);
+  curl_easy_setopt(m_easy, CURLOPT_HTTPHEADER, isSite ? m_site.headers() : nullptr);
+  curl_easy_setopt(m_easy, CURLOPT_COOKIE, isSite ? m_site.cookies() : nullptr);
   HttpAnswer answer = attempt(stop);
   // A server may close a kept connection just when it is used again. The library asks once more by itself,
   // but counts such cases over all exchanges and lets each sixth fail.

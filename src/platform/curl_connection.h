@@ -12,6 +12,7 @@
 #include <curl/curl.h>
 
 #include "platform/curl_http_client.h"
+#include "platform/curl_site.h"
 
 namespace platform {
 
@@ -48,9 +49,9 @@ class CurlShare {
 /// connection, and lets another thread interrupt the wait for it.
 class CurlConnection {
  public:
-  CurlConnection(const std::string& userAgent, const HttpLimits& limits, const CurlShare& share)
-      : m_easy(curl_easy_init()), m_multi(curl_multi_init()) {
-    if (usable()) configure(userAgent, limits, share);
+  CurlConnection(const CurlSite& site, const HttpLimits& limits, const CurlShare& share)
+      : m_site(site), m_easy(curl_easy_init()), m_multi(curl_multi_init()) {
+    if (usable()) configure(limits, share);
   }
   ~CurlConnection() {
     curl_easy_cleanup(m_easy);
@@ -76,7 +77,7 @@ class CurlConnection {
     afterHeaders,
   };
 
-  void configure(const std::string& userAgent, const HttpLimits& limits, const CurlShare& share);
+  void configure(const HttpLimits& limits, const CurlShare& share);
   void prepare(const HttpRequest& request);
   HttpAnswer visit(const std::string& address, const std::stop_token& stop);
   HttpAnswer attempt(const std::stop_token& stop);
@@ -97,6 +98,7 @@ class CurlConnection {
   static std::size_t receiveBody(char* data, std::size_t, std::size_t size, void* self);
   bool append(std::string_view data);
 
+  const CurlSite& m_site;
   CURL* m_easy;
   CURLM* m_multi;
   std::chrono::milliseconds m_exchangeTimeout{0};

@@ -10,6 +10,7 @@
 #include <curl/curl.h>
 
 #include "platform/curl_connection.h"
+#include "platform/curl_site.h"
 
 namespace platform {
 
@@ -25,6 +26,8 @@ void initializeLibrary() {
 }  // namespace
 
 struct CurlHttpClient::Impl {
+  explicit Impl(HttpIdentity identity) : site(std::move(identity)) {}
+
   std::unique_ptr<CurlConnection> borrow(HttpMethod method) {
     {
       const std::lock_guard lock(mutex);
@@ -36,7 +39,7 @@ struct CurlHttpClient::Impl {
         return connection;
       }
     }
-    return std::make_unique<CurlConnection>(userAgent, limits, share);
+    return std::make_unique<CurlConnection>(site, limits, share);
   }
 
   void giveBack(HttpMethod method, std::unique_ptr<CurlConnection> connection) {
@@ -45,19 +48,19 @@ struct CurlHttpClient::Impl {
     idle[method].push_back(std::move(connection));
   }
 
-  std::string userAgent;
+  const CurlSite site;
   HttpLimits limits;
   CurlShare share;
   std::atomic<unsigned> exchanges = 0;
   std::mutex mutex;
   // Some servers send a body after a HEAD, perhaps late: it must not be taken for the answer to a GET.
-  std::map<HttpMethod, std::vector<std::unique_ptr<CurlConnection>>> idle;  // guarded by mutex; uses share
+  std::map<HttpMethod, std::vector<std::unique_ptr<CurlConnection>>>
+      idle;  // guarded by mutex; uses site and share
 };
 
-CurlHttpClient::CurlHttpClient(std::string userAgent, HttpLimits limits) {
+CurlHttpClient::CurlHttpClient(HttpIdentity identity, HttpLimits limits) {
   initializeLibrary();
-  m_impl = std::make_unique<Impl>();
-  m_impl->userAgent = std::move(userAgent);
+  m_impl = std::make_unique<Impl>(std::move(identity));
   m_impl->limits = limits;
 }
 

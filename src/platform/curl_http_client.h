@@ -4,6 +4,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/http_client.h"
 
@@ -17,6 +18,15 @@ struct HttpLimits {
   std::chrono::milliseconds exchangeTimeout = std::chrono::minutes{10};  // with all redirects; more than 0
 };
 
+/// Who asks, and what the site's own server is told besides.
+struct HttpIdentity {
+  std::string userAgent;  // told to every server
+  // For the server of this address alone, whatever redirects lead elsewhere. One of http counts by https,
+  // too, where both are at their scheme's own port.
+  std::string site = {};                  // an http or https address; empty for none
+  std::vector<std::string> headers = {};  // "Name: value", such as platform/header_line.h lets pass
+};
+
 /// Speaks HTTP/1.1 and HTTP/2 over kept-alive connections: one per thread that fetches at the same time, and
 /// another one for its HEAD requests. None is kept on which something came that was not asked for. Only http
 /// and https are followed, also after redirects. Cookies live in memory, shared by all connections, as
@@ -24,7 +34,7 @@ struct HttpLimits {
 /// are taken from the environment as usual. Must outlive every running `fetch`.
 class CurlHttpClient : public HttpClient {
  public:
-  explicit CurlHttpClient(std::string userAgent, HttpLimits limits = {});
+  explicit CurlHttpClient(HttpIdentity identity, HttpLimits limits = {});
   ~CurlHttpClient() override;
 
   HttpAnswer fetch(const HttpRequest& request, std::stop_token stop) override;

@@ -4,6 +4,8 @@
 
 #include <arpa/inet.h>
 
+#include "platform/ascii.h"
+
 namespace platform {
 namespace {
 
@@ -131,6 +133,15 @@ UriParts splitUri(std::string_view text) {
   }
   parts.path = text;
   return parts;
+}
+
+std::string originOf(std::string_view url) {
+  const UriParts parts = splitUri(url);
+  const std::string scheme = lowerAscii(parts.scheme.value_or(""));
+  if ((scheme != "http" && scheme != "https") || parts.host().empty()) return {};
+  const std::string_view port = parts.port();
+  const bool isOwnPort = port.empty() || port == (scheme == "http" ? "80" : "443");
+  return scheme + "://" + lowerAscii(parts.host()) + (isOwnPort ? "" : ":" + std::string(port));
 }
 
 bool isUriReference(std::string_view text) {

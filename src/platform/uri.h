@@ -28,6 +28,10 @@ struct UriParts {
 /// Splits as RFC 3986 appendix B does: every text has a split, and nothing is decoded or changed in case.
 UriParts splitUri(std::string_view text);
 
+/// Scheme, host and port of an http or https address, in lower case and without the scheme's own port:
+/// "http://h.test:8080". Empty for anything else.
+std::string originOf(std::string_view url);
+
 /// Whether `text` is a URI reference by the grammar of RFC 3986: no blank, control, non-ASCII byte, stray "%"
 /// or any of "<>\^{|}` and the double quote. A first path segment with ":", a malformed scheme or port, and
 /// brackets around anything but an IP address are rejected too. The empty text is a URI reference.

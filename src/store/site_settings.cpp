@@ -20,18 +20,29 @@ using platform::trimmed;
 
 constexpr std::size_t kMaxBytes = std::size_t{1} << 20;
 
-std::string textOf(const WholeNumber& number, const SiteSettings& settings) {
-  return std::to_string(settings.*number.member);
+using Texts = std::vector<std::string>;
+
+Texts textsOf(const WholeNumber& number, const SiteSettings& settings) {
+  return {std::to_string(settings.*number.member)};
 }
 
-std::string textOf(const Seconds& seconds, const SiteSettings& settings) {
+Texts textsOf(const Seconds& seconds, const SiteSettings& settings) {
   std::array<char, 32> text;
   const double value = std::chrono::duration<double>(settings.*seconds.member).count();
-  return {text.data(), std::to_chars(text.begin(), text.end(), value, std::chars_format::fixed).ptr};
+  char* end = std::to_chars(text.begin(), text.end(), value, std::chars_format::fixed).ptr;
+  return {std::string(text.data(), end)};
 }
 
-std::string textOf(const Choice& choice, const SiteSettings& settings) {
-  return std::string(choice.options[choice.get(settings)].name);
+Texts textsOf(const Choice& choice, const SiteSettings& settings) {
+  return {std::string(choice.options[choice.get(settings)].name)};
+}
+
+Texts textsOf(const Text& text, const SiteSettings& settings) {
+  return {settings.*text.member};
+}
+
+Texts textsOf(const Lines& lines, const SiteSettings& settings) {
+  return settings.*lines.member;
 }
 
 bool setFrom(const WholeNumber& number, SiteSettings& settings, std::string_view text) {
@@ -84,18 +95,54 @@ std::string allowedBy(const Choice& choice) {
   return text;
 }
 
+std::string allowedBy(const Text& text) {
+  return "text, or nothing (" + std::string(text.emptyMeans) + ")";
+}
+
+std::string allowedBy(const Lines& lines) {
+  return "\"" + std::string(lines.form) + "\"";
+}
+
+template <typename Kind>
+std::string problemSetting(const Kind& kind, SiteSettings& settings, std::string_view text) {
+  return setFrom(kind, settings, text) ? "" : "it has to be " + allowedBy(kind);
+}
+
+std::string problemSetting(const Text& kind, SiteSettings& settings, std::string_view text) {
+  std::string problem = kind.problem(text);
+  if (problem.empty()) settings.*kind.member = trimmed(text);
+  return problem;
+}
+
+std::string problemSetting(const Lines& kind, SiteSettings& settings, std::string_view line) {
+  if (trimmed(line).empty()) {
+    (settings.*kind.member).clear();
+    return {};
+  }
+  std::string problem = kind.problem(line);
+  if (problem.empty()) (settings.*kind.member).emplace_back(trimmed(line));
+  return problem;
+}
+
 bool isDefault(const SettingField& field, const SiteSettings& settings) {
-  return field.text(settings) == field.text({});
+  return field.texts(settings) == field.texts({});
+}
+
+/// The text as one word of a shell.
+std::string asShellWord(std::string_view text) {
+  std::string result = "'";
+  for (const char c : text) result += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return result + "'";
 }
 
 }  // namespace
 
-std::string SettingField::text(const SiteSettings& settings) const {
-  return std::visit([&](const auto& kind) { return textOf(kind, settings); }, value);
+std::vector<std::string> SettingField::texts(const SiteSettings& settings) const {
+  return std::visit([&](const auto& kind) { return textsOf(kind, settings); }, value);
 }
 
-bool SettingField::setText(SiteSettings& settings, std::string_view text) const {
-  return std::visit([&](const auto& kind) { return setFrom(kind, settings, text); }, value);
+std::string SettingField::setText(SiteSettings& settings, std::string_view text) const {
+  return std::visit([&](const auto& kind) { return problemSetting(kind, settings, text); }, value);
 }
 
 std::string SettingField::allowed() const {
@@ -106,8 +153,12 @@ std::string settingsAsOptions(const SiteSettings& settings) {
   std::string options;
   for (const SettingField& field : kSiteSettings) {
     if (isDefault(field, settings)) continue;
-    if (!options.empty()) options += ' ';
-    options.append("--").append(field.key).append(" ").append(field.text(settings));
+    const bool isText =
+        std::holds_alternative<Text>(field.value) || std::holds_alternative<Lines>(field.value);
+    for (const std::string& text : field.texts(settings)) {
+      if (!options.empty()) options += ' ';
+      options.append("--").append(field.key).append(" ").append(isText ? asShellWord(text) : text);
+    }
   }
   return options;
 }
@@ -127,10 +178,12 @@ StoredSettings parseSettings(std::string_view text) {
                                     [&](const SettingField& known) { return known.key == key; });
     if (field == kSiteSettings.end()) {
       stored.otherLines.push_back(line);
-    } else if (!field->setText(stored.settings, trimmed(entry.substr(key.size())))) {
-      stored.problems.push_back("The site's setting \"" + std::string(key) + "\" was ignored: it has to be " +
-                                field->allowed() + ".");
+      continue;
     }
+    const std::string problem = field->setText(stored.settings, trimmed(entry.substr(key.size())));
+    if (problem.empty()) continue;
+    stored.problems.push_back("The site's setting \"" + std::string(key) + "\" was ignored: " + problem +
+                              ".");
   }
   return stored;
 }
@@ -139,7 +192,8 @@ std::string settingsText(const StoredSettings& stored) {
   std::string text;
   for (const SettingField& field : kSiteSettings) {
     if (isDefault(field, stored.settings)) continue;
-    text.append(field.key).append(" ").append(field.text(stored.settings)).append("\n");
+    for (const std::string& each : field.texts(stored.settings))
+      text.append(field.key).append(" ").append(each).append("\n");
   }
   for (const std::string& line : stored.otherLines) text.append(line).append("\n");
   return text;

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/header_line.h"
 #include "store/global_controls.h"
 #include "store/state_folder.h"
 
@@ -43,7 +44,9 @@ struct SiteSettings {
   int maxPages = 0;     // a scan stops as if cancelled after so many; 0: no limit
   int levels = 0;       // the most links from the start page to one that is scanned; 0: no limit
   int connections = 6;  // pages fetched at the same time
-  std::chrono::milliseconds delay{0};  // at least so long between the starts of two requests
+  std::chrono::milliseconds delay{0};     // at least so long between the starts of two requests
+  std::string userAgent = {};             // what the program calls itself; empty: by its own name
+  std::vector<std::string> headers = {};  // "Name: value", sent with every request to the site's own server
 
   bool operator==(const SiteSettings&) const = default;
 };
@@ -84,17 +87,32 @@ struct Choice {
   }
 };
 
+/// A setting that is a text of one line.
+struct Text {
+  std::string SiteSettings::*member;
+  std::string_view emptyMeans;
+  std::string (*problem)(std::string_view text);  // "it cannot ...", empty for a text that is allowed
+};
+
+/// A setting that is any number of texts, of one line each.
+struct Lines {
+  std::vector<std::string> SiteSettings::*member;
+  std::string_view form;                          // what one looks like
+  std::string (*problem)(std::string_view line);  // likewise
+};
+
 /// All there is to know of one setting.
 struct SettingField {
   std::string_view key;      // in the file; "--" and it is the option of the command line
   std::string_view caption;  // in the window, "&" before the letter of its key
   std::string_view help;     // a sentence without its full stop
-  std::variant<WholeNumber, Seconds, Choice> value;
+  std::variant<WholeNumber, Seconds, Choice, Text, Lines> value;
 
-  /// The value as text, as in the file.
-  std::string text(const SiteSettings& settings) const;
-  /// Takes the value from such a text. False, and nothing changed, for one that is not allowed.
-  [[nodiscard]] bool setText(SiteSettings& settings, std::string_view text) const;
+  /// The value as text, as in the file. Of Lines there are as many as there are lines, of all else one.
+  std::vector<std::string> texts(const SiteSettings& settings) const;
+  /// Takes the value from such a text; to Lines it is added, and the empty text takes them all away. Gives
+  /// what is wrong with one that is not allowed, and nothing is changed: "it has to be 1 to 64". Else empty.
+  [[nodiscard]] std::string setText(SiteSettings& settings, std::string_view text) const;
   /// "1 to 64", "0 (no limit) or more", "0 (no delay) to 60 seconds", "simple or browser".
   std::string allowed() const;
 };
@@ -136,9 +154,22 @@ inline constexpr std::array kSiteSettings = {
                  .value = Seconds{.member = &SiteSettings::delay,
                                   .most = std::chrono::seconds(60),
                                   .noneMeans = "no delay"}},
+    SettingField{.key = "user-agent",
+                 .caption = "&User agent",
+                 .help = "So the program calls itself, to servers and to rules in robots.txt",
+                 .value = Text{.member = &SiteSettings::userAgent,
+                               .emptyMeans = "its own name and version",
+                               .problem = platform::headerTextProblem}},
+    SettingField{.key = "header",
+                 .caption = "&Header lines",
+                 .help = "Sent with every request to the site's own server, and to no other",
+                 .value = Lines{.member = &SiteSettings::headers,
+                                .form = "Name: value",
+                                .problem = platform::headerLineProblem}},
 };
 
-/// What differs from the defaults, as options of the command line: "--max-pages 50 --connections 2".
+/// What differs from the defaults, as options of the command line: "--max-pages 50 --connections 2". Texts
+/// are quoted as a shell wants it.
 std::string settingsAsOptions(const SiteSettings& settings);
 
 struct [[nodiscard]] StoredSettings {

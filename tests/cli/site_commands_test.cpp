@@ -117,6 +117,17 @@ TEST_F(SiteCommands, SettingsCountUntilAScanIsToldOtherwise) {
   EXPECT_EQ(nlohmann::json::parse(run(words("show store --json")).output)["settings"]["delay"], 0.01);
 }
 
+TEST_F(SiteCommands, TextsAndLinesAreSettings) {
+  prepare({"add", "--header", "A: 1", "shop", "h.test", "--user-agent", "it's me", "--header", "B: 2"});
+  EXPECT_THAT(run(words("show shop")).output,
+              HasSubstr("--user-agent 'it'\\''s me' --header 'A: 1' --header 'B: 2'\n"));
+  EXPECT_THAT(run({"edit", "shop", "--header", "C: 3", "--user-agent", ""}).output,
+              HasSubstr("(--header 'C: 3')\n"));
+  EXPECT_EQ(run({"scan", "shop", "--header", "Host: x"}).exitCode, 2);
+  EXPECT_THAT(run(words("show shop --json")).output, HasSubstr("\"C: 3\""));
+  EXPECT_EQ(run({"edit", "shop", "--header", ""}).output, "shop: http://h.test/\n");
+}
+
 TEST_F(SiteCommands, DeleteAsksOnATerminal) {
   prepare({"add", "shop", "a.test"});
   for (const char* answer : {"\n", "n\n", "yep\n", "\x04"}) {

@@ -59,9 +59,10 @@ TEST(BrowserLinkRules, JudgeWhereALinkLeads) {
   const ScanSettings settings{.siteName = "Site",
                               .startUrl = "http://www.h:8080/d/index.html",
                               .filters = {"skip"},
+                              .site = {.userAgent = "Other/2 (x)"},
                               .bounds = {.link = 60}};
   BrowserLinkRules rules(
-      settings, {.status = 200, .body = "User-agent: *\nDisallow: /d/private*.html$\nCrawl-delay: 60"});
+      settings, {.status = 200, .body = "User-agent: other\nDisallow: /d/private*.html$\nCrawl-delay: 60"});
   rules.enterPage("http://www.h:8080/d/e/p.html", {.base = "../f/"});
   struct Case {
     const char* href;

@@ -62,7 +62,7 @@ void expectEndOf(const Misbehaviour& site) {
     connection.send(site.start);
     if (!site.repeated.empty()) connection.sendForever(site.repeated, site.slow() ? 50ms : 0ms);
   });
-  CurlHttpClient client("test", site.limits);
+  CurlHttpClient client({"test"}, site.limits);
   const HttpRequest request = {.url = server.url(), .timeout = site.timeout, .maxBytes = 1'000'000};
   expectFailure(client.fetch(request, {}), site.expected);
   EXPECT_LE(server.connectionCount(), 1);
@@ -116,7 +116,7 @@ TEST(HostileSite, TakesItsTime) {
 TEST(HostileSite, IsCutWhereTheCallerWants) {
   const std::string chunks = kOkHead + kChunked + "2\r\nab\r\n2\r\ncd\r\n0\r\n\r\n";
   RawServer server(RawServer::answering([&](const RawRequest&) { return chunks; }));
-  CurlHttpClient client("test", kPatient);
+  CurlHttpClient client({"test"}, kPatient);
   for (const std::size_t maxBytes : {4u, 3u, 1u}) {
     SCOPED_TRACE(maxBytes);
     HttpRequest request = {.url = server.url(), .maxBytes = maxBytes};
@@ -160,7 +160,7 @@ TEST(HostileSite, CannotBeConnectedTo) {
   };
   for (const auto& [url, expected] : cases) {
     SCOPED_TRACE(url);
-    CurlHttpClient client("test", expected == FetchFailure::timedOut ? kImpatient : kPatient);
+    CurlHttpClient client({"test"}, expected == FetchFailure::timedOut ? kImpatient : kPatient);
     expectFailure(client.fetch({.url = url}, {}), expected);
   }
 }
@@ -175,7 +175,7 @@ TEST(HostileSite, FloodsWithCookies) {
       cookies += "Set-Cookie: c" + std::to_string(next++) + "=1; Path=/elsewhere\r\n";
     return rawAnswer("200 OK", cookies, "");
   }));
-  CurlHttpClient client("test", kPatient);
+  CurlHttpClient client({"test"}, kPatient);
   EXPECT_EQ(client.fetch({.url = server.url("/start")}, {}).status, 200);
   bool kept = true;
   for (int i = 0; i < 200 && kept; ++i) {
@@ -216,7 +216,7 @@ TEST(StoppedFetch, EndsWhereverItIsAndLeavesTheClientFit) {
       if (c.repeated.empty()) return connection.waitForClose();
       connection.sendForever(c.repeated, c.repeated.size() == 1 ? 50ms : 0ms);
     });
-    CurlHttpClient client("test", kPatient);
+    CurlHttpClient client({"test"}, kPatient);
     std::stop_source stop;
     const std::jthread stopper([&] {
       started.wait();

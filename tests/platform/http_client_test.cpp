@@ -43,7 +43,7 @@ TEST(CurlHttpClient, SendsTheUrlAsHeld) {
       {"/a\r\nHost: evil", "/a%0D%0AHost:%20evil"},
   };
   RawServer server(RawServer::answering([](const RawRequest&) { return rawAnswer("200 OK", "", ""); }));
-  CurlHttpClient client("veskel-test/1");
+  CurlHttpClient client({"veskel-test/1"});
   for (const auto& [path, expected] : cases) {
     SCOPED_TRACE(path);
     EXPECT_EQ(fetch(client, server.url(path)).failure, FetchFailure::none);
@@ -57,7 +57,7 @@ TEST(CurlHttpClient, SendsTheUrlAsHeld) {
 }
 
 TEST(CurlHttpClient, RefusesWhatIsNoHttpUrl) {
-  CurlHttpClient client("test");
+  CurlHttpClient client({"test"});
   const std::string urls[] = {
       "",       "//127.0.0.1/",       "file:///etc/passwd", "ftp://h/",      "http://",
       "http:a", "http:///etc/passwd", "http://h:99999/",    "http://[::1/x", "https://:80/"};
@@ -107,7 +107,7 @@ TEST(CurlHttpClient, ReadsEveryFormOfAnswer) {
       connection.readRequest();
       connection.send(c.sent);
     });
-    CurlHttpClient client("test");
+    CurlHttpClient client({"test"});
     const HttpAnswer answer = fetch(client, server.url());
     EXPECT_EQ(answer.failure, FetchFailure::none);
     EXPECT_EQ(answer.status, c.expected.status);
@@ -123,7 +123,7 @@ TEST(CurlHttpClient, SurvivesServersThatCloseKeptConnections) {
     connection.readRequest();
     connection.send(rawAnswer("200 OK", "", "x"));
   });
-  CurlHttpClient client("test");
+  CurlHttpClient client({"test"});
   // Often enough that it also closes between the check of a kept connection and its use.
   for (int i = 0; i < 200; ++i) EXPECT_EQ(fetch(client, server.url()).body, "x");
 }
@@ -164,7 +164,7 @@ TEST(CurlHttpClient, TakesNoLeftoverForTheNextAnswer) {
           late = more ? c.late : "";
         }
       });
-      CurlHttpClient client("test");
+      CurlHttpClient client({"test"});
       for (const char* path : {"/0", "/1", "/2", "/3"}) {
         EXPECT_EQ(fetch(client, server.url(path)).body, path);
         const HttpAnswer head = fetch(client, server.url(path), HttpMethod::head);
@@ -183,7 +183,7 @@ TEST(CurlHttpClient, FollowsRedirectsWithinBounds) {
     const std::string location = "Location: /" + std::to_string(left - 1) + "\r\n";
     return rawAnswer("301 Moved", location + "Content-Type: not/this\r\n", "not this");
   }));
-  CurlHttpClient client("test");
+  CurlHttpClient client({"test"});
   for (const HttpMethod method : {HttpMethod::get, HttpMethod::head}) {
     const HttpAnswer answer = fetch(client, server.url("/20"), method);
     EXPECT_EQ(answer.status, 410);
@@ -200,9 +200,7 @@ TEST(CurlHttpClient, FollowsRedirectsOnlyWhereItMay) {
   RawServer site(RawServer::answering([&](const RawRequest& request) {
     const std::string path(request.target());
     if (path == "/end") return rawAnswer("200 OK", "", "end");
-    const std::string target = path == "/out"    ? outside.url()
-                               : path == "/mail" ? "mailto:a@b"
-                                                 : "/end?x";
+    const std::string target = path == "/out" ? outside.url() : path == "/mail" ? "mailto:a@b" : "/end?x";
     return rawAnswer("302 Found", "Content-Encoding: gzip\r\nLocation: " + target + "\r\n", "no gzip");
   }));
   struct Case {
@@ -216,7 +214,7 @@ TEST(CurlHttpClient, FollowsRedirectsOnlyWhereItMay) {
       {"/out", 302, outside.url()},
       {"/mail", 302, "mailto:a@b"},
   };
-  CurlHttpClient client("test");
+  CurlHttpClient client({"test"});
   for (const Case& c : cases) {
     SCOPED_TRACE(c.path);
     std::vector<std::string> asked;
@@ -234,6 +232,35 @@ TEST(CurlHttpClient, FollowsRedirectsOnlyWhereItMay) {
   EXPECT_EQ(outside.connectionCount(), 0);
 }
 
+TEST(CurlHttpClient, TellsTheSiteAloneWhatIsForIt) {
+  std::string elsewhere;
+  const auto answer = [&](const RawRequest& request) {
+    if (request.target() == "/end") return rawAnswer("200 OK", "", "end");
+    return rawAnswer("302 Found", "Set-Cookie: c=3\r\nLocation: " + elsewhere + "/end\r\n", "");
+  };
+  RawServer other(RawServer::answering(answer));
+  RawServer site(RawServer::answering(answer));
+  CurlHttpClient client(
+      {.userAgent = "me", .site = site.url(), .headers = {"A: 1", "Empty:", "Cookie: a=1", "cookie: b=2"}});
+  for (const std::string& leadsTo : {site.url(""), other.url("")}) {
+    elsewhere = leadsTo;
+    EXPECT_EQ(fetch(client, site.url("/start")).body, "end");
+  }
+  EXPECT_EQ(fetch(client, other.url("/end")).body, "end");
+  ASSERT_EQ(site.requests().size(), 3u);
+  for (const RawRequest& request : site.requests()) {
+    EXPECT_TRUE(request.contains("\r\nA: 1\r\n") && request.contains("\r\nEmpty:\r\n")) << request.head;
+    EXPECT_TRUE(request.contains("a=1; b=2\r\n")) << request.head;
+    EXPECT_EQ(request.head.find("Cookie:"), request.head.rfind("Cookie:")) << request.head;
+  }
+  ASSERT_EQ(other.requests().size(), 2u);
+  for (const RawRequest& request : other.requests()) {
+    EXPECT_TRUE(request.contains("\r\nUser-Agent: me\r\n"));
+    EXPECT_FALSE(request.contains("A: 1") || request.contains("Empty") || request.contains("a=1"))
+        << request.head;
+  }
+}
+
 TEST(CurlHttpClient, FollowsRedirectsToHttpOnly) {
   const std::pair<const char*, FetchFailure> cases[] = {
       {"file:///etc/passwd", FetchFailure::forbiddenRedirect},
@@ -246,7 +273,7 @@ TEST(CurlHttpClient, FollowsRedirectsToHttpOnly) {
       if (request.target() == "/garbage") return std::string("nonsense\r\n\r\n");
       return rawAnswer("302 Found", "Location: " + target + "\r\n", "");
     }));
-    CurlHttpClient client("test");
+    CurlHttpClient client({"test"});
     const HttpAnswer answer = fetch(client, server.url());
     EXPECT_EQ(answer.failure, expected);
     EXPECT_EQ(answer.status, 0);
@@ -258,7 +285,7 @@ TEST(CurlHttpClient, GivesEveryThreadItsOwnAnswerAndAllTheSameCookies) {
     const std::string cookie = "Set-Cookie: c" + std::string(request.target().substr(1)) + "=1\r\n";
     return rawAnswer("200 OK", cookie, request.target());
   }));
-  CurlHttpClient client("test");
+  CurlHttpClient client({"test"});
   EXPECT_EQ(fetch(client, server.url("/first")).body, "/first");
   std::vector<std::jthread> threads;
   for (int thread = 0; thread < 8; ++thread) {

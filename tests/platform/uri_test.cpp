@@ -48,6 +48,18 @@ TEST(SplitUri, SplitsEveryText) {
   }
 }
 
+TEST(OriginOf, TellsServersApart) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"HTTP://u:p@H.test:80/a?b", "http://h.test"},
+      {"https://h.test:443", "https://h.test"},
+      {"http://h.test:443/", "http://h.test:443"},
+      {"http://h.test@[::1]:8/", "http://[::1]:8"},
+      {"ftp://h.test/", ""},
+      {"http:///h.test", ""},
+  };
+  for (const auto& [url, origin] : cases) EXPECT_EQ(originOf(url), origin) << url;
+}
+
 TEST(IsUriReference, GoesByTheGrammar) {
   // Separated by blanks.
   std::istringstream accepted(

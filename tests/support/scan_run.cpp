@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "crawler/link_rules.h"
+#include "crawler/site_identity.h"
 #include "platform/files.h"
 #include "platform/regex.h"
 #include "sitemaps/html_format.h"
@@ -24,7 +25,7 @@ ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()) {
 }
 
 crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&)>& whenRunning) {
-  platform::CurlHttpClient network("Veskel/test", httpLimits);
+  platform::CurlHttpClient network(crawler::identityFor(settings), httpLimits);
   platform::SteadyClock steady;
   crawler::PatientClient patient(network, clock != nullptr ? *clock : steady, view);
   platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;

@@ -1,6 +1,7 @@
 // A scan in the window, from its button to the final counts. What a scan finds is tested with its rules.
 #include <QDoubleSpinBox>
 #include <QListView>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSpinBox>
 #include <QTextEdit>
@@ -238,8 +239,14 @@ class ScanWindowTest : public QObject {
       QVERIFY(answer(message(QStringLiteral("The settings could not be saved.")), kOk));
     }
     platform::control<QDoubleSpinBox>(*sheet, "delay").setValue(0.125);
+    auto& headers = platform::control<QPlainTextEdit>(*sheet, "header");
+    headers.setPlainText(QStringLiteral("A: 1\n\nHost: x"));
+    QTest::keyClick(&pages, Qt::Key_Return);
+    QVERIFY(answer(message(QStringLiteral("The settings cannot be saved like this.")), kOk));
+    headers.setPlainText(QStringLiteral("A: 1\n\nB: 2\n"));
     QVERIFY(answer(sheet, QStringLiteral("Save")));
-    QCOMPARE(platform::readFile(file).text, std::string("max-pages 2\nconnections 9\ndelay 0.125\n"));
+    QCOMPARE(platform::readFile(file).text,
+             std::string("max-pages 2\nconnections 9\ndelay 0.125\nheader A: 1\nheader B: 2\n"));
     QVERIFY(platform::replaceFile(file, "max-pages 2\nconnections 99\n").ok());
     QVERIFY(scan(desk));
     QCOMPARE(desk.label("linksScanned"), QStringLiteral("2"));

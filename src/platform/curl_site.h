@@ -1,0 +1,46 @@
+// The site that a client was made for, as its connections need to know it. Of no interest to anybody but the
+// client.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <curl/curl.h>
+
+#include "platform/curl_http_client.h"
+
+namespace platform {
+
+/// Who asks, and what the site's server alone is told. Outlives the connections. Any thread.
+class CurlSite {
+ public:
+  explicit CurlSite(HttpIdentity identity);
+
+  const std::string& userAgent() const { return m_identity.userAgent; }
+
+  /// Whether a request for this address, fit to be sent, goes to the site's server.
+  bool isAt(std::string_view address) const;
+
+  /// The extra header lines, null for none. Cookies are not among them: the library adds them to those that
+  /// the site has set, as there may be one such line only.
+  curl_slist* headers() const { return m_headers.get(); }
+
+  /// "a=b; c=d", null for none.
+  const char* cookies() const { return m_cookies.empty() ? nullptr : m_cookies.c_str(); }
+
+ private:
+  struct FreeList {
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+  };
+
+  void addHeader(const std::string& line);
+
+  const HttpIdentity m_identity;
+  std::array<std::string, 2> m_origins;  // empty for none
+  std::unique_ptr<curl_slist, FreeList> m_headers;
+  std::string m_cookies;
+};
+
+}  // namespace platform
