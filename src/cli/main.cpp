@@ -217,6 +217,8 @@ void addScanCommand(CLI::App& app, Command& chosen) {
   const auto* progress =
       addText(command, "--progress", "auto|bar|json|none", "How progress is shown [auto: bar on a terminal]")
           ->check(CLI::IsMember({"auto", "bar", "json", "none"}).description(""));
+  command->add_flag("--continue", options->goesOn,
+                    "Go on with a scan that was stopped or killed, or lost its network");
   const auto settings = addSettings(command);
   command->footer(
       "A setting that is given here counts for this scan, in place of what \"edit\" has set for the site.\n\n"

@@ -11,6 +11,7 @@
 #include "cli/scan_progress.h"
 #include "cli/signal_watch.h"
 #include "crawler/link_rules.h"
+#include "crawler/page_journal.h"
 #include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_identity.h"
@@ -58,6 +59,24 @@ std::optional<crawler::ScanSettings> selectForScan(const CliContext& context, co
                                .ignoreRobots = site.details.ignoreRobots,
                                .filters = filters.entries,
                                .site = context.settingsOf(name)};
+}
+
+/// Says why there is nothing to go on with; true when there is.
+bool mayGoOn(const CliContext& context, const crawler::ScanSettings& settings) {
+  const auto stopped = crawler::unfinishedScan(context.state, settings.siteName);
+  if (stopped == crawler::ScanIdentity{settings.startUrl, settings.site.links}) return true;
+  const std::string site = "\"" + printable(settings.siteName) + "\"";
+  if (!stopped) {
+    printError("No scan of " + site + " was stopped: there is nothing to go on with.");
+  } else if (stopped->startUrl != settings.startUrl) {
+    printError("The scan of " + site + " that was stopped began at " + printable(stopped->startUrl) +
+               ", which is not its URL any more. Scan it anew, without --continue.");
+  } else {
+    const std::string links(store::nameOf(stopped->links));
+    printError("The scan of " + site + " that was stopped followed links by the rules \"" + links +
+               "\": give --links " + links + ", or scan it anew, without --continue.");
+  }
+  return false;
 }
 
 void printCounts(const crawler::ScanResult& result, double seconds) {
@@ -110,6 +129,7 @@ void printSummary(const CliContext& context, const crawler::ScanResult& result, 
   printCounts(result, seconds);
   printBroken(result.brokenPages);
   if (result.documentsClosed) printFiles(context.controls.siteFolder(result.siteName), result.problems);
+  if (result.canGoOn) std::cout << "To go on with it: veskel-cli scan \"" << name << "\" --continue\n";
   const std::string leftOut = result.leftOut.sentence();
   if (!leftOut.empty()) std::cout << printable(leftOut) << '\n';
   if (result.leftOut.browserRulesMayFindMore()) {
@@ -135,6 +155,7 @@ ExitCode exitCodeOf(const crawler::ScanResult& result, bool signalled, bool read
       return exitFileFailure;
     case crawler::ScanEnd::unreachable:
     case crawler::ScanEnd::forbidden:
+    case crawler::ScanEnd::lost:
       return exitUnreachable;
     case crawler::ScanEnd::cancelled:
       if (signalled) return exitStopped;
@@ -160,6 +181,7 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
   } else if (result.hasCounts() && options.progress != ProgressStyle::json) {
     printSummary(context, result, seconds);
   }
+  if (result.end == crawler::ScanEnd::lost) printError(crawler::kLostTitle);
   if (!result.failure.empty()) printError("The scan failed: " + printable(result.failure));
   for (const std::string& problem : result.sitemapProblems) printWarning(printable(problem));
   printProblems(result);
@@ -168,6 +190,10 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
   }
   if (!result.leftOutKept.ok()) {
     printWarning("What was left out could not be kept: " + printable(result.leftOutKept.error));
+  }
+  if (!result.pagesKept.ok()) {
+    printWarning("The scan cannot be gone on with, as its pages could not be kept: " +
+                 printable(result.pagesKept.error));
   }
 }
 
@@ -178,6 +204,8 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   std::optional<crawler::ScanSettings> settings = selectForScan(context, options.siteName, failure);
   if (!settings) return failure;
   for (const GivenSetting& each : options.settings) each.applyTo(settings->site);
+  settings->goesOn = options.goesOn;
+  if (options.goesOn && !mayGoOn(context, *settings)) return exitBadInput;
   settings->dateStyle = platform::environmentDateStyle();
 
   const auto started = std::chrono::steady_clock::now();

@@ -16,6 +16,7 @@ struct ScanOptions {
   std::string siteName;
   LoopAnswer loops = LoopAnswer::keepGoing;
   ProgressStyle progress = ProgressStyle::automatic;
+  bool goesOn = false;  // with what the last scan has kept
   GivenSettings settings = {};  // for this scan, in place of the site's own
 };
 

@@ -59,6 +59,8 @@ std::string_view endName(crawler::ScanEnd end) {
       return "complete";
     case crawler::ScanEnd::cancelled:
       return "cancelled";
+    case crawler::ScanEnd::lost:
+      return "lost";
     case crawler::ScanEnd::failed:
       return "failed";
     case crawler::ScanEnd::unreachable:

@@ -35,6 +35,7 @@ constexpr std::array kReasonTexts = {
                "as too many stand on one page"},
     ReasonText{surplusPage, "surplusPage", pagesMayMiss, "as there are more pages than a scan can remember",
                "as there are more pages than a scan can remember"},
+    ReasonText{tooDeep, "tooDeep", pagesMayMiss, "below the deepest level", "below the deepest level"},
     ReasonText{otherPort, "otherPort", worthTelling, "to another port", "to another port"},
     ReasonText{aboveStart, "aboveStart", worthTelling, "above the start folder", "above the start folder"},
     ReasonText{notFollowed, "notFollowed", worthTelling, "as the site asks not to follow it",

@@ -11,17 +11,10 @@ namespace crawler {
 namespace {
 
 using store::escapedField;
-using store::unescapedField;
+using store::takeField;
 
 std::filesystem::path fileOf(const store::StateFolder& state, std::string_view siteName) {
   return state.ofSite(siteName) / "left-out.tsv";
-}
-
-/// Takes the field in front of the next tab, or the rest, off the line.
-std::string takeField(std::string_view& line) {
-  const std::string_view field = line.substr(0, line.find('\t'));
-  line.remove_prefix(std::min(field.size() + 1, line.size()));
-  return unescapedField(field);
 }
 
 std::optional<LeftOutGroup> parseGroup(std::string_view line) {

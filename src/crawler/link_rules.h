@@ -33,6 +33,7 @@ enum class LinkReason {
   tooLong,             // longer than an address may be
   surplusLink,         // its page holds more than one page's entries may take
   surplusPage,         // listed, but there was no room for a further page
+  tooDeep,             // listed, but further away from the start page than the site's deepest level
   otherType,           // no page: its ending is well known, or the server says so when it is fetched
   // Of pages that were fetched:
   redirected,          // to another page of the site, which counts in its place

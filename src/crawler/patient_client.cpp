@@ -46,6 +46,14 @@ HttpAnswer PatientClient::fetch(const HttpRequest& request, std::stop_token stop
   }
 }
 
+void PatientClient::hold(bool isHeld) {
+  {
+    const std::lock_guard lock(m_mutex);
+    m_isHeld = isHeld;
+  }
+  m_turn.notify_all();
+}
+
 void PatientClient::keepInterval(std::chrono::milliseconds interval) {
   const std::lock_guard lock(m_mutex);
   m_delay = std::max(m_delay, interval);
@@ -55,7 +63,7 @@ void PatientClient::keepInterval(std::chrono::milliseconds interval) {
 bool PatientClient::waitForTurn(Ticket ticket, const std::stop_token& stop) {
   std::unique_lock lock(m_mutex);
   const auto place = m_waiting.insert(ticket).first;
-  const auto isNext = [&] { return m_waiting.begin() == place && m_running < m_atOnce; };
+  const auto isNext = [&] { return !m_isHeld && m_waiting.begin() == place && m_running < m_atOnce; };
   bool mayGo = false;
   while (m_turn.wait(lock, stop, isNext) && !stop.stop_requested()) {
     const Time start = std::max(m_pauseEnd, m_delayEnd);

@@ -50,6 +50,9 @@ class PatientClient : public platform::HttpClient {
   /// A stop also ends every wait at once.
   platform::HttpAnswer fetch(const platform::HttpRequest& request, std::stop_token stop) override;
 
+  /// While it is held no request begins; those that are under way go on. Any thread.
+  void hold(bool isHeld);
+
   /// Never makes the delay shorter.
   void keepInterval(std::chrono::milliseconds interval) override;
 
@@ -79,6 +82,7 @@ class PatientClient : public platform::HttpClient {
   std::mutex m_mutex;  // guards all below
   std::condition_variable_any m_turn;
   std::set<Ticket> m_waiting;  // for their turn; the first is the next
+  bool m_isHeld = false;
   int m_running = 0;
   int m_atOnce = std::numeric_limits<int>::max();  // so many may run
   int m_inARow = 0;                                // answered since that last changed

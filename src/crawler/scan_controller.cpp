@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include "crawler/link_rules.h"
+#include "crawler/page_journal.h"
 #include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_identity.h"
@@ -53,7 +54,12 @@ ScanController::ScanController(QMainWindow& mainWindow, platform::SheetQueue& sh
   connect(&m_view, &CoalescingView::news, this, &ScanController::onNews);
   connect(&m_establishConnectionSheet, &WaitingSheet::givenUp, this, &ScanController::cancelScan);
   connect(&m_scanCustomAlertPanel, &ProgressSheet::cancelled, this, &ScanController::cancelScan);
+  connect(&m_scanCustomAlertPanel, &ProgressSheet::paused, this, [this](bool isPaused) {
+    if (m_scan) m_scan->client.hold(isPaused);
+  });
   connect(&m_page.scanSiteButton, &QPushButton::clicked, this, &ScanController::scanSiteAction);
+  // The site's settings and URL may have changed since.
+  connect(&m_page.scanMenu, &QMenu::aboutToShow, this, &ScanController::offerToContinue);
 }
 
 ScanController::~ScanController() = default;
@@ -62,8 +68,9 @@ std::array<QDialog*, 3> ScanController::scanSheets() {
   return {&m_establishConnectionSheet, &m_scanCustomAlertPanel, &m_endAlertPanel};
 }
 
-void ScanController::scanSiteAction() {
-  if (isScanning()) return;
+void ScanController::startScan(Begin begin) {
+  const bool goesOn = begin == Begin::whereItStopped;
+  if (isScanning() || (goesOn && !offerToContinue())) return;
   m_reopenFilterDrawer = m_page.filterDrawer.isVisible();
   m_page.filterDrawer.hide();
   lockControls();
@@ -73,6 +80,7 @@ void ScanController::scanSiteAction() {
   ScanSettings settings{.siteName = m_state.qzvskCurSite,
                         .startUrl = store::readSite(m_controls, m_state.qzvskCurSite).details.url,
                         .ignoreRobots = m_ignoreRobots,
+                        .goesOn = goesOn,
                         .filters = m_state.qzvskFiltersArray,
                         .site = stored.settings,
                         .dateStyle = platform::environmentDateStyle()};
@@ -86,6 +94,29 @@ void ScanController::scanSiteAction() {
 
 void ScanController::cancelScan() {
   if (m_scan) m_scan->scanner.cancelScan();
+}
+
+void ScanController::showSiteInHand() {
+  forgetLastScan();
+  if (offerToContinue()) {
+    m_notice.add(tr("The last scan of this site was stopped. Continue Scan goes on with it."));
+  }
+}
+
+/// Whether there is a scan of the site in hand to go on with, by its settings as they are now.
+bool ScanController::offerToContinue() {
+  const std::string& site = m_state.qzvskCurSite;
+  const std::optional<ScanIdentity> stopped = unfinishedScan(m_stateFolder, site);
+  const bool mayGoOn = stopped && !isScanning() && !site.empty() &&
+                       stopped->startUrl == store::readSite(m_controls, site).details.url &&
+                       stopped->links == store::readSettings(m_stateFolder, site).settings.links;
+  m_page.continueScanMI.setEnabled(mayGoOn);
+  return mayGoOn;
+}
+
+void ScanController::settingsChanged() {
+  m_notice.refresh();
+  offerToContinue();
 }
 
 void ScanController::forgetLastScan() {
@@ -195,6 +226,7 @@ void ScanController::scanFinished(const ScanResult& result) {
   if (m_reopenFilterDrawer && wasScanned) m_page.filterDrawer.show();
   if (result.pages->size() > 0) m_links.setPages(result.pages);
   tellEnd(result);
+  if (offerToContinue() && result.canGoOn) m_notice.add(tr("Continue Scan goes on where this scan stopped."));
   emit scanned(toQString(result.siteName));
   if (m_whenEnded) return std::exchange(m_whenEnded, nullptr)();
   m_mainWindow.raise();
@@ -215,6 +247,15 @@ void ScanController::tellEnd(const ScanResult& result) {
       break;
     case ScanEnd::cancelled:
       sentence = tr("Stopped the scan of \"%1\"").arg(site);
+      break;
+    case ScanEnd::lost:
+      sentence = tr("The scan of \"%1\" was stopped: the site does not answer any more").arg(site);
+      m_sheets.alert(
+          toQString(kLostTitle),
+          tr("%1 of %2 pages found were scanned. Once the site answers again, Continue Scan goes on "
+             "from there.")
+              .arg(result.progress.pagesScanned)
+              .arg(result.progress.pagesFound));
       break;
     case ScanEnd::failed:
       sentence = tr("The scan of \"%1\" failed").arg(site);
@@ -250,6 +291,10 @@ void ScanController::tellEnd(const ScanResult& result) {
   }
   if (!result.leftOutKept.ok()) {
     sentence += tr(". What was left out could not be kept: %1").arg(toQString(result.leftOutKept.error));
+  }
+  if (!result.pagesKept.ok()) {
+    sentence += tr(". It cannot be continued, as its pages could not be kept: %1")
+                    .arg(toQString(result.pagesKept.error));
   }
   if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
   for (const std::string& problem : result.sitemapProblems) m_notice.add(toQString(problem));

@@ -38,15 +38,18 @@ class ScanController : public QObject, private ScanView {
   /// Stops a running scan and waits for its end.
   ~ScanController() override;
 
-  void scanSiteAction();
+  void scanSiteAction() { startScan(Begin::anew); }
+  /// Goes on with the scan that was stopped, if there is one of the site in hand.
+  void continueScanAction() { startScan(Begin::whereItStopped); }
   void cancelScan();
   void setIgnoreRobots(bool ignore) { m_ignoreRobots = ignore; }
 
-  /// Empties the list of links and takes the notice away: both belong to the site scanned last.
-  void forgetLastScan();
+  /// Empties the list of links and takes the notice away: both belong to the site scanned last. Tells where
+  /// the site in hand has a scan that was stopped.
+  void showSiteInHand();
 
-  /// Has the notice follow the site's settings.
-  void settingsChanged() { m_notice.refresh(); }
+  /// Has what is offered follow the settings of the site in hand.
+  void settingsChanged();
 
   bool isScanning() const { return m_scan != nullptr; }
 
@@ -61,6 +64,7 @@ class ScanController : public QObject, private ScanView {
 
  private:
   struct Scan;
+  enum class Begin { anew, whereItStopped };
 
   // Of the scan that runs:
   void scanStarted() override;
@@ -71,6 +75,9 @@ class ScanController : public QObject, private ScanView {
   void closingDocuments() override { endStartAlert(); }
   void scanFinished(const ScanResult& result) override;
 
+  void startScan(Begin begin);
+  void forgetLastScan();
+  bool offerToContinue();
   std::array<QDialog*, 3> scanSheets();
   void onNews(const ScanNews& news);
   void loopingError(bool isUp);

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPushButton>
 #include <QTableView>
 #include <array>
@@ -26,12 +27,15 @@ struct ScanControls {
   QLabel& brokenLinks = platform::control<QLabel>(window, "brokenLinks");
   QPushButton& brokenLinksButton = platform::control<QPushButton>(window, "brokenLinksButton");
   QListView& scannedLinksViewer = platform::control<QListView>(window, "scannedLinksViewer");
+  QAction& continueScanMI = platform::control<QAction>(window, "continueScanMI");
+  QMenu& scanMenu = platform::control<QMenu>(window, "scanMenu");
   QDockWidget& filterDrawer = platform::control<QDockWidget>(window, "filterDrawer");
 
   /// Whatever would bring another site into hand, or change the one that is scanned.
-  std::array<QAction*, 8> lockedActions = {
-      &action("addMI"),     &action("editMI"),      &action("deleteMI"),       &action("scanMI"),
-      &action("filtersMI"), &action("addFilterMI"), &action("ignoreRobotsMI"), &action("scanSettingsMI")};
+  std::array<QAction*, 9> lockedActions = {
+      &action("addMI"),       &action("editMI"),         &action("deleteMI"),
+      &action("scanMI"),      &continueScanMI,           &action("filtersMI"),
+      &action("addFilterMI"), &action("ignoreRobotsMI"), &action("scanSettingsMI")};
   std::array<QWidget*, 8> lockedWidgets = {&platform::control<QTableView>(window, "siteListTable"),
                                            &platform::control<QLineEdit>(window, "siteSearch"),
                                            &platform::control<QPushButton>(window, "addSiteButton"),

@@ -15,10 +15,10 @@ namespace {
 
 constexpr int kSheetWidth = 460;
 
-QHBoxLayout* buttonRow(QPushButton* button) {
+QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons) {
   auto* row = new QHBoxLayout;
   row->addStretch();
-  row->addWidget(button);
+  for (QPushButton* button : buttons) row->addWidget(button);
   return row;
 }
 
@@ -39,7 +39,7 @@ WaitingSheet::WaitingSheet(QWidget* parent, const char* name, const char* barNam
   layout->addWidget(bar);
   if (giveUp == GiveUp::impossible) return;
   auto* cancel = new QPushButton(tr("Cancel"));
-  layout->addLayout(buttonRow(cancel));
+  layout->addLayout(buttonRow({cancel}));
   connect(cancel, &QPushButton::clicked, this, &WaitingSheet::givenUp);
 }
 
@@ -53,7 +53,11 @@ void WaitingSheet::reject() {
 }
 
 ProgressSheet::ProgressSheet(QWidget* parent)
-    : QDialog(parent), m_text(new QLabel), m_bar(new QProgressBar), m_cancel(new QPushButton(tr("Cancel"))) {
+    : QDialog(parent),
+      m_text(new QLabel),
+      m_bar(new QProgressBar),
+      m_pause(new QPushButton(tr("&Pause"))),
+      m_cancel(new QPushButton(tr("Cancel"))) {
   setObjectName(QStringLiteral("scanCustomAlertPanel"));
   setWindowTitle(tr("Scanning"));
   setMinimumWidth(kSheetWidth);
@@ -62,6 +66,9 @@ ProgressSheet::ProgressSheet(QWidget* parent)
   m_bar->setObjectName(QStringLiteral("scanProgressBar"));
   m_bar->setAccessibleName(tr("Progress"));
   m_bar->setTextVisible(false);
+  m_pause->setObjectName(QStringLiteral("pauseScanButton"));
+  m_pause->setCheckable(true);
+  m_pause->setAutoDefault(false);
   m_cancel->setObjectName(QStringLiteral("cancelScanButton"));
   auto* grid = new QGridLayout;
   m_pagesLeft = addCounter(tr("Pages left"), "caPagesLeft", grid, 0);
@@ -72,8 +79,12 @@ ProgressSheet::ProgressSheet(QWidget* parent)
   layout->addWidget(m_text);
   layout->addWidget(m_bar);
   layout->addLayout(grid);
-  layout->addLayout(buttonRow(m_cancel));
+  layout->addLayout(buttonRow({m_pause, m_cancel}));
   connect(m_cancel, &QPushButton::clicked, this, &ProgressSheet::cancelled);
+  connect(m_pause, &QPushButton::toggled, this, [this](bool isPaused) {
+    showText(m_last);
+    emit paused(isPaused);
+  });
   reset();
 }
 
@@ -100,12 +111,15 @@ void ProgressSheet::showProgress(const ScanProgress& progress, const QString& te
 }
 
 void ProgressSheet::showText(const QString& text) {
-  m_text->setText(fontMetrics().elidedText(text, Qt::ElideMiddle,
+  m_last = text;
+  const QString shown = m_pause->isChecked() ? tr("Paused") : text;
+  m_text->setText(fontMetrics().elidedText(shown, Qt::ElideMiddle,
                                            contentsRect().width() - 2 * layout()->contentsMargins().left()));
-  m_text->setToolTip(text);
+  m_text->setToolTip(shown);
 }
 
 void ProgressSheet::reset() {
+  m_pause->setChecked(false);
   showProgress({}, {});
 }
 

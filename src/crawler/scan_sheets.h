@@ -40,23 +40,27 @@ class ProgressSheet : public QDialog {
   explicit ProgressSheet(QWidget* parent);
 
   void showProgress(const ScanProgress& progress, const QString& text);
-  /// What happens now: the address of a page, or a sentence.
+  /// What happens now: the address of a page, or a sentence. Not seen while the scan is paused.
   void showText(const QString& text);
   void reset();
   void reject() override;
 
  signals:
   void cancelled();
+  /// The user has the scan wait, or go on.
+  void paused(bool isPaused);
 
  private:
   QLabel* addCounter(const QString& caption, const char* name, QGridLayout* grid, int column);
 
+  QString m_last;  // that was to be shown
   QLabel* m_text;
   QProgressBar* m_bar;
   QLabel* m_pagesLeft;
   QLabel* m_pagesScanned;
   QLabel* m_brokenLinks;
   QLabel* m_linksFound;
+  QPushButton* m_pause;
   QPushButton* m_cancel;
 };
 

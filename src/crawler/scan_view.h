@@ -39,6 +39,7 @@ struct VisitedPage {
 enum class ScanEnd {
   complete,     // every page was visited
   cancelled,    // the user stopped it, or the limit on pages was reached
+  lost,         // the site does not answer any more
   failed,       // there was no memory to go on; what could be closed was
   unreachable,  // the start address did not answer with a page
   forbidden,    // robots.txt keeps scans from the start address, or could not be read
@@ -56,6 +57,7 @@ struct ScanResult {
   std::string refusal = {};            // a sentence without its full stop, for ScanEnd::forbidden
   std::string failure = {};            // what happened, for ScanEnd::failed
   bool documentsClosed = false;        // except those among the problems
+  bool canGoOn = false;                // a later scan can, with the pages fetched so far
   LeftOut leftOut = {};
   std::vector<std::string> sitemapProblems = {};     // of the site's own sitemaps, a sentence each
   std::vector<store::BrokenPage> brokenPages = {};   // in the order found
@@ -63,10 +65,12 @@ struct ScanResult {
   std::vector<sitemaps::FileProblem> problems = {};  // files that could not be read or written
   platform::FileResult reasons = {};                 // of keeping why pages are broken, beside the documents
   platform::FileResult leftOutKept = {};             // of keeping what was left out, likewise
+  platform::FileResult pagesKept = {};               // of keeping pages to go on with, likewise
 
   /// Whether pages were visited, so that the counts and lists say something.
   bool hasCounts() const {
-    return end == ScanEnd::complete || end == ScanEnd::cancelled || end == ScanEnd::failed;
+    return end == ScanEnd::complete || end == ScanEnd::cancelled || end == ScanEnd::lost ||
+           end == ScanEnd::failed;
   }
 };
 
@@ -118,6 +122,7 @@ std::string waitingText(std::chrono::seconds wait);
 inline constexpr std::string_view kUnreachableTitle = "The Site URL Could Not Be Reached";
 inline constexpr std::string_view kUnreachablePrefix = "Error Code: ";
 inline constexpr std::string_view kForbiddenTitle = "The Site May Not Be Scanned";
+inline constexpr std::string_view kLostTitle = "The Site Does Not Answer Any More";
 inline constexpr std::string_view kLoopingTitle = "There may be an issue with the site you are scanning.";
 inline constexpr std::string_view kLoopingMessage =
     "URL parameters have been found containing multiple ?s which may be invalid.";

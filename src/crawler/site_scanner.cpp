@@ -22,6 +22,9 @@ constexpr std::size_t kRobotsBytes = 1u << 20;
 /// Given back when memory runs out, so that the documents can be closed.
 constexpr std::size_t kReserve = 1u << 20;
 
+/// So many pages in a row without any answer, and the start page is asked whether the site is still there.
+constexpr int kUnansweredBelieved = 20;
+
 /// Why the start address did not do.
 std::string reasonOf(const platform::HttpAnswer& answer) {
   if (answer.failure != platform::FetchFailure::none) {
@@ -44,6 +47,11 @@ SiteScanner::SiteScanner(const ScanServices& services, ScanSettings settings)
       m_settings(std::move(settings)),
       m_documents(services.controls.siteFolder(m_settings.siteName)),
       m_dates(m_settings.dateStyle),
+      m_pages(services.pages,
+              services.state != nullptr
+                  ? &m_journal.emplace(*services.state, m_settings.siteName, m_settings.bounds.journal)
+                  : nullptr,
+              services.client, readingFor(m_settings)),
       m_uniquePages(std::make_shared<PageQueue>(m_settings.bounds.queue)),
       m_reserve(std::make_unique<char[]>(kReserve)) {
   m_result.siteName = m_settings.siteName;
@@ -90,15 +98,30 @@ void SiteScanner::scan() {
     return;
   }
   m_services.view.scanStarted();
-  if (!m_documents.start()) {
-    m_result.end = ScanEnd::unwritable;
-    m_result.problems = m_documents.problems();
-    return;
-  }
   attempt([this] {
-    if (connect()) extractLinksFromPage();
+    if (!begin()) return;
+    startCrawl();
+    extractLinksFromPage();
   });
-  if (m_result.end != ScanEnd::unreachable && m_result.end != ScanEnd::forbidden) scanFinished();
+  if (m_hasDocuments && m_result.hasCounts()) scanFinished();
+}
+
+/// Whether there is something to crawl, and documents to write it to. A scan that goes on leaves them alone
+/// until the site has answered: they hold what was found so far.
+bool SiteScanner::begin() {
+  if (!m_settings.goesOn) return startDocuments() && connect();
+  if (!connect()) return false;
+  if (!m_terminateScan) return startDocuments();
+  m_result.end = ScanEnd::cancelled;
+  return false;
+}
+
+bool SiteScanner::startDocuments() {
+  m_hasDocuments = m_documents.start();
+  if (m_hasDocuments) return true;
+  m_result.end = ScanEnd::unwritable;
+  m_result.problems = m_documents.problems();
+  return false;
 }
 
 /// Does `work`; where there is no memory for it, or a library is in trouble, the scan counts as failed.
@@ -124,10 +147,7 @@ bool SiteScanner::connect() {
   if (ok || m_terminateScan) {
     m_links = makeLinkRules(m_settings, readRobots());
     m_result.refusal = m_links->refusal();
-    if (m_result.refusal.empty() || m_terminateScan) {
-      startCrawl();
-      return true;
-    }
+    if (m_result.refusal.empty() || m_terminateScan) return true;
     m_result.end = ScanEnd::forbidden;
     return false;
   }
@@ -138,9 +158,14 @@ bool SiteScanner::connect() {
 
 void SiteScanner::startCrawl() {
   m_services.client.keepInterval(m_links->interval());
+  if (m_journal) {
+    const ScanIdentity scan{m_settings.startUrl, m_settings.site.links};
+    m_settings.goesOn ? m_journal->goOn(scan) : m_journal->beginAnew(scan);
+  }
   m_uniquePages->append(m_links->startAddress(m_settings.startUrl));
-  m_services.pages.expect((*m_uniquePages)[0]);
+  m_pages.expect((*m_uniquePages)[0]);
   if (m_settings.site.sitemaps == store::OwnSitemaps::scanned) queueSitemapPages();
+  m_levelEnd = m_uniquePages->size();
   m_services.view.connectionEstablished();
 }
 
@@ -151,7 +176,7 @@ void SiteScanner::queueSitemapPages() {
   const auto queue = [this](std::string_view address, const SiteSitemap& sitemap) {
     m_pageUrl = sitemap.address;
     const JudgedLink link = m_links->judge(std::string(address), *m_uniquePages);
-    followLink(link, link.address);
+    followLink(link, link.address, Level::same);
   };
   for (const SiteSitemap& sitemap :
        readSiteSitemaps(m_services.client, *start, m_links->sitemaps(), queue, m_stop.get_token())) {
@@ -184,13 +209,20 @@ std::string SiteScanner::unreachableReason(const std::string& siteBaseURL) {
 void SiteScanner::extractLinksFromPage() {
   for (std::size_t i = 0; i < m_uniquePages->size(); ++i) {
     if (m_settings.site.maxPages > 0 && m_ssf >= m_settings.site.maxPages) m_terminateScan = true;
+    if (i == m_levelEnd) {
+      ++m_level;
+      m_levelEnd = m_uniquePages->size();
+    }
     if (m_terminateScan || visit((*m_uniquePages)[i]) == PageStep::leaveLoop) break;
   }
+  if (m_result.end == ScanEnd::lost || isLost(1)) return;
   m_result.end = m_terminateScan ? ScanEnd::cancelled : ScanEnd::complete;
 }
 
 SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
-  const std::shared_ptr<const FetchedPage> page = m_services.pages.page(url, m_stop.get_token());
+  const std::shared_ptr<const FetchedPage> page = m_pages.page(url, m_stop.get_token());
+  m_unanswered = platform::isUnanswered(page->failure) ? m_unanswered + 1 : 0;
+  if (isLost(kUnansweredBelieved)) return PageStep::leaveLoop;
   if (isDirectoryListing(page->contents.title)) {
     countPage(url, page->status, {});
     return PageStep::nextPage;
@@ -202,12 +234,23 @@ SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
   return PageStep::nextPage;
 }
 
+/// Whether the site has gone: pages were not answered, and the start page is not answered either.
+bool SiteScanner::isLost(int unansweredBelieved) {
+  if (m_unanswered < unansweredBelieved || m_terminateScan) return false;
+  m_unanswered = 0;
+  const platform::HttpAnswer answer =
+      m_services.client.fetch({.url = m_settings.startUrl}, m_stop.get_token());
+  if (!platform::isUnanswered(answer.failure) || m_terminateScan) return false;
+  m_result.end = ScanEnd::lost;
+  return true;
+}
+
 void SiteScanner::usePage(std::string_view url, const FetchedPage& page) {
   const JudgedPage judged = m_links->judgePage(url, page, *m_uniquePages);
   m_pageUrl = judged.address;
   if (judged.inPlace) {
     const JudgedLink other = m_links->judge(*judged.inPlace, *m_uniquePages);
-    followLink(other, other.address);
+    followLink(other, other.address, Level::same);
   }
   if (judged.use == JudgedPage::Use::broken) {
     m_result.brokenPages.push_back({std::string(url), page.reason()});
@@ -300,10 +343,10 @@ JudgedLink SiteScanner::judge(const Anchor& anchor, std::string absolute) const 
 }
 
 /// `address` is the link's, wherever it has gone.
-void SiteScanner::followLink(const JudgedLink& link, std::string_view address) {
+void SiteScanner::followLink(const JudgedLink& link, std::string_view address, Level level) {
   switch (link.reason) {
     case LinkReason::none:
-      return queueLink(address);
+      return queueLink(address, level);
     case LinkReason::filter:
       return leaveOut(link.reason, address, link.which, m_settings.filters[link.which]);
     case LinkReason::robots:
@@ -327,13 +370,16 @@ bool SiteScanner::listLink(std::string_view link, std::string_view title) {
   return !m_pageFull;
 }
 
-void SiteScanner::queueLink(std::string_view link) {
+/// What counts in a page's place is no further away than the page.
+void SiteScanner::queueLink(std::string_view link, Level level) {
   const std::optional<std::string_view> page = m_links->keyOfNewPage(link, *m_uniquePages);
   if (!page) return;
+  if (level == Level::next && m_settings.site.levels > 0 && m_level >= m_settings.site.levels)
+    return leaveOut(LinkReason::tooDeep, link);
   if (m_uniquePages->append(*page) == Queued::noRoom) {
     leaveOut(LinkReason::surplusPage, link);
   } else {
-    m_services.pages.expect((*m_uniquePages)[m_uniquePages->size() - 1]);
+    m_pages.expect((*m_uniquePages)[m_uniquePages->size() - 1]);
   }
 }
 
@@ -351,7 +397,7 @@ ScanProgress SiteScanner::progress() const {
 
 void SiteScanner::buildPageTitleSitemap(std::string_view entry, std::string_view plainLink) {
   m_documents.appendPage(entry);
-  const std::string modified = m_services.pages.lastModified(m_stop.get_token());
+  const std::string modified = m_pages.lastModified(m_stop.get_token());
   m_documents.appendXml(sitemaps::xmlEntry(plainLink, m_dates.weekDate(modified)));
 }
 
@@ -368,6 +414,7 @@ void SiteScanner::scanFinished() {
   m_fullPageData = std::string();  // its memory goes too
   attempt([this] { m_services.view.closingDocuments(); });
   updateAllScanDetails();
+  attempt([this] { finishJournal(); });
   attempt([this] {
     m_documents.finish();
     m_result.documentsClosed = true;
@@ -402,6 +449,14 @@ void SiteScanner::updateAllScanDetails() {
     if (m_services.state != nullptr)
       m_result.leftOutKept = saveLeftOut(*m_services.state, site, m_result.leftOut);
   });
+}
+
+void SiteScanner::finishJournal() {
+  if (!m_journal) return;
+  if (m_result.end == ScanEnd::complete) return m_journal->remove();
+  m_pages.finish();
+  m_result.pagesKept = m_journal->result();
+  m_result.canGoOn = m_result.pagesKept.ok();
 }
 
 void SiteScanner::note(const std::filesystem::path& path, const platform::FileResult& result) {

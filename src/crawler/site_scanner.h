@@ -12,8 +12,10 @@
 #include <unordered_set>
 #include <vector>
 
+#include "crawler/kept_pages.h"
 #include "crawler/left_out.h"
 #include "crawler/link_rules.h"
+#include "crawler/page_journal.h"
 #include "crawler/page_queue.h"
 #include "crawler/page_source.h"
 #include "crawler/repeat_watch.h"
@@ -34,7 +36,7 @@ struct ScanServices {
   PageSource& pages;
   ScanView& view;
   const store::BrokenReasons* reasons = nullptr;  // where reasons are remembered, if anywhere
-  const store::StateFolder* state = nullptr;      // where what was left out is, if anywhere
+  const store::StateFolder* state = nullptr;  // where what was left out is, and what was fetched, if anywhere
 };
 
 enum class LoopingAnswer { continueScan, cancelScan };
@@ -70,10 +72,13 @@ class SiteScanner {
   void scan();
   template <typename Work>
   void attempt(Work work);
+  bool begin();
+  bool startDocuments();
   bool connect();
   void startCrawl();
   void extractLinksFromPage();
   PageStep visit(std::string_view url);
+  bool isLost(int unansweredBelieved);
   void askWhetherLooping(std::string_view url);
   void usePage(std::string_view url, const FetchedPage& page);
   void listPage(std::string_view url, const FetchedPage& page);
@@ -81,9 +86,10 @@ class SiteScanner {
   void finishPage();
   void examineAnchor(const Anchor& anchor);
   bool listLink(std::string_view link, std::string_view title);
-  void queueLink(std::string_view link);
+  enum class Level { next, same };
+  void queueLink(std::string_view link, Level level);
   JudgedLink judge(const Anchor& anchor, std::string absolute) const;
-  void followLink(const JudgedLink& link, std::string_view address);
+  void followLink(const JudgedLink& link, std::string_view address, Level level = Level::next);
   void leaveOut(LinkReason reason, std::string_view link, std::size_t which = 0, std::string_view name = {});
   void countPage(std::string_view url, int status, std::string_view brokenReason);
 
@@ -97,6 +103,7 @@ class SiteScanner {
 
   void scanFinished();
   void updateAllScanDetails();
+  void finishJournal();
   void note(const std::filesystem::path& path, const platform::FileResult& result);
   ScanProgress progress() const;
 
@@ -106,6 +113,8 @@ class SiteScanner {
   platform::DateFormatter m_dates;
 
   // The crawl's own, touched by its thread alone.
+  std::optional<PageJournal> m_journal;
+  KeptPages m_pages;
   std::shared_ptr<PageQueue> m_uniquePages;
   std::unique_ptr<LinkRules> m_links;
   LeftOutCounter m_leftOut;
@@ -115,6 +124,10 @@ class SiteScanner {
   std::string_view m_pageUrl;  // of the page in hand, as judged
   bool m_pageFull = false;     // it takes no more links
   bool m_pageInHand = false;   // it has its place in the documents, and is not counted yet
+  int m_level = 0;             // of the page in hand: so many links away from the start page
+  std::size_t m_levelEnd = 0;  // index of the first page of the next level
+  int m_unanswered = 0;        // pages in a row to which no answer came
+  bool m_hasDocuments = false;
   int m_ssf = 0;               // pages handled: good, broken or skipped
   int m_pagesLeftOut = 0;      // of these, good ones that are not in the documents by the rules
   int m_totLinks = 0;          // links counted; also the next LINKID

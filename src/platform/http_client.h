@@ -56,6 +56,12 @@ enum class FetchFailure {
 /// The failure in a few words for the user: "The host name could not be resolved". Empty for `none`.
 std::string_view failureText(FetchFailure failure);
 
+/// Whether a server was not reached, or said nothing: with the network away all requests end so.
+constexpr bool isUnanswered(FetchFailure failure) {
+  return failure == FetchFailure::nameNotResolved || failure == FetchFailure::connectionFailed ||
+         failure == FetchFailure::timedOut || failure == FetchFailure::connectionClosed;
+}
+
 /// An answer, or the reason why there is none. With a failure, status is 0 and the texts are empty.
 struct [[nodiscard]] HttpAnswer {
   FetchFailure failure = FetchFailure::none;

@@ -85,7 +85,8 @@ bool isBlank(char c) {
   return kBlanks.find(c) != std::string_view::npos;
 }
 
-/// Null for an unknown label.
+}  // namespace
+
 const Encoding* encodingLabelled(std::string_view label) {
   label = trimmed(label);
   if (label.empty() || label.find_first_of(kBlanks) != std::string_view::npos) return nullptr;
@@ -95,6 +96,8 @@ const Encoding* encodingLabelled(std::string_view label) {
   }
   return nullptr;
 }
+
+namespace {
 
 /// The encoding that a declaration inside the document means.
 const Encoding* encodingDeclared(std::string_view label) {

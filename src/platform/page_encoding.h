@@ -23,6 +23,9 @@ struct Encoding {
   std::string_view labels;  // each between two blanks
 };
 
+/// The encoding that browsers know by this label, in any case; null for an unknown label.
+const Encoding* encodingLabelled(std::string_view label);
+
 struct PageEncoding {
   const Encoding* encoding;    // never null
   std::size_t markLength = 0;  // bytes of the byte-order mark

@@ -120,6 +120,10 @@ struct SettingField {
 inline constexpr std::array kLinkStyles = {Choice::Option{"simple", "Simple"},
                                            Choice::Option{"browser", "As browsers do"}};
 
+constexpr std::string_view nameOf(LinkStyle links) {
+  return kLinkStyles[static_cast<std::size_t>(links)].name;
+}
+
 inline constexpr std::array kOwnSitemaps = {Choice::Option{"no", "Passed over"},
                                             Choice::Option{"yes", "Their pages are scanned, too"}};
 

@@ -16,22 +16,19 @@ std::vector<std::string> nonEmptyLines(std::string_view text) {
 
 std::string escapedField(std::string_view text) {
   std::string result;
-  for (const char c : text) {
-    switch (c) {
-      case '\\':
-        result += "\\\\";
-        break;
-      case '\t':
-        result += "\\t";
-        break;
-      case '\n':
-        result += "\\n";
-        break;
-      default:
-        result += c;
-    }
-  }
+  appendEscapedField(result, text);
   return result;
+}
+
+void appendEscapedField(std::string& line, std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t plain = std::min(text.find_first_of("\\\t\n"), text.size());
+    line += text.substr(0, plain);
+    text.remove_prefix(plain);
+    if (text.empty()) return;
+    line += text.front() == '\\' ? "\\\\" : text.front() == '\t' ? "\\t" : "\\n";
+    text.remove_prefix(1);
+  }
 }
 
 std::string unescapedField(std::string_view text) {
@@ -45,6 +42,12 @@ std::string unescapedField(std::string_view text) {
     result += code == 't' ? '\t' : code == 'n' ? '\n' : code;
   }
   return result;
+}
+
+std::string takeField(std::string_view& line) {
+  const std::string_view field = line.substr(0, line.find('\t'));
+  line.remove_prefix(std::min(field.size() + 1, line.size()));
+  return unescapedField(field);
 }
 
 }  // namespace store

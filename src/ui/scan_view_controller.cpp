@@ -145,6 +145,7 @@ void ScanViewController::connectCommands() {
   whenSaved(m_view.editMI, &editor, &AddEditDeleteSitesController::editSite);
   whenSaved(m_view.deleteMI, &editor, &AddEditDeleteSitesController::deleteSite);
   whenSaved(m_view.scanMI, &m_parts.scan, &crawler::ScanController::scanSiteAction);
+  whenSaved(m_view.continueScanMI, &m_parts.scan, &crawler::ScanController::continueScanAction);
   onAction(m_view.openFolderMI, this, [this] { openSiteFolder(); });
   onAction(m_view.filtersMI, this, &ScanViewController::filterAddPanel);
   onAction(m_view.ignoreRobotsMI, this, &ScanViewController::ignoreRobotsAction);
@@ -193,7 +194,8 @@ void ScanViewController::buildContextMenus() {
     line->setSeparator(true);
     return line;
   };
-  m_view.siteListTable.addActions({&m_view.scanMI, &m_view.editMI, &m_view.scanSettingsMI, separator()});
+  m_view.siteListTable.addActions(
+      {&m_view.scanMI, &m_view.continueScanMI, &m_view.editMI, &m_view.scanSettingsMI, separator()});
   platform::addAddressActions(m_view.siteListTable, [this] {
     return m_parts.state.qzvskCurSite.empty() ? QStringList() : QStringList(siteUrl());
   });
@@ -254,7 +256,7 @@ void ScanViewController::showNoSite() {
   auto& broken = m_view.brokenLinksButton;
   broken.setEnabled(false);
   broken.hide();
-  m_parts.scan.forgetLastScan();
+  m_parts.scan.showSiteInHand();
   showIgnoreRobots(false);
   setSiteControlsEnabled(tr("Select a site first"));
   m_noLinks->setText(tr("Select a site to see what is known of it."));
@@ -283,7 +285,7 @@ void ScanViewController::showSite(const std::string& name) {
   m_view.openFolderMI.setEnabled(true);
   m_parts.filters.reloadFilterTable();
   m_parts.state.qzvskViewChanged = true;
-  m_parts.scan.forgetLastScan();
+  m_parts.scan.showSiteInHand();
   explainEmptyList(details);
   emit siteInHandChanged(toQString(name));
   emit qzvskLFF();

@@ -52,6 +52,7 @@ struct ScanViewControls : crawler::ScanControls {
   QAction& openAddressMI = platform::control<QAction>(window, "openAddressMI");
   QAction& findSiteMI = platform::control<QAction>(window, "findSiteMI");
   QMenu& layoutMenu = platform::control<QMenu>(window, "layoutMenu");
+  QAction& continueScanMI = platform::control<QAction>(window, "continueScanMI");
   QAction& scanMI = platform::control<QAction>(window, "scanMI");
   QAction& scanSettingsMI = platform::control<QAction>(window, "scanSettingsMI");
   QAction& filtersMI = platform::control<QAction>(window, "filtersMI");

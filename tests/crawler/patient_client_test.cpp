@@ -145,6 +145,27 @@ class UnfairTime : public SkippedTime {
   }
 };
 
+TEST(PatientClient, AsksNothingWhileItIsHeld) {
+  std::atomic<int> asked = 0;
+  Server server([&](const HttpRequest&) {
+    ++asked;
+    return kGood;
+  });
+  SkippedTime clock;
+  Ear ear;
+  PatientClient client(server, clock, ear);
+  client.hold(true);
+  std::stop_source stop;
+  std::thread stopped([&] { EXPECT_EQ(client.fetch({}, stop.get_token()).failure, FetchFailure::stopped); });
+  stop.request_stop();
+  stopped.join();
+  std::thread waiting([&] { EXPECT_EQ(client.fetch({}, {}).status, 200); });
+  EXPECT_EQ(asked, 0);
+  client.hold(false);
+  waiting.join();
+  EXPECT_EQ(asked, 1);
+}
+
 TEST(PatientClient, KeepsTheTurnOfWhatItRepeats) {
   UnfairTime time;
   std::vector<std::string> asked;

@@ -196,6 +196,22 @@ TEST(Scan, AsksForNothingWhenADocumentCannotBeWritten) {
   EXPECT_TRUE(server.requests().empty());
 }
 
+TEST(Scan, EndsAtTheDeepestLevel) {
+  SiteServer::Pages pages = chainOf(5);
+  pages["/2.html"] = {"", "", 301, "", "/moved.html"};
+  pages["/moved.html"] = {titled("Moved", linkTo("3.html"))};
+  const SiteServer server(pages);
+  for (const auto links : {store::LinkStyle::simple, store::LinkStyle::browser}) {
+    ScanRun run(server.url());
+    run.settings.site.links = links;
+    run.settings.site.levels = 1;
+    const ScanResult result = run.scan();
+    EXPECT_EQ(result.end, ScanEnd::complete);
+    EXPECT_EQ(result.statistics.pagesUsed, 2);
+    EXPECT_THAT(result.leftOut.sentence(), HasSubstr("1 link below the deepest level"));
+  }
+}
+
 TEST(Scan, KeepsWithinItsBounds) {
   const SiteServer server({{"/",
                             {titled("Start", linkTo("2.html") + linkTo("3.html") +

@@ -118,7 +118,8 @@ RawServer::~RawServer() {
 RawServer::Handler RawServer::answering(std::function<std::string(const RawRequest&)> answer) {
   return [answer = std::move(answer)](RawConnection& connection) {
     while (const auto request = connection.readRequest()) {
-      if (!connection.answer(*request, answer(*request))) return;
+      const std::string bytes = answer(*request);
+      if (bytes.empty() || !connection.answer(*request, bytes)) return;
     }
   };
 }

@@ -68,7 +68,7 @@ class RawServer {
   RawServer& operator=(const RawServer&) = delete;
 
   /// A handler that answers every request of a connection with what `answer` makes of it, as
-  /// RawConnection::answer() does, and keeps it open.
+  /// RawConnection::answer() does, and keeps it open; it is closed where that makes nothing.
   static Handler answering(std::function<std::string(const RawRequest&)> answer);
 
   /// "http://127.0.0.1:PORT" and `path`.

@@ -12,9 +12,9 @@
 
 namespace support {
 
-ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()) {
+ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()), m_state(m_home.path() / "state") {
   std::filesystem::create_directories(m_controls.homeFolderLocation());
-  const store::AddEditDeleteSites sites(m_controls, store::StateFolder(m_home.path() / "state"));
+  const store::AddEditDeleteSites sites(m_controls, m_state);
   EXPECT_EQ(sites.createNewSite("Site", startUrl).outcome, store::SaveOutcome::saved);
   // Selecting a site adds the counter that a new record lacks.
   const std::filesystem::path record = m_controls.returnFullFileLocation("Site");
@@ -30,7 +30,8 @@ crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&
   crawler::PatientClient patient(network, clock != nullptr ? *clock : steady, view);
   platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;
   crawler::ReadAheadPages pages(client, limits, crawler::readingFor(settings));
-  crawler::SiteScanner scanner({m_controls, client, pages, view}, settings);
+  crawler::SiteScanner scanner({m_controls, client, pages, view, nullptr, isKept ? &m_state : nullptr},
+                                settings);
   m_scanner = &scanner;
   scanner.scanSiteAction();
   if (whenRunning) whenRunning(scanner);

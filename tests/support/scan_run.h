@@ -51,6 +51,7 @@ class ScanRun {
   crawler::ScanSettings settings;
   crawler::ReadAheadLimits limits;
   platform::HttpLimits httpLimits;
+  bool isKept = false;                // what it fetches, for a later scan to go on with
   platform::Clock* clock = nullptr;  // where set, the scan is patient, by this clock
   RecordingView view;                // of the next scan
 
@@ -59,6 +60,9 @@ class ScanRun {
 
   /// The scanner in hand, for callbacks of the view.
   crawler::SiteScanner& scanner() { return *m_scanner; }
+
+  /// Where a scan that was stopped has kept its pages.
+  std::filesystem::path journal() const { return m_state.ofSite("Site") / "unfinished-scan.tsv"; }
 
   std::filesystem::path folder() const { return m_controls.siteFolder("Site"); }
 
@@ -73,6 +77,7 @@ class ScanRun {
  private:
   TempFolder m_home;
   store::GlobalControls m_controls;
+  store::StateFolder m_state;
   crawler::SiteScanner* m_scanner = nullptr;
 };
 

@@ -45,6 +45,7 @@ std::string SiteServer::answer(const RawRequest& request) {
     times = ++m_gets[target];
   }
   const ServedPage page = m_handler(target, times);
+  if (page.status == 0) return {};
   std::string headers;
   const auto add = [&](const std::string& name, const std::string& value) {
     if (!value.empty()) headers += name + ": " + value + "\r\n";

@@ -14,7 +14,7 @@ namespace support {
 struct ServedPage {
   std::string body = {};
   std::string contentType = "text/html; charset=utf-8";  // empty: no such header
-  int status = 200;
+  int status = 200;               // 0: the connection is closed without an answer
   std::string lastModified = {};  // empty: no such header
   std::string location = {};      // for redirects
   std::string retryAfter = {};    // empty: no such header
