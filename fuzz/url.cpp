@@ -30,24 +30,11 @@ std::string recomposed(const Url& url) {
   return text;
 }
 
-bool hasDots(std::string_view path) {
-  while (!path.empty()) {
-    path.remove_prefix(1);
-    std::string segment(path.substr(0, path.find('/')));
-    path.remove_prefix(segment.size());
-    std::replace(segment.begin(), segment.end(), 'E', 'e');
-    for (std::size_t at = 0; (at = segment.find("%2e")) != std::string::npos;) segment.replace(at, 3, ".");
-    if (segment == "." || segment == "..") return true;
-  }
-  return false;
-}
-
 void check(const Url& url) {
   const std::string& href = url.href();
   require(std::all_of(href.begin(), href.end(), [](char c) { return c >= ' ' && c <= '~'; }),
           "an address is ASCII without controls");
   require(recomposed(url) == href, "the parts make up the address");
-  require(url.hasOpaquePath() || !hasDots(url.path()), "no path climbs");
   const std::string withoutFragment(url.withoutFragment());
   require(withoutFragment == href.substr(0, href.find('#')), "a fragment is what stands behind the first #");
   if (url.isWeb()) {

@@ -31,7 +31,6 @@ build_packages=(
 test_packages=(
   at-spi2-core # with the next and the last ones: the window as an assistive technology sees it
   dbus
-  libbrotli-dev
   libgmock-dev
   libgtest-dev
   libxml2-utils # xmllint

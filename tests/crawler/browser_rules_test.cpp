@@ -109,8 +109,10 @@ TEST(BrowserScan, CountsEachPageOnceAndTellsOthersApart) {
   pages["/"] = {
       page("Home",
            "<a href=index.html>i</a><a href=a.b.html>a</a><a href=moved>m</a><a href=away>w</a>"
-           "<a href=file>f</a><a href=copy>c</a><a href=hidden>h</a><a href=gone>g</a><iframe src=frame>")};
+           "<a href=file>f</a><a href=copy>c</a><a href=hidden>h</a><a href=gone>g</a><iframe src=frame>"
+           "</iframe><a href=private>p</a><a href=i.png>i</a><a rel=nofollow href=secret>s</a>")};
   pages["/index.html"] = pages["/"];
+  pages["/robots.txt"] = {"User-agent: *\nDisallow: /p*\n", "text/plain"};
   pages["/a.b.html"] = {page("A"), "application/xhtml+xml"};
   pages["/moved"] = {"", "", 301, "", "/end?x"};
   pages["/end?x"] = {page("End", "<a href=moved>m</a>")};
@@ -132,6 +134,15 @@ TEST(BrowserScan, CountsEachPageOnceAndTellsOthersApart) {
     ASSERT_EQ(result.brokenPages.size(), 1u);  // whatever is behind "away"
     EXPECT_EQ(result.brokenPages[0].url, server.url() + "gone");
     EXPECT_EQ(result.statistics.pagesUsed, 7);
+    EXPECT_EQ(support::leftOutLines(result, server.url()),
+              "1 by the robots.txt rule \"Disallow: /p*\": /private</\n"
+              "1 as the site asks not to follow it: /secret</\n"
+              "1 as it asks to be left out: /hidden<\n"
+              "1 that leads out of the site: /away<\n"
+              "2 of other types: /i.png</ /file<\n"
+              "1 that leads to another page: /moved<\n"
+              "1 that is the folder's page again: /index.html<\n"
+              "1 that names another page in its place: /copy<\n");
     std::string titles;
     const std::string text = run.file("sitemap1cpo.html");
     for (std::size_t at = 0; (at = text.find("---\">", at)) != std::string::npos;) {

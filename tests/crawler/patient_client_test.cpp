@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <functional>
-#include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
@@ -10,8 +9,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/scan_run.h"
-#include "support/site_server.h"
 #include "support/skipped_time.h"
 #include "support/waiting.h"
 
@@ -221,27 +218,6 @@ TEST(PatientClient, EndsItsWaitsAtAStop) {
     if (behind.joinable()) behind.join();
     EXPECT_EQ(asked, 1);
   }
-}
-
-TEST(PatientClient, LeavesTheSameDocumentsOfASiteThatCountsRequests) {
-  const auto documentsOf = [pages = support::manyPages(30)](int connections, std::chrono::seconds between) {
-    SkippedTime time;
-    std::mutex mutex;
-    platform::Clock::Time next = time.now();
-    const support::SiteServer server([&](const std::string& target, int) {
-      const std::lock_guard lock(mutex);
-      if (time.now() < next) return support::ServedPage{.status = 429};
-      next = time.now() + between;
-      return support::pageOf(pages, target);
-    });
-    support::ScanRun run(server.url());
-    run.limits.connections = connections;
-    run.clock = &time;
-    EXPECT_EQ(run.scan().end, ScanEnd::complete);
-    return run.documents(server.url());
-  };
-  const std::string expected = documentsOf(6, 0s);
-  for (const int connections : {1, 32}) EXPECT_EQ(documentsOf(connections, 1s), expected);
 }
 
 }  // namespace

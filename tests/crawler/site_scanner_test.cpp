@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/files.h"
-#include "platform/regex.h"
 #include "sitemaps/html_format.h"
 #include "support/scan_run.h"
 #include "support/site_server.h"
@@ -145,20 +144,6 @@ TEST(Scan, AsksOnceAboutQuestionMarksAndWaitsForTheAnswer) {
   }
 }
 
-TEST(Scan, TellsOnceThatASiteMayHaveNoEnd) {
-  // A page under a query without a file name is its own base, so the link on it grows with every visit.
-  const SiteServer server([](const std::string& target, int) -> ServedPage {
-    if (target == "/") return {titled("Start", linkTo("list?p=1"))};
-    return {titled("List", linkTo("x"))};
-  });
-  ScanRun run(server.url());
-  run.settings.site.maxPages = 210;
-  run.scan();
-  const std::string hint =
-      "This scan may not end: 200 addresses gave the same page as " + server.url("list?p=1") + ", filter ?";
-  EXPECT_THAT(run.view.events, ElementsAre("started", "connected", hint, "closing", "finished"));
-}
-
 TEST(Scan, TellsWhyAStartPageCannotBeReached) {
   const SiteServer server({{"/folder/", {titled("Folder")}},
                            {"/folder/round.html", {.status = 302, .location = "round.html"}},
@@ -247,17 +232,6 @@ TEST(Scan, KeepsWithinItsBounds) {
   }
 }
 
-/// A line a reason with its examples; the server's address becomes "/".
-std::string leftOutLines(const ScanResult& result, const SiteServer& server) {
-  std::string all;
-  for (const LeftOutGroup& group : result.leftOut.groups) {
-    all += std::to_string(group.count) + " " + group.reasonText(group.count) + ":";
-    for (const LeftOutExample& example : group.examples) all += " " + example.address + "<" + example.page;
-    all += "\n";
-  }
-  return platform::replaceText(all, server.url(), "/");
-}
-
 TEST(Scan, TellsWhatItLeavesOut) {
   const SiteServer server(
       {{"/dir//robots.txt", {"User-agent: *\nDisallow: /private\n", "text/plain"}},
@@ -268,7 +242,7 @@ TEST(Scan, TellsWhatItLeavesOut) {
                              linkTo("../"))}}});
   ScanRun run(server.url("dir/index.html"));
   run.settings.filters = {"unused", "#PART"};
-  EXPECT_EQ(leftOutLines(run.scan(), server),
+  EXPECT_EQ(support::leftOutLines(run.scan(), server.url()),
             "3 by their ending: /dir/v1.2.html</dir/index.html /dir/v1.2.html#2</dir/index.html\n"
             "1 by the filter \"#PART\": /dir/a#part</dir/index.html\n"
             "1 by the robots.txt rule \"/private\": /dir/private/x.html</dir/index.html\n"
@@ -277,36 +251,6 @@ TEST(Scan, TellsWhatItLeavesOut) {
             "1 to the folder of a known index page: /dir/</dir/index.html\n"
             "1 that leads nowhere: </dir/index.html\n"
             "1 to another host: http://elsewhere.test/</dir/index.html\n");
-}
-
-TEST(Scan, TellsWhichPagesItLeavesOut) {
-  const auto leave = [](const std::string& to) { return ServedPage{"", "", 301, "", to}; };
-  const std::string index = titled("Folder");
-  const SiteServer elsewhere({{"/", {index}}});
-  const SiteServer server(
-      {{"/",
-        {titled("Start", linkTo("hidden") + linkTo("copy") + linkTo("moved") + linkTo("away") +
-                             linkTo("text") + linkTo("sub/") + linkTo("sub/index.html") + linkTo("private") +
-                             "<a rel=nofollow href=secret>x</a>")}},
-       {"/robots.txt", {"User-agent: *\nDisallow: /p*\n", "text/plain"}},
-       {"/hidden", {"<meta name=robots content=noindex>" + linkTo("i.png")}},
-       {"/copy", {"<link rel=canonical href=/sub/>"}},
-       {"/moved", leave("/sub/")},
-       {"/away", leave(elsewhere.url())},
-       {"/text", {"plain", "text/plain"}},
-       {"/sub/", {index}},
-       {"/sub/index.html", {index}}});
-  ScanRun run(server.url());
-  run.settings.site.links = store::LinkStyle::browser;
-  EXPECT_EQ(leftOutLines(run.scan(), server),
-            "1 by the robots.txt rule \"Disallow: /p*\": /private</\n"
-            "1 as the site asks not to follow it: /secret</\n"
-            "1 as it asks to be left out: /hidden<\n"
-            "1 that leads out of the site: /away<\n"
-            "2 of other types: /i.png</hidden /text<\n"
-            "1 that leads to another page: /moved<\n"
-            "1 that is the folder's page again: /sub/index.html<\n"
-            "1 that names another page in its place: /copy<\n");
 }
 
 TEST(Scan, ClosesItsDocumentsWhereverItEnds) {

@@ -52,24 +52,6 @@ class HtmlDocumentTest : public testing::Test {
   const std::string twoColumns = samples::document(2, blocks(6));
 };
 
-TEST_F(HtmlDocumentTest, TellsWhatIsThere) {
-  const auto first = [&](std::string_view site) { return document.firstLoad(site).state; };
-  EXPECT_EQ(first(""), DocumentState::missing);
-  EXPECT_EQ(first("T"), DocumentState::missing);
-  EXPECT_FALSE(document.isThere());
-  EXPECT_EQ(first("S"), DocumentState::whole);
-  EXPECT_EQ(document.text(), three);
-  EXPECT_EQ(state.qzvskUTLLoc, (folder() / "sitemap3c.html").native());
-  EXPECT_EQ(document.switchTo(two).state, DocumentState::whole);
-  EXPECT_EQ(document.text(), twoColumns);
-  write("sitemap3c.html", three.substr(0, three.find("</table>")));
-  EXPECT_EQ(first("S"), DocumentState::unfinished);
-  EXPECT_TRUE(document.isThere() && document.isUnfinished());
-  write("sitemap3c.html", "");
-  EXPECT_EQ(first("S"), DocumentState::missing);
-  EXPECT_FALSE(document.select("u---LINKID:1---", "T"));
-}
-
 TEST_F(HtmlDocumentTest, AsksAboutWhatIsUnsaved) {
   using Questions = std::vector<Question>;
   const auto questions = [&] {

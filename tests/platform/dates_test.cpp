@@ -21,6 +21,8 @@ TEST(WeekDate, FormatsByTheWeeksOfTheLocale) {
       {"the calendar of another locale", {"th_TH", "UTC"}, "Tue, 15 Jun 2010 12:00:00 GMT", "2010-06-15"},
       {"the digits of another locale", {"ar_EG", "UTC"}, "Tue, 15 Jun 2010 12:00:00 GMT", "2010-06-15"},
       {"a locale that nobody knows", {"xx_YY", "UTC"}, "Tue, 15 Jun 2010 12:00:00 GMT", "2010-06-15"},
+      {"weeks from Monday", {"de_DE", "UTC"}, "Sun Jan  3 12:00:00 2010", "2009-01-03"},
+      {"weeks from Sunday", american, "Sun Dec 27 12:00:00 2009", "2010-12-27"},
       {"garbage", american, "yesterday", ""},
   };
   for (const Case& c : cases) {

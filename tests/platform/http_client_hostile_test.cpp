@@ -10,7 +10,6 @@
 
 #include "platform/curl_http_client.h"
 #include "platform/gzip.h"
-#include "support/bombs.h"
 #include "support/raw_server.h"
 #include "support/tls_handshake.h"
 
@@ -93,7 +92,6 @@ TEST(HostileSite, SendsWithoutEnd) {
       {"body of a redirect", "HTTP/1.1 302 Found\r\nLocation: /x\r\n" + kChunked, "2710\r\n" + junk + "\r\n"},
       {"gzip bomb",
        kOkHead + "Content-Encoding: gzip\r\n\r\n" + *platform::gzipped(std::string(kBombBytes, '\0')), junk},
-      {"brotli bomb", kOkHead + "Content-Encoding: br\r\n\r\n" + support::brotliBomb(kBombBytes), junk},
       {"encoded nothing", kOkHead + "Content-Encoding: gzip\r\n\r\n" + kNothingEncoded, junk},
   };
   for (const Misbehaviour& c : cases) expectEndOf(c);

@@ -25,13 +25,10 @@ ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()), m_sta
 }
 
 crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&)>& whenRunning) {
-  platform::CurlHttpClient network(crawler::identityFor(settings), httpLimits);
-  platform::SteadyClock steady;
-  crawler::PatientClient patient(network, clock != nullptr ? *clock : steady, view);
-  platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;
+  platform::CurlHttpClient client(crawler::identityFor(settings), httpLimits);
   crawler::ReadAheadPages pages(client, limits, crawler::readingFor(settings));
   crawler::SiteScanner scanner({m_controls, client, pages, view, nullptr, isKept ? &m_state : nullptr},
-                                settings);
+                               settings);
   m_scanner = &scanner;
   scanner.scanSiteAction();
   if (whenRunning) whenRunning(scanner);
@@ -60,6 +57,17 @@ std::string ScanRun::documents(const std::string& base) const {
   add("badLinks.txt", "");
   add("Site.qzVSK", "");
   return platform::replaceText(all, base, "http://site.test/");
+}
+
+std::string leftOutLines(const crawler::ScanResult& result, const std::string& base) {
+  std::string all;
+  for (const crawler::LeftOutGroup& group : result.leftOut.groups) {
+    all += std::to_string(group.count) + " " + group.reasonText(group.count) + ":";
+    for (const crawler::LeftOutExample& example : group.examples)
+      all += " " + example.address + "<" + example.page;
+    all += "\n";
+  }
+  return platform::replaceText(all, base, "/");
 }
 
 void expectStored(const std::string& name, const std::string& actual) {

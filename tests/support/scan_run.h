@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
@@ -51,9 +50,8 @@ class ScanRun {
   crawler::ScanSettings settings;
   crawler::ReadAheadLimits limits;
   platform::HttpLimits httpLimits;
-  bool isKept = false;                // what it fetches, for a later scan to go on with
-  platform::Clock* clock = nullptr;  // where set, the scan is patient, by this clock
-  RecordingView view;                // of the next scan
+  bool isKept = false;  // what it fetches, for a later scan to go on with
+  RecordingView view;   // of the next scan
 
   /// Scans from start to end. `whenRunning` is called with the scanner right after its start.
   crawler::ScanResult scan(const std::function<void(crawler::SiteScanner&)>& whenRunning = {});
@@ -80,6 +78,9 @@ class ScanRun {
   store::StateFolder m_state;
   crawler::SiteScanner* m_scanner = nullptr;
 };
+
+/// What was left out, a line a reason with its examples; `base`, the server's address, becomes "/".
+std::string leftOutLines(const crawler::ScanResult& result, const std::string& base);
 
 /// Compares with the file tests/data/NAME, or writes it when VESKEL_STORE_EXPECTED is set in the environment.
 void expectStored(const std::string& name, const std::string& actual);

@@ -1,5 +1,7 @@
 // Adding, editing and deleting sites in the window. What an input becomes is tested with its rules.
 
+#include <fstream>
+
 #include "platform/files.h"
 #include "platform/qt_text.h"
 #include "store/site_record.h"
@@ -106,45 +108,35 @@ class SiteEditorTest : public QObject {
   void choosesHowLinksAreFollowed() {
     Desk desk;
     desk.openShop();
-    const auto links = [&](const std::string& name) {
-      return store::readSettings(desk.stateFolder, name).settings.links;
+    const auto stored = [&] {
+      return static_cast<int>(store::readSettings(desk.stateFolder, "Store").settings.links);
     };
     const QString other = QStringLiteral("Store");
-    {
-      const Editor editor = edit(desk, kShop);
-      QVERIFY(editor.isUp() && editor.links().currentIndex() == 0);
-      editor.links().setCurrentIndex(1);
+    for (const int links : {1, 0}) {  // with a new name, and then alone
+      const Editor editor = edit(desk, links == 1 ? kShop : other);
+      QCOMPARE(editor.links().currentIndex(), 1 - links);
+      editor.links().setCurrentIndex(links);
       QVERIFY(editor.submit(other, kAddress) && noSheetLeft());
-      QVERIFY(links("Store") == store::LinkStyle::browser);
+      QCOMPARE(stored(), links);
     }
-    // A rename alone leaves the choice as it is, also that of somebody else meanwhile.
-    {
-      const Editor editor = edit(desk, other);
-      QVERIFY(editor.links().currentIndex() == 1);
-      const auto simple = [](auto& settings) { settings.links = store::LinkStyle::simple; };
-      QVERIFY(store::changeSettings(desk.controls, desk.stateFolder, "Store", simple).ok());
-      QVERIFY(editor.submit(kShop, kAddress) && noSheetLeft());
-      QVERIFY(links("Shop") == store::LinkStyle::simple);
-    }
-    QVERIFY(desk.click("addSiteButton"));
-    {
-      const Editor editor;
-      QVERIFY(editor.links().currentIndex() == 0);  // of a new site, whatever the other one had
-      editor.links().setCurrentIndex(1);
-      QVERIFY(editor.submit(other, kAddress) && noSheetLeft());
-      QVERIFY(links("Store") == store::LinkStyle::browser);
-    }
-    // What cannot be kept is told.
-    std::filesystem::remove_all(desk.stateFolder.ofSite("Store"));
-    desk.writeFile("Store", "in the way", "");
-    std::filesystem::rename(desk.controls.siteFolder("Store") / "in the way",
-                            desk.stateFolder.ofSite("Store"));
+    // What somebody else chooses meanwhile stays, unless it was chosen here, too.
     const Editor editor = edit(desk, other);
-    editor.links().setCurrentIndex(1);
-    QVERIFY(click(editor.button("defaultButton")));
-    QMessageBox* alert = qobject_cast<QMessageBox*>(sheetNamed({}));
+    const auto browser = [](auto& settings) { settings.links = store::LinkStyle::browser; };
+    QVERIFY(store::changeSettings(desk.controls, desk.stateFolder, "Store", browser).ok());
+    QVERIFY(editor.submit(other, kAddress) && noSheetLeft());
+    QCOMPARE(stored(), 1);
+    QVERIFY(edit(desk, other).links().currentIndex() == 1 && dismiss(topSheet()));
+    QVERIFY(desk.click("addSiteButton"));
+    QCOMPARE(Editor().links().currentIndex(), 0);  // of a new site, whatever the other one had
+    // What cannot be kept is told.
+    const std::filesystem::path sites = desk.stateFolder.location() / "sites";
+    std::filesystem::remove_all(sites);
+    std::ofstream(sites) << "no folder";
+    Editor().links().setCurrentIndex(1);
+    QVERIFY(Editor().submit(kShop, kAddress));
+    const auto* alert = qobject_cast<QMessageBox*>(sheetNamed({}));
     QVERIFY(alert && alert->text().startsWith(QLatin1String("Could not save ")));
-    QVERIFY(answer(alert, kOk));
+    QVERIFY(answer(topSheet(), kOk));
   }
 
   /// The other site gets the address. When it cannot get it, that is told.
