@@ -25,7 +25,10 @@ ScanRun::ScanRun(const std::string& startUrl) : m_controls(m_home.path()), m_sta
 }
 
 crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&)>& whenRunning) {
-  platform::CurlHttpClient client(crawler::identityFor(settings), httpLimits);
+  platform::CurlHttpClient network(crawler::identityFor(settings), httpLimits);
+  platform::SteadyClock steady;
+  crawler::PatientClient patient(network, clock != nullptr ? *clock : steady, view);
+  platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;
   crawler::ReadAheadPages pages(client, limits, crawler::readingFor(settings));
   crawler::SiteScanner scanner({m_controls, client, pages, view, nullptr, isKept ? &m_state : nullptr},
                                settings);
@@ -65,7 +68,9 @@ std::string leftOutLines(const crawler::ScanResult& result, const std::string& b
     all += std::to_string(group.count) + " " + group.reasonText(group.count) + ":";
     for (const crawler::LeftOutExample& example : group.examples)
       all += " " + example.address + "<" + example.page;
-    all += "\n";
+    all +=
+        "
+        ";
   }
   return platform::replaceText(all, base, "/");
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "crawler/patient_client.h"
 #include "crawler/read_ahead_pages.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
@@ -50,8 +51,9 @@ class ScanRun {
   crawler::ScanSettings settings;
   crawler::ReadAheadLimits limits;
   platform::HttpLimits httpLimits;
-  bool isKept = false;  // what it fetches, for a later scan to go on with
-  RecordingView view;   // of the next scan
+  bool isKept = false;               // what it fetches, for a later scan to go on with
+  platform::Clock* clock = nullptr;  // where set, the scan is patient, by this clock
+  RecordingView view;                // of the next scan
 
   /// Scans from start to end. `whenRunning` is called with the scanner right after its start.
   crawler::ScanResult scan(const std::function<void(crawler::SiteScanner&)>& whenRunning = {});
