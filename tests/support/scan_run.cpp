@@ -68,9 +68,7 @@ std::string leftOutLines(const crawler::ScanResult& result, const std::string& b
     all += std::to_string(group.count) + " " + group.reasonText(group.count) + ":";
     for (const crawler::LeftOutExample& example : group.examples)
       all += " " + example.address + "<" + example.page;
-    all +=
-        "
-        ";
+    all += "\n";
   }
   return platform::replaceText(all, base, "/");
 }
