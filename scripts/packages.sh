@@ -13,6 +13,7 @@ build_packages=(
   libcurl4-openssl-dev
   libicu-dev
   libpcre2-dev
+  libsecret-1-dev
   libssl-dev # cpp-httplib is built with TLS
   libxcb1-dev
   libxml2-dev

@@ -20,6 +20,9 @@ constexpr std::size_t kMaxHeaderBytes = 256u << 10;
 constexpr std::size_t kWireSlack = 1u << 20;
 // An announced length is a claim. More than this is set aside only as the bytes arrive.
 constexpr std::size_t kMaxReserve = 1u << 20;
+// The library repeats a request that has to be authenticated, as often as the server says that what it gave
+// to work with has expired.
+constexpr long kMaxRepeats = 5;
 // The library rounds to milliseconds.
 constexpr std::chrono::milliseconds kClockSlack{2};
 constexpr long kReceiveBuffer = 64 << 10;
@@ -50,11 +53,9 @@ std::string resolved(const std::string& base, const std::string& location) {
 
 }  // namespace
 
-void CurlConnection::configure(const HttpLimits& limits, const CurlShare& share) {
-  m_exchangeTimeout = limits.exchangeTimeout;
-  m_maxRedirects = limits.maxRedirects;
+void CurlConnection::configure() {
   const auto set = [this](CURLoption option, auto value) { curl_easy_setopt(m_easy, option, value); };
-  set(CURLOPT_SHARE, share.handle());
+  set(CURLOPT_SHARE, m_share.handle());
   set(CURLOPT_COOKIEFILE, "");  // cookies on, none loaded
   set(CURLOPT_USERAGENT, m_site.userAgent().c_str());
   set(CURLOPT_ACCEPT_ENCODING, "gzip, br");
@@ -63,9 +64,10 @@ void CurlConnection::configure(const HttpLimits& limits, const CurlShare& share)
   set(CURLOPT_PATH_AS_IS, 1L);
   set(CURLOPT_PROTOCOLS_STR, "http,https");
   set(CURLOPT_FOLLOWLOCATION, 0L);  // exchange() does, since each step has to be allowed
-  set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(limits.connectTimeout.count()));
+  set(CURLOPT_MAXREDIRS, kMaxRepeats);
+  set(CURLOPT_CONNECTTIMEOUT, static_cast<long>(m_limits.connectTimeout.count()));
   set(CURLOPT_LOW_SPEED_LIMIT, kSilentBytesPerSecond);
-  set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(limits.silenceTimeout.count()));
+  set(CURLOPT_LOW_SPEED_TIME, static_cast<long>(m_limits.silenceTimeout.count()));
   set(CURLOPT_QUICK_EXIT, 1L);  // a stop must not wait for the thread that resolves a name
   set(CURLOPT_NOSIGNAL, 1L);
   set(CURLOPT_NOPROGRESS, 1L);
@@ -104,14 +106,14 @@ HttpAnswer CurlConnection::exchange(const HttpRequest& request, const std::stop_
       answer.redirectedTo = std::move(address);
       return answer;
     }
-    if (redirects == m_maxRedirects) return {.failure = FetchFailure::tooManyRedirects};
+    if (redirects == m_limits.maxRedirects) return {.failure = FetchFailure::tooManyRedirects};
   }
 }
 
 void CurlConnection::prepare(const HttpRequest& request) {
   curl_easy_setopt(m_easy, request.method == HttpMethod::head ? CURLOPT_NOBODY : CURLOPT_HTTPGET, 1L);
   const auto start = std::chrono::steady_clock::now();
-  m_deadline = m_ownDeadline = start + m_exchangeTimeout;
+  m_deadline = m_ownDeadline = start + m_limits.exchangeTimeout;
   if (request.timeout.count() > 0) m_ownDeadline = std::min(m_deadline, start + request.timeout);
   m_maxBytes = request.maxBytes;
   m_overflow = request.overflow;
@@ -127,6 +129,30 @@ HttpAnswer CurlConnection::visit(const std::string& address, const std::stop_tok
   const bool isSite = m_site.isAt(address);
   curl_easy_setopt(m_easy, CURLOPT_HTTPHEADER, isSite ? m_site.headers() : nullptr);
   curl_easy_setopt(m_easy, CURLOPT_COOKIE, isSite ? m_site.cookies() : nullptr);
+  // Of the last address:
+  for (const CURLoption option : {CURLOPT_USERNAME, CURLOPT_PASSWORD})
+    curl_easy_setopt(m_easy, option, static_cast<const char*>(nullptr));
+  curl_easy_setopt(m_easy, CURLOPT_HTTPAUTH, CURLAUTH_BASIC);
+  const unsigned long ways = m_site.ways();
+  const bool isAuthenticated = isSite && m_site.authenticate(m_easy, ways, stop);
+  HttpAnswer answer = ask(stop);
+  if (!isAuthenticated) {
+    // The library would take what was offered here for the next server's offer.
+    if (answer.status == 401 && m_site.hasUser()) {
+      curl_easy_reset(m_easy);
+      configure();
+    }
+    return answer;
+  }
+  if (m_site.learnWay(m_easy, ways) && answer.status == 401) {
+    m_site.authenticate(m_easy, m_site.ways(), stop);
+    answer = ask(stop);
+  }
+  answer.sentPassword = answer.status != 0;
+  return answer;
+}
+
+HttpAnswer CurlConnection::ask(const std::stop_token& stop) {
   HttpAnswer answer = attempt(stop);
   // A server may close a kept connection just when it is used again. The library asks once more by itself,
   // but counts such cases over all exchanges and lets each sixth fail.
@@ -222,6 +248,8 @@ FetchFailure CurlConnection::failureOf(CURLcode code) const {
       return FetchFailure::connectionClosed;
     case CURLE_OUT_OF_MEMORY:
       return FetchFailure::tooLarge;  // also a header line longer than the library takes
+    case CURLE_TOO_MANY_REDIRECTS:
+      return FetchFailure::tooManyRedirects;
     case CURLE_BAD_CONTENT_ENCODING:
       return FetchFailure::undecodable;
     default:

@@ -49,9 +49,9 @@ class CurlShare {
 /// connection, and lets another thread interrupt the wait for it.
 class CurlConnection {
  public:
-  CurlConnection(const CurlSite& site, const HttpLimits& limits, const CurlShare& share)
-      : m_site(site), m_easy(curl_easy_init()), m_multi(curl_multi_init()) {
-    if (usable()) configure(limits, share);
+  CurlConnection(CurlSite& site, const HttpLimits& limits, const CurlShare& share)
+      : m_site(site), m_limits(limits), m_share(share), m_easy(curl_easy_init()), m_multi(curl_multi_init()) {
+    if (usable()) configure();
   }
   ~CurlConnection() {
     curl_easy_cleanup(m_easy);
@@ -77,9 +77,10 @@ class CurlConnection {
     afterHeaders,
   };
 
-  void configure(const HttpLimits& limits, const CurlShare& share);
+  void configure();
   void prepare(const HttpRequest& request);
   HttpAnswer visit(const std::string& address, const std::stop_token& stop);
+  HttpAnswer ask(const std::stop_token& stop);
   HttpAnswer attempt(const std::stop_token& stop);
   bool keptConnectionDied() const;
   FetchFailure transfer(const std::stop_token& stop);
@@ -98,11 +99,11 @@ class CurlConnection {
   static std::size_t receiveBody(char* data, std::size_t, std::size_t size, void* self);
   bool append(std::string_view data);
 
-  const CurlSite& m_site;
+  CurlSite& m_site;
+  const HttpLimits& m_limits;
+  const CurlShare& m_share;
   CURL* m_easy;
   CURLM* m_multi;
-  std::chrono::milliseconds m_exchangeTimeout{0};
-  long m_maxRedirects = 0;
   // Of the exchange that runs, with all its redirects:
   std::size_t m_maxBytes = 0;
   Overflow m_overflow = Overflow::fail;

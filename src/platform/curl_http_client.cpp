@@ -48,7 +48,7 @@ struct CurlHttpClient::Impl {
     idle[method].push_back(std::move(connection));
   }
 
-  const CurlSite site;
+  CurlSite site;
   HttpLimits limits;
   CurlShare share;
   std::atomic<unsigned> exchanges = 0;

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -25,6 +28,10 @@ struct HttpIdentity {
   // too, where both are at their scheme's own port.
   std::string site = {};                  // an http or https address; empty for none
   std::vector<std::string> headers = {};  // "Name: value", such as platform/header_line.h lets pass
+  std::string user = {};                  // for HTTP authentication, Basic and Digest; empty for none
+  /// Gives the user's password, nothing when it is not known. Asked before each request, on any thread, and
+  /// may block until the request is stopped.
+  std::function<std::optional<std::string>(const std::stop_token& stop)> password = {};
 };
 
 /// Speaks HTTP/1.1 and HTTP/2 over kept-alive connections: one per thread that fetches at the same time, and

@@ -25,6 +25,26 @@ bool CurlSite::isAt(std::string_view address) const {
   return !origin.empty() && std::find(m_origins.begin(), m_origins.end(), origin) != m_origins.end();
 }
 
+bool CurlSite::authenticate(CURL* easy, unsigned long ways, const std::stop_token& stop) const {
+  const std::optional<std::string> password =
+      m_identity.user.empty() || !m_identity.password ? std::nullopt : m_identity.password(stop);
+  if (!password) return false;
+  curl_easy_setopt(easy, CURLOPT_USERNAME, m_identity.user.c_str());
+  curl_easy_setopt(easy, CURLOPT_PASSWORD, password->c_str());
+  curl_easy_setopt(easy, CURLOPT_HTTPAUTH, ways);
+  return true;
+}
+
+bool CurlSite::learnWay(CURL* easy, unsigned long ways) {
+  long offered = 0;
+  curl_easy_getinfo(easy, CURLINFO_HTTPAUTH_AVAIL, &offered);
+  const unsigned long known = static_cast<unsigned long>(offered) & (CURLAUTH_BASIC | CURLAUTH_DIGEST);
+  if (known == 0) return false;
+  const unsigned long wanted = (known & CURLAUTH_DIGEST) != 0 ? CURLAUTH_DIGEST : CURLAUTH_BASIC;
+  m_ways = wanted;
+  return (wanted & ways) == 0;
+}
+
 void CurlSite::addHeader(const std::string& line) {
   const HeaderLine header = splitHeaderLine(line);
   if (lowerAscii(header.name) == "cookie") {

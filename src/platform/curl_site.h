@@ -3,7 +3,9 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -20,8 +22,21 @@ class CurlSite {
 
   const std::string& userAgent() const { return m_identity.userAgent; }
 
+  bool hasUser() const { return !m_identity.user.empty(); }
+
   /// Whether a request for this address, fit to be sent, goes to the site's server.
   bool isAt(std::string_view address) const;
+
+  /// The ways in which the password may be told, of CURLAUTH_...: as long as nobody knows which one the
+  /// server wants any of two, which costs a further request each time.
+  unsigned long ways() const { return m_ways; }
+
+  /// Has the next request of this connection tell name and password in these ways. False when there are none.
+  bool authenticate(CURL* easy, unsigned long ways, const std::stop_token& stop) const;
+
+  /// Takes from the answer to such a request which way the server wants. True where that is none of `ways`,
+  /// so that the request has to be repeated.
+  bool learnWay(CURL* easy, unsigned long ways);
 
   /// The extra header lines, null for none. Cookies are not among them: the library adds them to those that
   /// the site has set, as there may be one such line only.
@@ -41,6 +56,7 @@ class CurlSite {
   std::array<std::string, 2> m_origins;  // empty for none
   std::unique_ptr<curl_slist, FreeList> m_headers;
   std::string m_cookies;
+  std::atomic<unsigned long> m_ways = CURLAUTH_BASIC | CURLAUTH_DIGEST;
 };
 
 }  // namespace platform

@@ -55,4 +55,9 @@ std::string headerTextProblem(std::string_view text) {
   return {};
 }
 
+std::string userNameProblem(std::string_view name) {
+  if (name.find(':') != std::string_view::npos) return "it cannot contain a colon";
+  return headerTextProblem(name);
+}
+
 }  // namespace platform

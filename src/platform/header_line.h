@@ -26,4 +26,7 @@ std::string headerLineProblem(std::string_view line);
 /// can, as the empty text can.
 std::string headerTextProblem(std::string_view text);
 
+/// Why a name cannot be told by HTTP authentication (RFC 7617, section 2); likewise.
+std::string userNameProblem(std::string_view name);
+
 }  // namespace platform

@@ -70,8 +70,9 @@ struct [[nodiscard]] HttpAnswer {
   std::string lastModified = {};  // likewise
   std::string robotsTag = {};     // likewise, X-Robots-Tag; several are joined by ", "
   std::string redirectedTo =
-      {};                 // the address that answered, or was not to be followed, if not the one asked
-  std::string body = {};  // decoded (gzip, br), characters as sent
+      {};                     // the address that answered, if not the one asked, or was not to be followed
+  std::string body = {};      // decoded (gzip, br), characters as sent
+  bool sentPassword = false;  // the server that answered was told the site's name and password
   // What its Retry-After asks for, as seconds or as a date (RFC 9110, section 10.2.3). Never negative; 0 also
   // for none, for a date that has passed and for what is neither.
   std::chrono::seconds retryAfter{0};

@@ -1,6 +1,7 @@
 #include "platform/http_client.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <string>
 #include <thread>
@@ -259,6 +260,80 @@ TEST(CurlHttpClient, TellsTheSiteAloneWhatIsForIt) {
     EXPECT_FALSE(request.contains("A: 1") || request.contains("Empty") || request.contains("a=1"))
         << request.head;
   }
+}
+
+/// A server's answer to a request that has to be authenticated. Digests are not checked, only that they are
+/// there.
+std::string guarded(const RawRequest& request, bool takesBasic, bool takesDigest) {
+  const bool isFine = (takesBasic && request.contains("\r\nAuthorization: Basic bWU6cHc=\r\n")) ||
+                      (takesDigest && request.contains("\r\nAuthorization: Digest username=\"me\","));
+  if (isFine) return rawAnswer("200 OK", "", "in");
+  const std::string basic = takesBasic ? "WWW-Authenticate: Basic realm=\"r\"\r\n" : "";
+  const std::string digest = takesDigest ? "WWW-Authenticate: Digest realm=\"r\", nonce=\"n\"\r\n" : "";
+  return rawAnswer("401 Unauthorized", basic + digest, "out");
+}
+
+TEST(CurlHttpClient, LearnsHowToAuthenticate) {
+  struct Case {
+    const char* name;
+    bool basic, digest;
+    std::string password;
+    std::size_t requests;  // for three pages and a HEAD
+    int status;
+  };
+  const Case cases[] = {
+      {"basic", true, false, "pw", 1 + 4, 200},
+      {"digest, once a connection", false, true, "pw", 2 + 4, 200},
+      {"the safer one", true, true, "pw", 2 + 4, 200},
+      {"refused", true, false, "no", 1 + 4, 401},
+      {"neither", false, false, "pw", 4, 401},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    RawServer server(
+        RawServer::answering([&](const RawRequest& request) { return guarded(request, c.basic, c.digest); }));
+    const auto password = [&](const std::stop_token&) { return std::optional(c.password); };
+    CurlHttpClient client({.userAgent = "test", .site = server.url(), .user = "me", .password = password});
+    for (const HttpMethod method : {HttpMethod::get, HttpMethod::get, HttpMethod::head, HttpMethod::get}) {
+      const HttpAnswer answer = fetch(client, server.url("/a"), method);
+      EXPECT_EQ(answer.status, c.status);
+      EXPECT_TRUE(answer.sentPassword);
+    }
+    EXPECT_EQ(server.requests().size(), c.requests);
+  }
+}
+
+TEST(CurlHttpClient, KeepsThePasswordForTheSite) {
+  std::atomic<bool> wantsDigest = false;
+  std::atomic<bool> isStale = false;
+  RawServer other(RawServer::answering([](const RawRequest& request) {
+    EXPECT_FALSE(request.contains("Authorization")) << request.head;
+    return guarded(request, true, true);
+  }));
+  RawServer site(RawServer::answering([&](const RawRequest& request) {
+    if (request.target() == "/out") return rawAnswer("302 Found", "Location: " + other.url() + "\r\n", "");
+    if (!isStale) return guarded(request, !wantsDigest, wantsDigest);
+    return rawAnswer("401 Unauthorized", "WWW-Authenticate: Digest realm=\"r\", nonce=\"n\", stale=true\r\n",
+                     "");
+  }));
+  bool isKnown = true;
+  const auto password = [&](const std::stop_token&) {
+    return isKnown ? std::optional<std::string>("pw") : std::nullopt;
+  };
+  CurlHttpClient client({.userAgent = "test", .site = site.url(), .user = "me", .password = password});
+  EXPECT_EQ(fetch(client, site.url()).status, 200);
+  for (const std::string& url : {site.url("/out"), other.url()}) {
+    const HttpAnswer answer = fetch(client, url);
+    EXPECT_EQ(answer.status, 401);
+    EXPECT_FALSE(answer.sentPassword);
+  }
+  wantsDigest = true;  // from now on
+  EXPECT_EQ(fetch(client, site.url()).status, 200);
+  isKnown = false;
+  EXPECT_EQ(fetch(client, site.url()).status, 401);
+  EXPECT_FALSE(fetch(client, site.url()).sentPassword);
+  isKnown = isStale = true;  // without end
+  EXPECT_EQ(fetch(client, site.url()).failure, FetchFailure::tooManyRedirects);
 }
 
 TEST(CurlHttpClient, FollowsRedirectsToHttpOnly) {
