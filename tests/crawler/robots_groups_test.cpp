@@ -101,6 +101,7 @@ TEST(RobotsRules, ThatSayMostDecide) {
       {"Disallow: /a\nAllow: /a", "/ab", "+Allow: /a"},
       {"Allow: /%61%62c\nDisallow: /abcd", "/abcd", "Disallow: /abcd"},  // encoded octets weigh no more
       {"Allow: /a\nDisallow: /a$", "/a", "Disallow: /a$"},
+      {"Disallow: /a$", "/ab", ""},
       {"Disallow: /A", "/a", ""},
       {"Disallow: /this/*/exactly$", "/this/a/b/exactly", "Disallow: /this/*/exactly$"},
       {"Disallow: /this/*/exactly$", "/this/exactly", ""},
