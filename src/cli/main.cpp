@@ -38,7 +38,8 @@ Exit codes:
   1    the scan finished and found broken pages, or a sitemap is not valid
   2    bad usage or input
   3    the start URL could not be reached
-  4    a file could not be read or written, or a scan ran out of memory
+  4    a file could not be read or written, a password could not be kept, or a
+       scan ran out of memory
   5    the site is being scanned already
   130  stopped by SIGINT, SIGTERM or SIGHUP
 
@@ -83,6 +84,8 @@ constexpr const char* valueName(const store::Lines&) {
   return "LINE";
 }
 
+constexpr const char* kKeepPassword = "and keep it in the desktop's secret service";
+
 bool isRepeatable(const store::SettingField& field) {
   return std::holds_alternative<store::Lines>(field.value);
 }
@@ -120,6 +123,11 @@ std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
   };
 }
 
+void addPasswordFlag(CLI::App* command, bool& fromInput, const std::string& use) {
+  command->add_flag("--password-stdin", fromInput,
+                    "Take the password for --http-user from standard input, " + use);
+}
+
 void addSitesCommand(CLI::App& app, Command& chosen) {
   auto* command = app.add_subcommand("sites", "List the sites with the counts of their last scan");
   auto json = std::make_shared<bool>(false);
@@ -133,22 +141,17 @@ void addSitesCommand(CLI::App& app, Command& chosen) {
 
 void addAddCommand(CLI::App& app, Command& chosen) {
   auto* command = app.add_subcommand("add", "Add a site");
-  struct Arguments {
-    std::string name;
-    std::string url;
-  };
-  auto arguments = std::make_shared<Arguments>();
-  addName(command, arguments->name);
-  command
-      ->add_option("URL", arguments->url, "Where a scan of the site starts; http:// is added where missing")
+  auto options = std::make_shared<cli::AddOptions>();
+  addName(command, options->siteName);
+  command->add_option("URL", options->url, "Where a scan of the site starts; http:// is added where missing")
       ->required()
       ->type_name("");
   const auto settings = addSettings(command);
+  addPasswordFlag(command, options->passwordFromInput, kKeepPassword);
   command->footer("Example:\n  veskel-cli add shop www.example.com");
-  command->callback([arguments, settings, &chosen] {
-    chosen = [arguments, given = settings()](const CliContext& context) {
-      return cli::addSite(context, arguments->name, arguments->url, given);
-    };
+  command->callback([options, settings, &chosen] {
+    options->settings = settings();
+    chosen = [options](const CliContext& context) { return cli::addSite(context, *options); };
   });
 }
 
@@ -162,6 +165,8 @@ void addEditCommand(CLI::App& app, Command& chosen) {
   const auto* robots = addText(command, "--ignore-robots", "yes|no", "Whether scans ignore robots.txt")
                            ->check(CLI::IsMember({"yes", "no"}, CLI::ignore_case).description(""));
   const auto settings = addSettings(command);
+  addPasswordFlag(command, options->passwordFromInput,
+                  std::string(kKeepPassword) + "; an empty line removes it");
   command->footer("Example:\n  veskel-cli edit shop --name store --url https://store.example.com");
   command->callback([options, newName, newUrl, robots, settings, &chosen] {
     options->settings = settings();
@@ -220,6 +225,8 @@ void addScanCommand(CLI::App& app, Command& chosen) {
   command->add_flag("--continue", options->goesOn,
                     "Go on with a scan that was stopped or killed, or lost its network");
   const auto settings = addSettings(command);
+  addPasswordFlag(command, options->passwordFromInput,
+                  "for this scan. Without it the secret service is asked, and then you on the terminal");
   command->footer(
       "A setting that is given here counts for this scan, in place of what \"edit\" has set for the site.\n\n"
       "Example:\n  veskel-cli scan shop --loops cancel --progress json");

@@ -8,6 +8,9 @@
 #include <optional>
 #include <stop_token>
 
+#include <unistd.h>
+
+#include "cli/password.h"
 #include "cli/scan_progress.h"
 #include "cli/signal_watch.h"
 #include "crawler/link_rules.h"
@@ -59,6 +62,26 @@ std::optional<crawler::ScanSettings> selectForScan(const CliContext& context, co
                                .ignoreRobots = site.details.ignoreRobots,
                                .filters = filters.entries,
                                .site = context.settingsOf(name)};
+}
+
+/// Has the scan know its password, if its site has a name for one. Says what is missing; true when nothing
+/// is.
+bool providePassword(const ScanOptions& options, crawler::ScanSettings& settings) {
+  const auto key = crawler::passwordKey(settings.startUrl, settings.site);
+  if (!key) {
+    if (options.passwordFromInput) printError(kNoUser);
+    return !options.passwordFromInput;
+  }
+  platform::DesktopSecretStore secrets;
+  PasswordSources sources = {.input = options.passwordFromInput ? &std::cin : nullptr, .secrets = secrets};
+  if (isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0) sources.ask = askPassword;
+  auto password = findPassword(sources, *key);
+  if (!password) return false;
+  settings.password =
+      std::make_shared<crawler::SitePassword>([password = *std::move(password)](const std::stop_token&) {
+        return platform::SecretAnswer{.secret = password};
+      });
+  return true;
 }
 
 /// Says why there is nothing to go on with; true when there is.
@@ -207,6 +230,7 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   settings->goesOn = options.goesOn;
   if (options.goesOn && !mayGoOn(context, *settings)) return exitBadInput;
   settings->dateStyle = platform::environmentDateStyle();
+  if (!providePassword(options, *settings)) return exitBadInput;
 
   const auto started = std::chrono::steady_clock::now();
   const SignalWatch signals;

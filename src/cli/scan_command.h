@@ -16,8 +16,9 @@ struct ScanOptions {
   std::string siteName;
   LoopAnswer loops = LoopAnswer::keepGoing;
   ProgressStyle progress = ProgressStyle::automatic;
-  bool goesOn = false;  // with what the last scan has kept
+  bool goesOn = false;          // with what the last scan has kept
   GivenSettings settings = {};  // for this scan, in place of the site's own
+  bool passwordFromInput = false;
 };
 
 /// Scans the site and says how it went. Returns the exit code.

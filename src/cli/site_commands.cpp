@@ -8,8 +8,10 @@
 #include <unistd.h>
 
 #include "cli/left_out_output.h"
+#include "cli/password.h"
 #include "cli/site_output.h"
 #include "crawler/left_out_file.h"
+#include "crawler/site_password.h"
 #include "platform/text.h"
 #include "store/filters_file.h"
 #include "store/site_input.h"
@@ -90,6 +92,39 @@ std::optional<ExitCode> saveSettings(const CliContext& context, const std::strin
   return reportFileFailure("Could not save", store::settingsFile(context.state, name), saved);
 }
 
+/// A password that is to be kept.
+struct NewPassword {
+  bool isFine = true;  // false after a report
+  std::optional<std::string> text = {};
+};
+
+/// Takes it from standard input where that is wanted. `settings` are those that the site is going to have.
+NewPassword takePassword(bool fromInput, store::SiteSettings settings, const GivenSettings& given) {
+  if (!fromInput) return {};
+  for (const GivenSetting& each : given) each.applyTo(settings);
+  if (settings.httpUser.empty()) {
+    printError(kNoUser);
+    return {.isFine = false};
+  }
+  std::optional<std::string> password = readPassword(std::cin);
+  return {.isFine = password.has_value(), .text = std::move(password)};
+}
+
+/// Keeps it, if there is one, for the site as it is stored now. Says why it could not be kept.
+std::optional<ExitCode> savePassword(const CliContext& context, const std::string& name,
+                                     const NewPassword& password) {
+  if (!password.text) return {};
+  const std::string url = store::readSite(context.controls, name).details.url;
+  const auto key = crawler::passwordKey(url, context.settingsOf(name));
+  if (!key) {
+    printError(kNoUser);
+    return exitBadInput;
+  }
+  platform::DesktopSecretStore secrets;
+  if (keepPassword(secrets, *key, *password.text)) return {};
+  return exitFileFailure;
+}
+
 /// Shows what is stored now.
 ExitCode printStoredSite(const CliContext& context, const std::string& name) {
   const auto site = store::readSite(context.controls, name);
@@ -162,11 +197,12 @@ ExitCode listSites(const CliContext& context, OutputStyle style) {
   return code;
 }
 
-ExitCode addSite(const CliContext& context, const std::string& typedName, const std::string& typedUrl,
-                 const GivenSettings& settings) {
-  if (!fitsOneLine(typedName) || !fitsOneLine(typedUrl)) return reportOddCharacters();
-  const store::SiteInput input = store::checkSiteInput(typedName, typedUrl);
+ExitCode addSite(const CliContext& context, const AddOptions& options) {
+  if (!fitsOneLine(options.siteName) || !fitsOneLine(options.url)) return reportOddCharacters();
+  const store::SiteInput input = store::checkSiteInput(options.siteName, options.url);
   if (!input.error.empty()) return reportInputErrors(input.error);
+  const NewPassword password = takePassword(options.passwordFromInput, {}, options.settings);
+  if (!password.isFine) return exitBadInput;
 
   const auto saved = context.sites().createNewSite(input.name, input.url);
   if (saved.outcome == store::SaveOutcome::nameTaken) {
@@ -174,19 +210,23 @@ ExitCode addSite(const CliContext& context, const std::string& typedName, const 
     return exitBadInput;
   }
   if (const auto code = reportUnsaved(saved, "Could not save", input.name)) return *code;
-  if (const auto code = saveSettings(context, input.name, settings)) return *code;
+  if (const auto code = saveSettings(context, input.name, options.settings)) return *code;
+  if (const auto code = savePassword(context, input.name, password)) return *code;
   return printStoredSite(context, input.name);
 }
 
 ExitCode editSite(const CliContext& context, const EditOptions& options) {
   const bool changesRecord = options.newName || options.newUrl || options.ignoreRobots;
-  if (!changesRecord && options.settings.empty()) {
+  if (!changesRecord && options.settings.empty() && !options.passwordFromInput) {
     printError("There is nothing to change: give --name, --url, --ignore-robots or a setting.");
     return exitBadInput;
   }
   if (!context.hasSite(options.siteName)) return reportUnknownSite(options.siteName);
   const auto edit = checkEdit(options);
   if (!edit) return exitBadInput;
+  const NewPassword password =
+      takePassword(options.passwordFromInput, context.settingsOf(options.siteName), options.settings);
+  if (!password.isFine) return exitBadInput;
   const std::string name = edit->name.value_or(options.siteName);
   // Saving under a taken name could give the other site this URL. Here nobody sees that site, so nothing is
   // done.
@@ -200,6 +240,7 @@ ExitCode editSite(const CliContext& context, const EditOptions& options) {
   }
   if (const auto code = reportUnsaved(saved, "Could not save", options.siteName)) return *code;
   if (const auto code = saveSettings(context, name, options.settings)) return *code;
+  if (const auto code = savePassword(context, name, password)) return *code;
   return printStoredSite(context, name);
 }
 

@@ -13,8 +13,14 @@ enum class OutputStyle { text, json };
 
 ExitCode listSites(const CliContext& context, OutputStyle style);
 
-ExitCode addSite(const CliContext& context, const std::string& typedName, const std::string& typedUrl,
-                 const GivenSettings& settings);
+struct AddOptions {
+  std::string siteName;  // as typed
+  std::string url;       // as typed
+  GivenSettings settings = {};
+  bool passwordFromInput = false;
+};
+
+ExitCode addSite(const CliContext& context, const AddOptions& options);
 
 struct EditOptions {
   std::string siteName;
@@ -22,6 +28,7 @@ struct EditOptions {
   std::optional<std::string> newUrl = {};   // as typed
   std::optional<bool> ignoreRobots = {};
   GivenSettings settings = {};
+  bool passwordFromInput = false;
 };
 
 /// What is not given stays as it is.

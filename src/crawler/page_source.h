@@ -16,11 +16,10 @@ namespace crawler {
 /// One answer to one visit of an address.
 struct FetchedPage {
   platform::FetchFailure failure = platform::FetchFailure::none;
-  int status = 0;  // HTTP status, 0 when no answer came
-  std::string redirectedTo =
-      {};                 // the address that answered, or was not to be followed, if not the one asked
-  std::string mime = {};  // lower case, without parameters; empty when not told
-  bool isPage = false;    // by its type, and no redirect that was not followed
+  int status = 0;                 // HTTP status, 0 when no answer came
+  std::string redirectedTo = {};  // as HttpAnswer::redirectedTo
+  std::string mime = {};          // lower case, without parameters; empty when not told
+  bool isPage = false;            // by its type, and no redirect that was not followed
   std::string lastModified = {};  // header value as sent, empty when there was none
   bool hasContent = false;        // a body came, if need be when asked for once more
   std::uint64_t fingerprint = 0;  // the same for the same body

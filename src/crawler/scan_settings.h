@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "crawler/page_queue.h"
+#include "crawler/site_password.h"
 #include "platform/dates.h"
 #include "store/site_settings.h"
 
@@ -26,8 +28,9 @@ struct ScanSettings {
   bool ignoreRobots = false;  // the switch beside the site
   bool goesOn = false;        // with the pages that the scan before has fetched, if it was not complete
   std::vector<std::string> filters = {};
-  store::SiteSettings site = {};       // as its user wants it
-  platform::DateStyle dateStyle = {};  // how last modification dates are written
+  store::SiteSettings site = {};                     // as its user wants it
+  std::shared_ptr<SitePassword> password = nullptr;  // where the site's user has set a name
+  platform::DateStyle dateStyle = {};                // how last modification dates are written
   ScanBounds bounds = {};
 };
 

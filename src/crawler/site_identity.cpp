@@ -7,8 +7,14 @@ std::string userAgentOf(const store::SiteSettings& site) {
 }
 
 platform::HttpIdentity identityFor(const ScanSettings& settings) {
-  return {
+  platform::HttpIdentity identity = {
       .userAgent = userAgentOf(settings.site), .site = settings.startUrl, .headers = settings.site.headers};
+  if (!settings.password) return identity;
+  identity.user = settings.site.httpUser;
+  identity.password = [password = settings.password](const std::stop_token& stop) {
+    return password->get(stop);
+  };
+  return identity;
 }
 
 }  // namespace crawler

@@ -9,6 +9,7 @@
 #include "crawler/sitemap_starts.h"
 #include "crawler/titles.h"
 #include "platform/text.h"
+#include "platform/uri.h"
 #include "sitemaps/completion.h"
 #include "sitemaps/html_format.h"
 #include "sitemaps/xml_format.h"
@@ -25,14 +26,26 @@ constexpr std::size_t kReserve = 1u << 20;
 /// So many pages in a row without any answer, and the start page is asked whether the site is still there.
 constexpr int kUnansweredBelieved = 20;
 
+std::string whyUnauthorized(const platform::HttpAnswer& answer, const ScanSettings& settings) {
+  if (answer.sentPassword) return "name or password were refused";
+  const std::string problem = settings.password ? settings.password->problem() : std::string();
+  if (!problem.empty())
+    return "the site asks for the password of \"" + settings.site.httpUser + "\" (" + problem + ")";
+  if (settings.password && !answer.redirectedTo.empty()) {
+    return platform::originOf(answer.redirectedTo) +
+           " asks for a name and a password, and these are for the start address alone";
+  }
+  return "the site asks for a name and a password";
+}
+
 /// Why the start address did not do.
-std::string reasonOf(const platform::HttpAnswer& answer) {
+std::string reasonOf(const platform::HttpAnswer& answer, const ScanSettings& settings) {
   if (answer.failure != platform::FetchFailure::none) {
     return "0 - " + std::string(platform::failureText(answer.failure));
   }
   std::string reason =
       std::to_string(answer.status) + " - " + std::string(platform::reasonPhrase(answer.status));
-  if (answer.status == 401) reason += ": the site asks for a name and a password";
+  if (answer.status == 401) reason += ": " + whyUnauthorized(answer, settings);
   return reason;
 }
 
@@ -189,7 +202,8 @@ void SiteScanner::queueSitemapPages() {
 bool SiteScanner::httpIsValid(const std::string& url) {
   const platform::HttpAnswer answer = m_services.client.fetch({.url = url}, m_stop.get_token());
   if (answer.status == 200) return true;
-  m_startReason = reasonOf(answer);
+  m_startReason = reasonOf(answer, m_settings);
+  m_isRefused = answer.status == 401 && answer.sentPassword;
   return false;
 }
 
@@ -201,9 +215,10 @@ platform::HttpAnswer SiteScanner::readRobots() {
 
 /// The site's folder is asked, not the page: its answer tells whether the server is there at all.
 std::string SiteScanner::unreachableReason(const std::string& siteBaseURL) {
+  if (m_isRefused) return m_startReason;  // servers count how often a wrong password is tried
   const platform::HttpAnswer answer = m_services.client.fetch({.url = siteBaseURL}, m_stop.get_token());
   // Where the folder is fine, the page alone is at fault, and its own answer says why.
-  return answer.status != 200 ? reasonOf(answer) : m_startReason;
+  return answer.status != 200 ? reasonOf(answer, m_settings) : m_startReason;
 }
 
 void SiteScanner::extractLinksFromPage() {

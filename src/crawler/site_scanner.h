@@ -133,6 +133,7 @@ class SiteScanner {
   int m_totLinks = 0;          // links counted; also the next LINKID
   bool m_loopingArmed = true;  // the warning is given once a scan
   std::string m_startReason;   // why the start address did not do
+  bool m_isRefused = false;    // for its password
   std::unique_ptr<char[]> m_reserve;
   ScanResult m_result;
 

@@ -47,6 +47,7 @@ struct SiteSettings {
   std::chrono::milliseconds delay{0};     // at least so long between the starts of two requests
   std::string userAgent = {};             // what the program calls itself; empty: by its own name
   std::vector<std::string> headers = {};  // "Name: value", sent with every request to the site's own server
+  std::string httpUser = {};  // for HTTP authentication; empty: none. The password is kept elsewhere
 
   bool operator==(const SiteSettings&) const = default;
 };
@@ -170,6 +171,12 @@ inline constexpr std::array kSiteSettings = {
                  .value = Lines{.member = &SiteSettings::headers,
                                 .form = "Name: value",
                                 .problem = platform::headerLineProblem}},
+    SettingField{.key = "http-user",
+                 .caption = "&Name",
+                 .help = "For a site that asks for a name and a password (HTTP authentication)",
+                 .value = Text{.member = &SiteSettings::httpUser,
+                               .emptyMeans = "none",
+                               .problem = platform::userNameProblem}},
 };
 
 /// What differs from the defaults, as options of the command line: "--max-pages 50 --connections 2". Texts
