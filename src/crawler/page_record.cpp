@@ -58,6 +58,22 @@ bool takeNumber(std::string_view& line, Number& number) {
   return error == std::errc() && end == field.data() + field.size();
 }
 
+/// Their texts lie in one piece, which hardly ever holds anything that has to be escaped.
+void addAnchors(std::string& line, const PageContents& contents) {
+  const bool isPlain = store::isPlainField({contents.text.get(), contents.textBytes});
+  const auto addText = [&](std::string_view field) {
+    isPlain ? static_cast<void>(line += field) : store::appendEscapedField(line, field);
+  };
+  for (const Anchor& anchor : contents.anchors) {
+    line += '\t';
+    line += letterOf((anchor.href ? kHasHref : 0) | (anchor.isListed ? kIsListed : 0) |
+                     (anchor.isFollowed ? kIsFollowed : 0));
+    addText(anchor.href.value_or(""));
+    line += '\t';
+    addText(anchor.title);
+  }
+}
+
 void takeAnchors(std::string_view line, PageContents& contents) {
   AnchorCollection anchors;
   while (!line.empty()) {
@@ -91,13 +107,7 @@ void appendRecordLine(std::string& text, std::string_view url, const FetchedPage
   addOptional(text, contents.base);
   addOptional(text, contents.canonical);
   add(text, contents.title);
-  for (const Anchor& anchor : contents.anchors) {
-    text += '\t';
-    text += letterOf((anchor.href ? kHasHref : 0) | (anchor.isListed ? kIsListed : 0) |
-                     (anchor.isFollowed ? kIsFollowed : 0));
-    if (anchor.href) store::appendEscapedField(text, *anchor.href);
-    add(text, anchor.title);
-  }
+  addAnchors(text, contents);
   // Told from a line that was cut off between two anchors.
   text += "\t.\n";
 }

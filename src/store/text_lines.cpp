@@ -31,6 +31,12 @@ void appendEscapedField(std::string& line, std::string_view text) {
   }
 }
 
+bool isPlainField(std::string_view text) {
+  constexpr std::string_view kEscaped = "\\\t\n";
+  return std::all_of(kEscaped.begin(), kEscaped.end(),
+                     [&](char c) { return text.find(c) == std::string_view::npos; });
+}
+
 std::string unescapedField(std::string_view text) {
   std::string result;
   for (std::size_t i = 0; i < text.size(); ++i) {

@@ -15,6 +15,8 @@ std::vector<std::string> nonEmptyLines(std::string_view text);
 /// "\\\\".
 std::string escapedField(std::string_view text);
 void appendEscapedField(std::string& line, std::string_view text);
+/// Whether the text is its own escaped form.
+bool isPlainField(std::string_view text);
 std::string unescapedField(std::string_view text);
 
 /// Takes the field in front of the next tab, or the rest, off the line, and gives what it means.
