@@ -67,7 +67,6 @@ ProgressSheet::ProgressSheet(QWidget* parent)
   m_bar->setAccessibleName(tr("Progress"));
   m_bar->setTextVisible(false);
   m_pause->setObjectName(QStringLiteral("pauseScanButton"));
-  m_pause->setCheckable(true);
   m_pause->setAutoDefault(false);
   m_cancel->setObjectName(QStringLiteral("cancelScanButton"));
   auto* grid = new QGridLayout;
@@ -81,9 +80,9 @@ ProgressSheet::ProgressSheet(QWidget* parent)
   layout->addLayout(grid);
   layout->addLayout(buttonRow({m_pause, m_cancel}));
   connect(m_cancel, &QPushButton::clicked, this, &ProgressSheet::cancelled);
-  connect(m_pause, &QPushButton::toggled, this, [this](bool isPaused) {
-    showText(m_last);
-    emit paused(isPaused);
+  connect(m_pause, &QPushButton::clicked, this, [this] {
+    setPaused(!m_isPaused);
+    emit paused(m_isPaused);
   });
   reset();
 }
@@ -112,14 +111,20 @@ void ProgressSheet::showProgress(const ScanProgress& progress, const QString& te
 
 void ProgressSheet::showText(const QString& text) {
   m_last = text;
-  const QString shown = m_pause->isChecked() ? tr("Paused") : text;
+  const QString shown = m_isPaused ? tr("Paused") : text;
   m_text->setText(fontMetrics().elidedText(shown, Qt::ElideMiddle,
                                            contentsRect().width() - 2 * layout()->contentsMargins().left()));
   m_text->setToolTip(shown);
 }
 
+void ProgressSheet::setPaused(bool isPaused) {
+  m_isPaused = isPaused;
+  m_pause->setText(isPaused ? tr("&Resume") : tr("&Pause"));
+  showText(m_last);
+}
+
 void ProgressSheet::reset() {
-  m_pause->setChecked(false);
+  setPaused(false);
   showProgress({}, {});
 }
 

@@ -53,7 +53,10 @@ class ProgressSheet : public QDialog {
  private:
   QLabel* addCounter(const QString& caption, const char* name, QGridLayout* grid, int column);
 
+  void setPaused(bool isPaused);
+
   QString m_last;  // that was to be shown
+  bool m_isPaused = false;
   QLabel* m_text;
   QProgressBar* m_bar;
   QLabel* m_pagesLeft;

@@ -88,6 +88,25 @@ class ScanWindowTest : public QObject {
     QVERIFY(drawer.isVisible());
   }
 
+  void waitsAndGoesOnWhereItWasStopped() {
+    SlowSite site(smallSite(), "/a.html");
+    Desk desk;
+    desk.openShop(site.url());
+    const auto& continueScan = desk.control<QAction>("continueScanMI");
+    QVERIFY(!continueScan.isEnabled() && desk.click("scanSiteButton") && sheetNamed(kProgress));
+    QVERIFY(comesTrue([&] { return site.isWaitedFor() && counter("caPagesScanned") == QLatin1String("1"); }));
+    QVERIFY(click(platform::control<QPushButton>(*topSheet(), "pauseScanButton")));
+    QCOMPARE(counter("caText"), QStringLiteral("Paused"));
+    pressEscape(*topSheet());
+    QVERIFY(scanHasEnded(desk) && continueScan.isEnabled());
+    QCOMPARE(desk.label("linksScanned"), QStringLiteral("1"));
+    site.release();
+    QTest::keyClick(&desk.window(), Qt::Key_F5, Qt::ShiftModifier);
+    QVERIFY(scanHasEnded(desk));
+    QCOMPARE(desk.label("linksScanned"), QStringLiteral("4"));
+    QVERIFY(!continueScan.isEnabled() && !desk.control<QTextEdit>("scanNotice").isVisible());
+  }
+
   void goesByFiltersAndTheRobotsSwitch() {
     SiteServer::Pages pages = smallSite();
     pages["//robots.txt"] = {"User-agent: *\nDisallow: /private\n", "text/plain"};
