@@ -85,9 +85,10 @@ void MainWindow::makeControllers() {
   m_siteEditor = std::make_unique<store::AddEditDeleteSitesController>(*this, *m_sheets, m_controls,
                                                                        m_stateFolder, m_state);
   m_filters = std::make_unique<crawler::FilterController>(*this, *m_sheets, m_controls, m_state);
-  m_scanSettings =
-      std::make_unique<crawler::ScanSettingsController>(*this, *m_sheets, m_controls, m_stateFolder, m_state);
-  m_scan = std::make_unique<crawler::ScanController>(*this, *m_sheets, m_controls, m_stateFolder, m_state);
+  m_scanSettings = std::make_unique<crawler::ScanSettingsController>(*this, *m_sheets, m_controls,
+                                                                     m_stateFolder, m_state, m_passwords);
+  m_scan = std::make_unique<crawler::ScanController>(*this, *m_sheets, m_controls, m_stateFolder, m_state,
+                                                     m_passwords);
   m_scanView = std::make_unique<ui::ScanViewController>(
       *this,
       ui::ScanViewParts{*m_sheets, m_controls, m_stateFolder, m_state, *m_siteEditor, *m_scan, *m_filters});

@@ -8,8 +8,10 @@
 #include "crawler/filter_controller.h"
 #include "crawler/scan_controller.h"
 #include "crawler/scan_settings_controller.h"
+#include "crawler/site_password.h"
 #include "html_editor/html_view_controller.h"
 #include "platform/close_requests.h"
+#include "platform/secret_store.h"
 #include "platform/sheet_queue.h"
 #include "sitemaps/script_text.h"
 #include "store/add_edit_delete_sites_controller.h"
@@ -72,6 +74,8 @@ class MainWindow : public QMainWindow {
   QLabel* m_version = nullptr;     // at the foot, beside
   QString m_said;                  // what happened last
 
+  platform::DesktopSecretStore m_secrets;
+  crawler::PasswordKeeper m_passwords{m_secrets};
   std::unique_ptr<platform::CloseRequests> m_closeRequests;
   std::unique_ptr<platform::SheetQueue> m_sheets;
   std::unique_ptr<store::AddEditDeleteSitesController> m_siteEditor;

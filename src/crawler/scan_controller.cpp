@@ -34,13 +34,14 @@ struct ScanController::Scan {
 
 ScanController::ScanController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
                                const store::GlobalControls& controls, const store::StateFolder& stateFolder,
-                               store::SharedState& state)
+                               store::SharedState& state, PasswordKeeper& passwords)
     : m_mainWindow(mainWindow),
       m_sheets(sheets),
       m_controls(controls),
       m_stateFolder(stateFolder),
       m_reasons(stateFolder),
       m_state(state),
+      m_passwords(passwords),
       m_page{mainWindow},
       m_notice(mainWindow, sheets, controls, stateFolder),
       m_establishConnectionSheet(&mainWindow, "establishConnectionSheet", "ecsPBar",
@@ -84,6 +85,10 @@ void ScanController::startScan(Begin begin) {
                         .filters = m_state.qzvskFiltersArray,
                         .site = stored.settings,
                         .dateStyle = platform::environmentDateStyle()};
+  if (const auto key = passwordKey(settings.startUrl, settings.site)) {
+    settings.password = std::make_shared<SitePassword>(
+        [this, key = *key](const std::stop_token& stop) { return m_passwords.lookUp(key, stop); });
+  }
   m_view.restart(settings.startUrl);
   m_waitingUntil = {};
   m_establishConnectionSheet.setText(tr("Connecting to %1").arg(toQString(settings.startUrl)));

@@ -16,6 +16,7 @@
 #include "crawler/scan_controls.h"
 #include "crawler/scan_notice.h"
 #include "crawler/scan_sheets.h"
+#include "crawler/site_password.h"
 #include "platform/sheet_queue.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
@@ -34,7 +35,7 @@ class ScanController : public QObject, private ScanView {
  public:
   /// All are borrowed and outlive the controller.
   ScanController(QMainWindow& mainWindow, platform::SheetQueue& sheets, const store::GlobalControls& controls,
-                 const store::StateFolder& stateFolder, store::SharedState& state);
+                 const store::StateFolder& stateFolder, store::SharedState& state, PasswordKeeper& passwords);
   /// Stops a running scan and waits for its end.
   ~ScanController() override;
 
@@ -94,6 +95,7 @@ class ScanController : public QObject, private ScanView {
   const store::StateFolder& m_stateFolder;
   const store::BrokenReasons m_reasons;
   store::SharedState& m_state;
+  PasswordKeeper& m_passwords;
   ScanControls m_page;
   ScanNotice m_notice;
 

@@ -7,6 +7,9 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <chrono>
@@ -25,23 +28,52 @@ namespace {
 
 constexpr int kSheetWidth = 420;
 
+/// Wants to be as large as the form in it, and may be less high.
+class FormArea : public QScrollArea {
+ public:
+  explicit FormArea(QWidget* form) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(form);
+  }
+
+  QSize sizeHint() const override {
+    return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+  }
+  QSize minimumSizeHint() const override { return {sizeHint().width(), fontMetrics().height()}; }
+};
+
 }  // namespace
 
 ScanSettingsSheet::ScanSettingsSheet(QWidget* parent) : QDialog(parent) {
   setObjectName(QStringLiteral("scanSettingsSheet"));
   setWindowTitle(tr("Scan Settings"));
   setMinimumWidth(kSheetWidth);
-  auto* form = new QFormLayout;
+  auto* fields = new QWidget;
+  auto* form = new QFormLayout(fields);
+  form->setContentsMargins({});
   for (const store::SettingField& field : store::kSiteSettings) addRow(*form, field);
+  m_password = std::make_unique<PasswordRow>(*form, userNameField());
   auto* buttons = new QDialogButtonBox;  // knows the desktop's order
   buttons->addButton(tr("Save"), QDialogButtonBox::AcceptRole)->setDefault(true);
   buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole)->setAutoDefault(false);
   auto* layout = new QVBoxLayout(this);
-  layout->addLayout(form);
-  layout->addStretch();
+  layout->addWidget(new FormArea(fields));
   layout->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &ScanSettingsSheet::saveAsked);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+/// The one of the name that the password belongs to.
+QLineEdit& ScanSettingsSheet::userNameField() const {
+  for (std::size_t i = 0; i < m_controls.size(); ++i) {
+    const auto* text = std::get_if<store::Text>(&store::kSiteSettings[i].value);
+    if (text != nullptr && text->member == &store::SiteSettings::httpUser)
+      return *qobject_cast<QLineEdit*>(m_controls[i].widget);
+  }
+  qFatal("There is no field for the user's name");
 }
 
 void ScanSettingsSheet::addRow(QFormLayout& form, const store::SettingField& field) {
@@ -142,6 +174,10 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingFi
 void ScanSettingsSheet::showSettings(const store::SiteSettings& settings) {
   m_shown = settings;
   for (const Control& control : m_controls) control.show(settings);
+  m_password->begin();
+  // Of a small screen some is left, and the form is scrolled.
+  ensurePolished();
+  resize(sizeHint().boundedTo(screen()->availableSize() * 0.9));
   m_controls.front().widget->setFocus();
 }
 
@@ -151,7 +187,7 @@ QString ScanSettingsSheet::problem() const {
     const std::string problem = control.take(typed);
     if (!problem.empty()) return tr("%1: %2.").arg(control.widget->accessibleName(), toQString(problem));
   }
-  return {};
+  return m_password->problem();
 }
 
 void ScanSettingsSheet::applyChanges(store::SiteSettings& settings) const {

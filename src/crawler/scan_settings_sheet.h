@@ -3,16 +3,19 @@
 
 #include <QDialog>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "crawler/password_row.h"
 #include "store/site_settings.h"
 
 class QFormLayout;
 
 namespace crawler {
 
-/// A control for each row of the table of settings, "Save" and "Cancel". Whoever shows it takes it down.
+/// A control for each row of the table of settings, one for the password, "Save" and "Cancel". Whoever shows
+/// it takes it down.
 class ScanSettingsSheet : public QDialog {
   Q_OBJECT
 
@@ -20,6 +23,8 @@ class ScanSettingsSheet : public QDialog {
   explicit ScanSettingsSheet(QWidget* parent);
 
   void showSettings(const store::SiteSettings& settings);
+
+  PasswordRow& password() { return *m_password; }
 
   /// What is wrong with what the user has typed, a sentence; empty when it may be saved.
   QString problem() const;
@@ -42,9 +47,11 @@ class ScanSettingsSheet : public QDialog {
   Control makeControl(const store::SettingField& field, const store::Choice& choice);
   Control makeControl(const store::SettingField& field, const store::Text& text);
   Control makeControl(const store::SettingField& field, const store::Lines& lines);
+  QLineEdit& userNameField() const;
   void addRow(QFormLayout& form, const store::SettingField& field);
 
   std::vector<Control> m_controls;  // in the order of the table
+  std::unique_ptr<PasswordRow> m_password;
   store::SiteSettings m_shown;
 };
 

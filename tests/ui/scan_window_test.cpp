@@ -1,5 +1,6 @@
 // A scan in the window, from its button to the final counts. What a scan finds is tested with its rules.
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -11,6 +12,7 @@
 #include "scan_steps.h"
 #include "store/site_record.h"
 #include "store/site_settings.h"
+#include "support/raw_server.h"
 
 namespace window_tests {
 
@@ -265,6 +267,46 @@ class ScanWindowTest : public QObject {
     QVERIFY(scan(desk));
     QCOMPARE(desk.label("linksScanned"), QStringLiteral("2"));
     QVERIFY(desk.status().endsWith(QLatin1String("\"connections\" was ignored: it has to be 1 to 64.")));
+  }
+
+  void asksWithThePasswordOfTheSite() {
+    const support::RawServer server(support::RawServer::answering([](const support::RawRequest& request) {
+      if (request.contains("\r\nAuthorization: Basic bWU6cHc=\r\n"))
+        return support::rawAnswer("200 OK", "Content-Type: text/html\r\n", "<title>In</title>");
+      return support::rawAnswer("401 Unauthorized", "WWW-Authenticate: Basic realm=\"r\"\r\n", "");
+    }));
+    Desk desk;
+    desk.openShop(server.url());
+    const auto openSheet = [&] {
+      desk.control<QAction>("scanSettingsMI").trigger();
+      QDialog* sheet = sheetNamed(QStringLiteral("scanSettingsSheet"));
+      const auto& place = platform::control<QLabel>(*sheet, "passwordPlace");
+      const auto text = QStringLiteral("Kept until the program ends only, as there is no secret service");
+      return comesTrue([&] { return place.text() == text; }) ? sheet : nullptr;
+    };
+    QDialog* sheet = openSheet();
+    QVERIFY(sheet);
+    auto& password = platform::control<QLineEdit>(*sheet, "http-password");
+    QCOMPARE(password.placeholderText(), QStringLiteral("not set"));
+    platform::control<QLineEdit>(*sheet, "http-user").setText(QStringLiteral("me"));
+    QTest::keyClicks(&password, QStringLiteral("pw"));
+    QVERIFY(password.displayText() != password.text());
+    QVERIFY(answer(sheet, QStringLiteral("Save")));
+    QCOMPARE(platform::readFile(store::settingsFile(desk.stateFolder, "Shop")).text,
+             std::string("http-user me\n"));
+    QVERIFY(scan(desk));
+    QCOMPARE(desk.label("linksScanned"), QStringLiteral("1"));
+
+    QVERIFY(openSheet() == sheet && password.text().isEmpty());
+    QVERIFY(password.placeholderText().startsWith(QLatin1String("set")));
+    QVERIFY(click(platform::control<QPushButton>(*sheet, "removePassword")));
+    QVERIFY(answer(sheet, QStringLiteral("Save")));
+    QVERIFY(desk.click("scanSiteButton"));
+    QMessageBox* alert = message(QStringLiteral("The Site URL Could Not Be Reached"));
+    QVERIFY(alert);
+    QVERIFY(alert->informativeText().endsWith(QLatin1String("the password of \"me\" (none is kept)")));
+    QVERIFY(answer(alert, kOk));
+    QVERIFY(scanHasEnded(desk) && noSheetLeft());
   }
 
   void tellsOfALostDocument() {
