@@ -14,6 +14,7 @@ build_packages=(
   libicu-dev
   libpcre2-dev
   libsecret-1-dev
+  libsqlite3-dev
   libssl-dev # cpp-httplib is built with TLS
   libxcb1-dev
   libxml2-dev
