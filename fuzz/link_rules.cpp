@@ -32,10 +32,10 @@ void checkPath(const std::string& link) {
 
 void checkKnown(const std::string& link, crawler::PageQueue& known) {
   const auto media = crawler::pageExtensions();
-  if (known.size() == 0) require(!crawler::isKnownPage(link, known, media), "nothing is known at first");
+  if (known.size() == 0) require(!crawler::findPage(link, known, media).has_value(), "nothing is known at first");
   known.append(link);
   for (std::size_t i = 0; i < known.size(); ++i) {
-    require(crawler::isKnownPage(std::string(known[i]), known, media), "what was appended is known");
+    require(crawler::findPage(std::string(known[i]), known, media).has_value(), "what was appended is known");
   }
 }
 

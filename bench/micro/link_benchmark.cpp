@@ -111,7 +111,7 @@ void isKnownPage(benchmark::State& state) {
   constexpr std::size_t kStride = 7919;  // a prime: all are asked for, neighbours far apart
   std::size_t at = 0;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(crawler::isKnownPage(addresses[at], known, crawler::pageExtensions()));
+    benchmark::DoNotOptimize(crawler::findPage(addresses[at], known, crawler::pageExtensions()));
     at = (at + kStride) % addresses.size();
   }
   countLinks(state, 1);

@@ -98,7 +98,7 @@ JudgedPage BrowserLinkRules::judgePage(std::string_view url, const FetchedPage& 
     if (m_bounds.judge(platform::splitUri(judged.address)) != LinkReason::none)
       return leftOut(Use::leftOut, LinkReason::redirectedOutside);
     if (withoutSchemeAndWww(judged.address) != withoutSchemeAndWww(url)) {
-      if (keyOfNewPage(judged.address, known)) judged.inPlace = judged.address;
+      if (!findPage(judged.address, known)) judged.inPlace = judged.address;
       return leftOut(Use::leftOut, LinkReason::redirected);
     }
   }
@@ -171,13 +171,13 @@ JudgedLink BrowserLinkRules::judge(std::string link, const PageQueue&) const {
 }
 
 /// One with and without "www.", by http and https.
-std::optional<std::string_view> BrowserLinkRules::keyOfNewPage(std::string_view link,
-                                                               const PageQueue& known) const {
+std::optional<std::size_t> BrowserLinkRules::findPage(std::string_view link, const PageQueue& known) const {
   const std::string_view rest = withoutSchemeAndWww(link);
   for (const std::string_view scheme : {"http://", "https://"}) {
-    if (known.contains(scheme, rest) || known.contains(scheme, "www.", rest)) return {};
+    if (const auto page = known.find(scheme, rest)) return page;
+    if (const auto page = known.find(scheme, "www.", rest)) return page;
   }
-  return link;
+  return {};
 }
 
 }  // namespace crawler

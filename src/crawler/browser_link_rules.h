@@ -37,7 +37,7 @@ class BrowserLinkRules : public LinkRules {
   std::optional<std::string> makeAbsolute(std::string_view href) const override;
   JudgedLink judge(std::string link, const PageQueue& known) const override;
   std::string_view robotsRule(std::size_t which) const override { return m_robots.group.rules[which].text; }
-  std::optional<std::string_view> keyOfNewPage(std::string_view link, const PageQueue& known) const override;
+  std::optional<std::size_t> findPage(std::string_view link, const PageQueue& known) const override;
 
  private:
   std::optional<std::string> elsewhere(const web::Url& page,

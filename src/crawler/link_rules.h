@@ -45,6 +45,11 @@ enum class LinkReason {
 
 inline constexpr std::size_t kLinkReasons = static_cast<std::size_t>(LinkReason::canonicalElsewhere) + 1;
 
+constexpr bool isOutside(LinkReason reason) {
+  return reason == LinkReason::otherHost || reason == LinkReason::otherPort ||
+         reason == LinkReason::aboveStart;
+}
+
 struct JudgedLink {
   std::string address;  // as it is listed, and visited if it is a page of the site
   LinkReason reason = LinkReason::none;
@@ -101,10 +106,9 @@ class LinkRules {
   /// The robots rule of this index, as the site wrote it.
   virtual std::string_view robotsRule(std::size_t which) const = 0;
 
-  /// The address under which the page that a judged link leads to has to be queued; nothing when the page is
-  /// known already, in this spelling or another.
-  virtual std::optional<std::string_view> keyOfNewPage(std::string_view link,
-                                                       const PageQueue& known) const = 0;
+  /// The index of the page that a judged link leads to; nothing when it is not known yet, neither in this
+  /// spelling nor in another.
+  virtual std::optional<std::size_t> findPage(std::string_view link, const PageQueue& known) const = 0;
 };
 
 /// Where the rules ask for robots.txt.

@@ -41,7 +41,7 @@ PageQueue::PageQueue(std::size_t maxBytes)
     : m_bytesLeft(maxBytes), m_slots(kFirstSlots), m_seed(randomSeed()) {}
 
 Queued PageQueue::append(std::string_view url) {
-  if (contains(url)) return Queued::before;
+  if (find(url)) return Queued::before;
   if (url.size() > m_bytesLeft) return Queued::noRoom;
   if ((m_entries.size() + 1) * 2 > m_slots.size()) grow();
   m_entries.push_back(store(url));
@@ -54,29 +54,30 @@ Queued PageQueue::append(std::string_view url) {
   return Queued::now;
 }
 
-bool PageQueue::contains(std::string_view first, std::string_view second, std::string_view third) const {
-  return find(hashOf(first, second, third), first, second, third);
+std::optional<std::size_t> PageQueue::find(std::string_view first, std::string_view second,
+                                           std::string_view third) const {
+  return findHashed(hashOf(first, second, third), first, second, third);
 }
 
 bool PageQueue::containsAny(std::string_view first, std::string_view second,
                             std::span<const std::string_view> endings) const {
   const std::uint64_t common = mixIn(mixIn(m_seed, first), second);
   return std::any_of(endings.begin(), endings.end(), [&](std::string_view ending) {
-    return find(finish(mixIn(common, ending)), first, second, ending);
+    return findHashed(finish(mixIn(common, ending)), first, second, ending).has_value();
   });
 }
 
-bool PageQueue::find(std::uint64_t hash, std::string_view first, std::string_view second,
-                     std::string_view third) const {
+std::optional<std::size_t> PageQueue::findHashed(std::uint64_t hash, std::string_view first,
+                                                 std::string_view second, std::string_view third) const {
   const std::size_t mask = m_slots.size() - 1;
   for (std::size_t at = hash & mask; m_slots[at].entry != 0; at = (at + 1) & mask) {
     const Slot& slot = m_slots[at];
     if (slot.hash == static_cast<std::uint32_t>(hash >> 32) &&
         equalsPieces(m_entries[slot.entry - 1], first, second, third)) {
-      return true;
+      return slot.entry - 1;
     }
   }
-  return false;
+  return {};
 }
 
 std::uint64_t PageQueue::hashOf(std::string_view first, std::string_view second,

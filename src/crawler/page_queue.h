@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -29,10 +30,12 @@ class PageQueue {
   /// Adds an address that is not known yet, if there is room for it.
   Queued append(std::string_view url);
 
-  /// Whether the address made of the three pieces one after the other is known. Comparison is by bytes.
-  bool contains(std::string_view first, std::string_view second = {}, std::string_view third = {}) const;
+  /// The index of the address made of the three pieces one after the other, if it is known. Comparison is by
+  /// bytes.
+  std::optional<std::size_t> find(std::string_view first, std::string_view second = {},
+                                  std::string_view third = {}) const;
 
-  /// Whether contains() would say so with any of the `endings` as its third piece.
+  /// Whether find() would find one with any of the `endings` as its third piece.
   bool containsAny(std::string_view first, std::string_view second,
                    std::span<const std::string_view> endings) const;
 
@@ -42,8 +45,8 @@ class PageQueue {
     std::uint32_t entry = 0;  // index + 1; 0 is a free slot
   };
 
-  bool find(std::uint64_t hash, std::string_view first, std::string_view second,
-            std::string_view third) const;
+  std::optional<std::size_t> findHashed(std::uint64_t hash, std::string_view first, std::string_view second,
+                                        std::string_view third) const;
   std::uint64_t hashOf(std::string_view first, std::string_view second, std::string_view third) const;
   std::string_view store(std::string_view url);
   void grow();

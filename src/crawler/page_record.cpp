@@ -96,6 +96,8 @@ void appendRecordLine(std::string& text, std::string_view url, const FetchedPage
   store::appendEscapedField(text, url);
   add(text, std::to_string(page.status));
   add(text, std::to_string(page.fingerprint));
+  add(text, std::to_string(page.bytes));
+  add(text, std::to_string(page.time.count()));
   text += '\t';
   text += letterOf((page.isPage ? kIsPage : 0) | (page.hasContent ? kHasContent : 0) |
                    (contents.isIndexed ? kIsIndexed : 0));
@@ -119,7 +121,12 @@ std::optional<PageRecord> readRecordLine(std::string_view line, std::string_view
   if (takeField(line) != url) return {};
   PageRecord record;
   FetchedPage& page = record.page;
-  if (!takeNumber(line, page.status) || !takeNumber(line, page.fingerprint)) return {};
+  std::chrono::milliseconds::rep time = 0;
+  if (!takeNumber(line, page.status) || !takeNumber(line, page.fingerprint) ||
+      !takeNumber(line, page.bytes) || !takeNumber(line, time)) {
+    return {};
+  }
+  page.time = std::chrono::milliseconds(time);
   const int flags = flagsOf(takeField(line));
   page.isPage = (flags & kIsPage) != 0;
   page.hasContent = (flags & kHasContent) != 0;

@@ -62,6 +62,8 @@ FetchedPage visitPage(platform::HttpClient& client, const PageReading& reading, 
   page.isPage = reading.isPage(page.mime) && !wasLeft;
   page.lastModified = std::move(answer.lastModified);
   page.hasContent = !answer.body.empty();
+  page.bytes = answer.body.size();
+  page.time = answer.time;
   page.fingerprint = std::hash<std::string>{}(answer.body);
   page.contents = reading.read(std::move(answer), stop);
   if (page.isGood() && !page.hasContent) {

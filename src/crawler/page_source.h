@@ -1,6 +1,7 @@
 // Where the crawl gets its pages from.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -16,13 +17,15 @@ namespace crawler {
 /// One answer to one visit of an address.
 struct FetchedPage {
   platform::FetchFailure failure = platform::FetchFailure::none;
-  int status = 0;                 // HTTP status, 0 when no answer came
-  std::string redirectedTo = {};  // as HttpAnswer::redirectedTo
-  std::string mime = {};          // lower case, without parameters; empty when not told
-  bool isPage = false;            // by its type, and no redirect that was not followed
-  std::string lastModified = {};  // header value as sent, empty when there was none
-  bool hasContent = false;        // a body came, if need be when asked for once more
-  std::uint64_t fingerprint = 0;  // the same for the same body
+  int status = 0;                     // HTTP status, 0 when no answer came
+  std::string redirectedTo = {};      // as HttpAnswer::redirectedTo
+  std::string mime = {};              // lower case, without parameters; empty when not told
+  bool isPage = false;                // by its type, and no redirect that was not followed
+  std::string lastModified = {};      // header value as sent, empty when there was none
+  bool hasContent = false;            // a body came, if need be when asked for once more
+  std::uint64_t fingerprint = 0;      // the same for the same body
+  std::size_t bytes = 0;              // of the body, decoded
+  std::chrono::milliseconds time{0};  // to the answer's first byte
   PageContents contents = {};
 
   /// Whether the page can be used in a sitemap.

@@ -22,13 +22,16 @@ struct ScanController::Scan {
       : network(identityFor(settings)),
         client(network, clock, owner.m_view, settings.site.delay),
         pages(client, limitsFor(settings.site), readingFor(settings)),
-        scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons, &owner.m_stateFolder},
+        log(owner.m_makeLog(settings.siteName)),
+        scanner({owner.m_controls, client, pages, owner.m_view, &owner.m_reasons, &owner.m_stateFolder,
+                 log.get()},
                 std::move(settings)) {}
 
   platform::SteadyClock clock;
   platform::CurlHttpClient network;
   PatientClient client;
   ReadAheadPages pages;
+  std::unique_ptr<ScanLog> log;
   SiteScanner scanner;
 };
 
@@ -297,6 +300,10 @@ void ScanController::tellEnd(const ScanResult& result) {
   if (!result.leftOutKept.ok()) {
     sentence += tr(". What was left out could not be kept: %1").arg(toQString(result.leftOutKept.error));
   }
+  if (!result.reportKept.ok()) {
+    sentence += tr(". The report could not be kept: %1").arg(toQString(result.reportKept.error));
+  }
+  if (!result.reportNotice.empty()) m_notice.add(toQString(result.reportNotice));
   if (!result.pagesKept.ok()) {
     sentence += tr(". It cannot be continued, as its pages could not be kept: %1")
                     .arg(toQString(result.pagesKept.error));

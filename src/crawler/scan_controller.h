@@ -14,6 +14,7 @@
 #include "crawler/coalescing_view.h"
 #include "crawler/link_list_model.h"
 #include "crawler/scan_controls.h"
+#include "crawler/scan_log.h"
 #include "crawler/scan_notice.h"
 #include "crawler/scan_sheets.h"
 #include "crawler/site_password.h"
@@ -51,6 +52,10 @@ class ScanController : public QObject, private ScanView {
 
   /// Has what is offered follow the settings of the site in hand.
   void settingsChanged();
+
+  /// Makes what is told all that a scan of a site meets. To be set before the first scan.
+  using MakeLog = std::function<std::unique_ptr<ScanLog>(const std::string& siteName)>;
+  void setMakeLog(MakeLog makeLog) { m_makeLog = std::move(makeLog); }
 
   bool isScanning() const { return m_scan != nullptr; }
 
@@ -108,6 +113,7 @@ class ScanController : public QObject, private ScanView {
   QString m_waitingText;  // of the pause that lasts until then
   QDeadlineTimer m_waitingUntil;
   QString m_settingsProblems;  // what of the site's settings was ignored
+  MakeLog m_makeLog = [](const std::string&) { return nullptr; };
   bool m_ignoreRobots = false;
   bool m_reopenFilterDrawer = false;
   bool m_asksToStop = false;

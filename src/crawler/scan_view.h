@@ -55,6 +55,7 @@ struct ScanResult {
   store::ScanStatistics statistics = {};
   std::string unreachableReason = {};  // "404 - Not Found", for ScanEnd::unreachable
   std::string refusal = {};            // a sentence without its full stop, for ScanEnd::forbidden
+  std::string reportNotice = {};       // a sentence, when the report of the scans before could not be used
   std::string failure = {};            // what happened, for ScanEnd::failed
   bool documentsClosed = false;        // except those among the problems
   bool canGoOn = false;                // a later scan can, with the pages fetched so far
@@ -65,6 +66,7 @@ struct ScanResult {
   std::vector<sitemaps::FileProblem> problems = {};  // files that could not be read or written
   platform::FileResult reasons = {};                 // of keeping why pages are broken, beside the documents
   platform::FileResult leftOutKept = {};             // of keeping what was left out, likewise
+  platform::FileResult reportKept = {};              // of keeping the report, likewise
   platform::FileResult pagesKept = {};               // of keeping pages to go on with, likewise
 
   /// Whether pages were visited, so that the counts and lists say something.

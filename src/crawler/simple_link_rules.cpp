@@ -133,24 +133,24 @@ bool namesWww(std::string_view link) {
   return std::search(link.begin(), link.end(), kMark.begin(), kMark.end(), sameLetter) != link.end();
 }
 
-bool isWwwFormKnown(std::string_view link, const PageQueue& known) {
-  if (namesWww(link)) return known.contains(platform::replaceText(link, "://www.", "://"));
+std::optional<std::size_t> findWwwForm(std::string_view link, const PageQueue& known) {
+  if (namesWww(link)) return known.find(platform::replaceText(link, "://www.", "://"));
   const std::size_t mark = link.find("://");
-  if (mark == std::string_view::npos) return known.contains(link);
+  if (mark == std::string_view::npos) return known.find(link);
   if (link.find("://", mark + 3) == std::string_view::npos) {
-    return known.contains(link.substr(0, mark + 3), kWww, link.substr(mark + 3));
+    return known.find(link.substr(0, mark + 3), kWww, link.substr(mark + 3));
   }
-  return known.contains(platform::replaceText(link, "://", "://www."));
+  return known.find(platform::replaceText(link, "://", "://www."));
 }
 
-bool isFolderFormKnown(std::string_view link, const PageQueue& known, AllowedMedia media) {
+std::optional<std::size_t> findFolderForm(std::string_view link, const PageQueue& known, AllowedMedia media) {
   constexpr std::string_view kIndex = "index";
   for (const std::string_view extension : media) {
     if (!link.ends_with(extension)) continue;
     const std::string_view stem = link.substr(0, link.size() - extension.size());
-    if (stem.ends_with(kIndex)) return known.contains(stem.substr(0, stem.size() - kIndex.size()));
+    if (stem.ends_with(kIndex)) return known.find(stem.substr(0, stem.size() - kIndex.size()));
   }
-  return false;
+  return {};
 }
 
 std::vector<std::string> joined(std::vector<std::string> first, const std::vector<std::string>& second) {
@@ -199,8 +199,10 @@ bool isInternal(const SplitLink& link, const SplitLink& siteBaseURL) {
   return liesBelow(link, comparablePart(siteBaseURL));
 }
 
-bool isKnownPage(std::string_view link, const PageQueue& known, AllowedMedia media) {
-  return known.contains(link) || isFolderFormKnown(link, known, media) || isWwwFormKnown(link, known);
+std::optional<std::size_t> findPage(std::string_view link, const PageQueue& known, AllowedMedia media) {
+  if (const auto page = known.find(link)) return page;
+  if (const auto page = findFolderForm(link, known, media)) return page;
+  return findWwwForm(link, known);
 }
 
 SimpleLinkRules::SimpleLinkRules(std::string_view startUrl, const std::vector<std::string>& filters,
@@ -251,10 +253,8 @@ JudgedLink SimpleLinkRules::judge(std::string link, const PageQueue& known) cons
   return judged(isInside ? LinkReason::none : reasonOutside(link, m_bounds));
 }
 
-std::optional<std::string_view> SimpleLinkRules::keyOfNewPage(std::string_view link,
-                                                              const PageQueue& known) const {
-  if (isKnownPage(link, known, m_allowedMedia)) return {};
-  return link;
+std::optional<std::size_t> SimpleLinkRules::findPage(std::string_view link, const PageQueue& known) const {
+  return crawler::findPage(link, known, m_allowedMedia);
 }
 
 }  // namespace crawler

@@ -61,9 +61,9 @@ std::string withPath(std::string link);
 /// Whether the link lies inside the site: it begins with the site's base, schemes and a leading "www." aside.
 bool isInternal(const SplitLink& link, const SplitLink& siteBaseURL);
 
-/// Whether the link, its folder form ("/index.html" without the file) or its www form (with or without
-/// "www.") is known.
-bool isKnownPage(std::string_view link, const PageQueue& known, AllowedMedia media);
+/// The index of the link, its folder form ("/index.html" without the file) or its www form (with or without
+/// "www."), if one of them is known.
+std::optional<std::size_t> findPage(std::string_view link, const PageQueue& known, AllowedMedia media);
 
 /// These rules for one site.
 class SimpleLinkRules : public LinkRules {
@@ -78,7 +78,7 @@ class SimpleLinkRules : public LinkRules {
   std::optional<std::string> makeAbsolute(std::string_view href) const override;
   JudgedLink judge(std::string link, const PageQueue& known) const override;
   std::string_view robotsRule(std::size_t which) const override { return m_robotsRules[which]; }
-  std::optional<std::string_view> keyOfNewPage(std::string_view link, const PageQueue& known) const override;
+  std::optional<std::size_t> findPage(std::string_view link, const PageQueue& known) const override;
 
  private:
   AllowedMedia m_allowedMedia = pageExtensions();

@@ -175,6 +175,7 @@ void SiteScanner::startCrawl() {
     const ScanIdentity scan{m_settings.startUrl, m_settings.site.links};
     m_settings.goesOn ? m_journal->goOn(scan) : m_journal->beginAnew(scan);
   }
+  if (m_services.log != nullptr) m_services.log->scanStarted();
   m_uniquePages->append(m_links->startAddress(m_settings.startUrl));
   m_pages.expect((*m_uniquePages)[0]);
   if (m_settings.site.sitemaps == store::OwnSitemaps::scanned) queueSitemapPages();
@@ -228,6 +229,7 @@ void SiteScanner::extractLinksFromPage() {
       ++m_level;
       m_levelEnd = m_uniquePages->size();
     }
+    m_number = i;
     if (m_terminateScan || visit((*m_uniquePages)[i]) == PageStep::leaveLoop) break;
   }
   if (m_result.end == ScanEnd::lost || isLost(1)) return;
@@ -239,6 +241,7 @@ SiteScanner::PageStep SiteScanner::visit(std::string_view url) {
   m_unanswered = platform::isUnanswered(page->failure) ? m_unanswered + 1 : 0;
   if (isLost(kUnansweredBelieved)) return PageStep::leaveLoop;
   if (isDirectoryListing(page->contents.title)) {
+    logPage(url, *page, PageStanding::folderListing);
     countPage(url, page->status, {});
     return PageStep::nextPage;
   }
@@ -268,11 +271,14 @@ void SiteScanner::usePage(std::string_view url, const FetchedPage& page) {
     followLink(other, other.address, Level::same);
   }
   if (judged.use == JudgedPage::Use::broken) {
+    logPage(url, page, PageStanding::broken);
     m_result.brokenPages.push_back({std::string(url), page.reason()});
     return countPage(url, page.status, m_result.brokenPages.back().reason);
   }
   m_links->enterPage(judged.address, page.contents);
-  if (judged.use == JudgedPage::Use::listed) {
+  const bool isListed = judged.use == JudgedPage::Use::listed;
+  logPage(url, page, isListed ? PageStanding::listed : PageStanding::leftOut, judged.reason);
+  if (isListed) {
     listPage(judged.address, page);
   } else {
     ++m_pagesLeftOut;
@@ -327,7 +333,7 @@ void SiteScanner::followLinks(const PageContents& contents) {
       continue;
     }
     const JudgedLink link = judge(anchor, *std::move(absolute));
-    followLink(link, link.address);
+    logLink(link, link.address, followLink(link, link.address), anchor.title);
   }
 }
 
@@ -348,7 +354,7 @@ void SiteScanner::examineAnchor(const Anchor& anchor) {
     }
     address = *place;
   }
-  followLink(link, address);
+  logLink(link, address, followLink(link, address), anchor.title);
 }
 
 JudgedLink SiteScanner::judge(const Anchor& anchor, std::string absolute) const {
@@ -357,18 +363,39 @@ JudgedLink SiteScanner::judge(const Anchor& anchor, std::string absolute) const 
   return link;
 }
 
-/// `address` is the link's, wherever it has gone.
-void SiteScanner::followLink(const JudgedLink& link, std::string_view address, Level level) {
+void SiteScanner::logPage(std::string_view url, const FetchedPage& page, PageStanding standing,
+                          LinkReason reason) {
+  if (m_services.log == nullptr) return;
+  m_services.log->pageMet({m_number, url, page, standing, reason, m_level});
+}
+
+void SiteScanner::logLink(const JudgedLink& link, std::string_view address, std::optional<std::size_t> page,
+                          std::string_view name) {
+  if (m_services.log == nullptr) return;
+  if (page) {
+    m_services.log->linkToPage(*page, name);
+  } else if (isOutside(link.reason)) {
+    m_services.log->linkOutside(address, name);
+  }
+}
+
+/// `address` is the link's, wherever it has gone. Gives the number of the page that it leads to, if it is
+/// followed.
+std::optional<std::size_t> SiteScanner::followLink(const JudgedLink& link, std::string_view address,
+                                                   Level level) {
   switch (link.reason) {
     case LinkReason::none:
       return queueLink(address, level);
     case LinkReason::filter:
-      return leaveOut(link.reason, address, link.which, m_settings.filters[link.which]);
+      leaveOut(link.reason, address, link.which, m_settings.filters[link.which]);
+      break;
     case LinkReason::robots:
-      return leaveOut(link.reason, address, link.which, m_links->robotsRule(link.which));
+      leaveOut(link.reason, address, link.which, m_links->robotsRule(link.which));
+      break;
     default:
-      return leaveOut(link.reason, address);
+      leaveOut(link.reason, address);
   }
+  return {};
 }
 
 void SiteScanner::leaveOut(LinkReason reason, std::string_view link, std::size_t which,
@@ -386,16 +413,18 @@ bool SiteScanner::listLink(std::string_view link, std::string_view title) {
 }
 
 /// What counts in a page's place is no further away than the page.
-void SiteScanner::queueLink(std::string_view link, Level level) {
-  const std::optional<std::string_view> page = m_links->keyOfNewPage(link, *m_uniquePages);
-  if (!page) return;
-  if (level == Level::next && m_settings.site.levels > 0 && m_level >= m_settings.site.levels)
-    return leaveOut(LinkReason::tooDeep, link);
-  if (m_uniquePages->append(*page) == Queued::noRoom) {
+std::optional<std::size_t> SiteScanner::queueLink(std::string_view link, Level level) {
+  if (const auto known = m_links->findPage(link, *m_uniquePages)) return known;
+  const std::size_t number = m_uniquePages->size();
+  if (level == Level::next && m_settings.site.levels > 0 && m_level >= m_settings.site.levels) {
+    leaveOut(LinkReason::tooDeep, link);
+  } else if (m_uniquePages->append(link) == Queued::noRoom) {
     leaveOut(LinkReason::surplusPage, link);
   } else {
-    m_pages.expect((*m_uniquePages)[m_uniquePages->size() - 1]);
+    m_pages.expect((*m_uniquePages)[number]);
+    return number;
   }
+  return {};
 }
 
 void SiteScanner::countPage(std::string_view url, int status, std::string_view brokenReason) {
@@ -433,6 +462,9 @@ void SiteScanner::scanFinished() {
   attempt([this] {
     m_documents.finish();
     m_result.documentsClosed = true;
+  });
+  attempt([this] {
+    if (m_services.log != nullptr) m_services.log->scanEnded(m_result);
   });
   attempt([this] {
     const std::vector<sitemaps::FileProblem>& problems = m_documents.problems();

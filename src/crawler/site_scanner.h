@@ -19,6 +19,7 @@
 #include "crawler/page_queue.h"
 #include "crawler/page_source.h"
 #include "crawler/repeat_watch.h"
+#include "crawler/scan_log.h"
 #include "crawler/scan_settings.h"
 #include "crawler/scan_view.h"
 #include "platform/dates.h"
@@ -37,6 +38,7 @@ struct ScanServices {
   ScanView& view;
   const store::BrokenReasons* reasons = nullptr;  // where reasons are remembered, if anywhere
   const store::StateFolder* state = nullptr;  // where what was left out is, and what was fetched, if anywhere
+  ScanLog* log = nullptr;                     // told what is met, if anybody
 };
 
 enum class LoopingAnswer { continueScan, cancelScan };
@@ -84,12 +86,17 @@ class SiteScanner {
   void listPage(std::string_view url, const FetchedPage& page);
   void followLinks(const PageContents& contents);
   void finishPage();
+  void logPage(std::string_view url, const FetchedPage& page, PageStanding standing,
+               LinkReason reason = LinkReason::none);
+  void logLink(const JudgedLink& link, std::string_view address, std::optional<std::size_t> page,
+               std::string_view name);
   void examineAnchor(const Anchor& anchor);
   bool listLink(std::string_view link, std::string_view title);
   enum class Level { next, same };
-  void queueLink(std::string_view link, Level level);
+  std::optional<std::size_t> queueLink(std::string_view link, Level level);
   JudgedLink judge(const Anchor& anchor, std::string absolute) const;
-  void followLink(const JudgedLink& link, std::string_view address, Level level = Level::next);
+  std::optional<std::size_t> followLink(const JudgedLink& link, std::string_view address,
+                                        Level level = Level::next);
   void leaveOut(LinkReason reason, std::string_view link, std::size_t which = 0, std::string_view name = {});
   void countPage(std::string_view url, int status, std::string_view brokenReason);
 
@@ -124,6 +131,7 @@ class SiteScanner {
   std::string_view m_pageUrl;  // of the page in hand, as judged
   bool m_pageFull = false;     // it takes no more links
   bool m_pageInHand = false;   // it has its place in the documents, and is not counted yet
+  std::size_t m_number = 0;    // of the page in hand: its index in the queue
   int m_level = 0;             // of the page in hand: so many links away from the start page
   std::size_t m_levelEnd = 0;  // index of the first page of the next level
   int m_unanswered = 0;        // pages in a row to which no answer came

@@ -271,8 +271,15 @@ HttpAnswer CurlConnection::takeAnswer() {
           .contentType = header("Content-Type"),
           .lastModified = header("Last-Modified"),
           .robotsTag = listHeader("X-Robots-Tag"),
+          .time = timeToAnswer(),
           .body = std::move(m_body),
           .retryAfter = retryAfter()};
+}
+
+std::chrono::milliseconds CurlConnection::timeToAnswer() const {
+  curl_off_t microseconds = 0;
+  curl_easy_getinfo(m_easy, CURLINFO_STARTTRANSFER_TIME_T, &microseconds);
+  return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::microseconds(microseconds));
 }
 
 /// The library reads both forms; of a date it tells how far away that is, less than nothing for one that has

@@ -88,6 +88,7 @@ class CurlConnection {
   FetchFailure failureOf(CURLcode code) const;
   bool outgrown() const;
   HttpAnswer takeAnswer();
+  std::chrono::milliseconds timeToAnswer() const;
   std::chrono::seconds retryAfter() const;
   std::string header(const char* name, std::size_t index = 0) const;
   std::string listHeader(const char* name) const;

@@ -71,6 +71,7 @@ struct [[nodiscard]] HttpAnswer {
   std::string robotsTag = {};     // likewise, X-Robots-Tag; several are joined by ", "
   std::string redirectedTo =
       {};                     // the address that answered, if not the one asked, or was not to be followed
+  std::chrono::milliseconds time{0};  // from the request to the first byte of the answer
   std::string body = {};      // decoded (gzip, br), characters as sent
   bool sentPassword = false;  // the server that answered was told the site's name and password
   // What its Retry-After asks for, as seconds or as a date (RFC 9110, section 10.2.3). Never negative; 0 also

@@ -96,8 +96,8 @@ TEST(BrowserLinkRules, JudgeWhereALinkLeads) {
   EXPECT_EQ(rules.interval(), std::chrono::seconds(10));
   PageQueue known;
   known.append("https://h/x");
-  EXPECT_FALSE(rules.keyOfNewPage("http://www.h/x", known));
-  EXPECT_TRUE(rules.keyOfNewPage("http://www.h/x/", known));
+  EXPECT_TRUE(rules.findPage("http://www.h/x", known));
+  EXPECT_FALSE(rules.findPage("http://www.h/x/", known));
 }
 
 std::string page(const std::string& title, const std::string& body = {}) {

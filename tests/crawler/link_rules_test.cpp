@@ -91,12 +91,12 @@ TEST(IsKnownPage, RecognisesOtherSpellings) {
   for (const char* link : {"http://h/", "http://h/index.php5", "http://www.h/", "http://w/p.html",
                            // The mark is taken out wherever it stands.
                            "http://www.h/go?to=http://www.x/"}) {
-    EXPECT_TRUE(isKnownPage(link, known, pageExtensions())) << link;
+    EXPECT_TRUE(findPage(link, known, pageExtensions())) << link;
   }
   for (const char* link : {"http://h/index.pdf", "http://h/myindex.html", "http://WWW.w/p.html", "https://h/",
                            // One spelling at a time: neither form alone is known.
                            "http://www.h/index.html"}) {
-    EXPECT_FALSE(isKnownPage(link, known, pageExtensions())) << link;
+    EXPECT_FALSE(findPage(link, known, pageExtensions())) << link;
   }
 }
 

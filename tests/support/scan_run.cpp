@@ -30,7 +30,7 @@ crawler::ScanResult ScanRun::scan(const std::function<void(crawler::SiteScanner&
   crawler::PatientClient patient(network, clock != nullptr ? *clock : steady, view);
   platform::HttpClient& client = clock != nullptr ? static_cast<platform::HttpClient&>(patient) : network;
   crawler::ReadAheadPages pages(client, limits, crawler::readingFor(settings));
-  crawler::SiteScanner scanner({m_controls, client, pages, view, nullptr, isKept ? &m_state : nullptr},
+  crawler::SiteScanner scanner({m_controls, client, pages, view, nullptr, isKept ? &m_state : nullptr, log},
                                settings);
   m_scanner = &scanner;
   scanner.scanSiteAction();

@@ -51,6 +51,7 @@ class ScanRun {
   crawler::ScanSettings settings;
   crawler::ReadAheadLimits limits;
   platform::HttpLimits httpLimits;
+  crawler::ScanLog* log = nullptr;    // told what the next scan meets
   bool isKept = false;               // what it fetches, for a later scan to go on with
   platform::Clock* clock = nullptr;  // where set, the scan is patient, by this clock
   RecordingView view;                // of the next scan
@@ -60,6 +61,8 @@ class ScanRun {
 
   /// The scanner in hand, for callbacks of the view.
   crawler::SiteScanner& scanner() { return *m_scanner; }
+
+  const store::StateFolder& state() const { return m_state; }
 
   /// Where a scan that was stopped has kept its pages.
   std::filesystem::path journal() const { return m_state.ofSite("Site") / "unfinished-scan.tsv"; }
