@@ -18,6 +18,7 @@
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "platform/window_cover.h"
+#include "report/report_writer.h"
 #include "ui/elided_label.h"
 #include "ui/icons.h"
 #include "ui/view_forms.h"
@@ -89,6 +90,9 @@ void MainWindow::makeControllers() {
                                                                      m_stateFolder, m_state, m_passwords);
   m_scan = std::make_unique<crawler::ScanController>(*this, *m_sheets, m_controls, m_stateFolder, m_state,
                                                      m_passwords);
+  m_scan->setMakeLog([this](const std::string& siteName) {
+    return std::make_unique<report::ReportWriter>(m_stateFolder, siteName);
+  });
   m_scanView = std::make_unique<ui::ScanViewController>(
       *this,
       ui::ScanViewParts{*m_sheets, m_controls, m_stateFolder, m_state, *m_siteEditor, *m_scan, *m_filters});

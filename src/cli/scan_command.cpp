@@ -20,6 +20,7 @@
 #include "crawler/site_identity.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
+#include "report/report_writer.h"
 #include "sitemaps/xml_format.h"
 #include "store/filters_file.h"
 #include "store/site_list.h"
@@ -214,6 +215,10 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
   if (!result.leftOutKept.ok()) {
     printWarning("What was left out could not be kept: " + printable(result.leftOutKept.error));
   }
+  if (!result.reportKept.ok()) {
+    printWarning("The report could not be kept: " + printable(result.reportKept.error));
+  }
+  if (!result.reportNotice.empty()) printWarning(printable(result.reportNotice));
   if (!result.pagesKept.ok()) {
     printWarning("The scan cannot be gone on with, as its pages could not be kept: " +
                  printable(result.pagesKept.error));
@@ -239,8 +244,9 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   const std::unique_ptr<QuietView> view = makeView(options, settings->startUrl);
   crawler::PatientClient client(network, clock, *view, settings->site.delay);
   crawler::ReadAheadPages pages(client, crawler::limitsFor(settings->site), crawler::readingFor(*settings));
-  crawler::SiteScanner scanner({context.controls, client, pages, *view, &context.reasons, &context.state},
-                               *std::move(settings));
+  report::ReportWriter log(context.state, options.siteName);
+  crawler::SiteScanner scanner(
+      {context.controls, client, pages, *view, &context.reasons, &context.state, &log}, *std::move(settings));
   view->setScanner(scanner);
   const std::stop_callback cancel(signals.token(), [&scanner] { scanner.cancelScan(); });
 
