@@ -11,6 +11,7 @@
 #include "cli/password.h"
 #include "cli/site_output.h"
 #include "crawler/left_out_file.h"
+#include "crawler/page_journal.h"
 #include "crawler/site_password.h"
 #include "platform/text.h"
 #include "store/filters_file.h"
@@ -290,7 +291,8 @@ ExitCode showSite(const CliContext& context, const std::string& name, OutputStyl
                         site.details,
                         context.settingsOf(name),
                         context.reasons.lookUp(name, site.details.badLinks),
-                        crawler::readLeftOut(context.state, name)};
+                        crawler::readLeftOut(context.state, name),
+                        crawler::unfinishedScan(context.state, name).has_value()};
   if (style == OutputStyle::json) {
     printSiteJson(shown);
   } else {

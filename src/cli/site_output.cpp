@@ -126,6 +126,8 @@ void printSite(const ShownSite& site) {
             << "Total links: " << details.totalLinks << '\n'
             << "Pages used:  " << details.pagesUsed << '\n'
             << "Broken:      " << site.brokenPages.size() << '\n';
+  if (site.isUnfinished)
+    std::cout << "Unfinished:  a scan that was stopped; scan --continue goes on with it\n";
   if (const std::string leftOut = site.leftOut.sentence(); !leftOut.empty())
     std::cout << '\n' << printable(leftOut) << '\n';
   if (site.brokenPages.empty()) return;
@@ -147,6 +149,7 @@ void printSiteJson(const ShownSite& site) {
     broken["reason"] = page.reason.empty() ? Json() : Json(page.reason);
     json["broken"].push_back(std::move(broken));
   }
+  json["isUnfinished"] = site.isUnfinished;
   json["leftOut"] = Json::array();
   for (const crawler::LeftOutGroup& group : site.leftOut.groups)
     json["leftOut"].push_back(leftOutJson(group));

@@ -32,6 +32,7 @@ struct ShownSite {
   store::SiteSettings settings;
   std::vector<store::BrokenPage> brokenPages;
   crawler::LeftOut leftOut;
+  bool isUnfinished = false;  // a scan that was stopped can be gone on with
 };
 
 void printSite(const ShownSite& site);

@@ -206,6 +206,7 @@ bool ScanViewController::eventFilter(QObject* watched, QEvent* event) {
   if (watched == m_view.siteListTable.viewport()) {
     if (event->type() == QEvent::Resize) fitColumns();
   } else if (watched == &m_view.siteListTable) {
+    if (event->type() == QEvent::KeyPress && selectsFirst(*static_cast<QKeyEvent*>(event))) return true;
     // What a screen reader selects in a list that is off would come into hand all the same.
     if (event->type() == QEvent::EnabledChange) {
       m_view.siteListTable.setSelectionMode(m_view.siteListTable.isEnabled()
@@ -217,6 +218,15 @@ bool ScanViewController::eventFilter(QObject* watched, QEvent* event) {
     m_parts.state.qzvskPLastState = false;
   }
   return QObject::eventFilter(watched, event);
+}
+
+/// The list has a current row before one is selected. A key that moves would go past it, or do nothing.
+bool ScanViewController::selectsFirst(const QKeyEvent& key) {
+  auto& table = m_view.siteListTable;
+  const bool moves = key.key() == Qt::Key_Down || key.key() == Qt::Key_Up || key.key() == Qt::Key_Home;
+  if (!moves || table.selectionModel()->hasSelection() || m_found.rowCount() == 0) return false;
+  table.selectRow(std::max(table.currentIndex().row(), 0));
+  return true;
 }
 
 void ScanViewController::populateSiteTable() {

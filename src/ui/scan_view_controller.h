@@ -1,6 +1,7 @@
 // The scan view: the table of sites, and the record of the selected one.
 #pragma once
 
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMap>
 #include <QObject>
@@ -64,6 +65,7 @@ class ScanViewController : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool selectsFirst(const QKeyEvent& key);
   void buildSitePage();
   void buildTable();
   void measureColumns();
