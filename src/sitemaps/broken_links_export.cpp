@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "sitemaps/completion.h"
+#include "sitemaps/csv_field.h"
 #include "sitemaps/html_format.h"
 
 namespace sitemaps {
@@ -19,17 +20,6 @@ constexpr std::string_view kHeader =
     "\t<title>Broken Links Export</title>\n"
     "</head>\n"
     "<body>";
-
-/// A field that would break the line, or be taken for several, stands in quotes.
-std::string csvField(std::string_view text) {
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
-  std::string field = "\"";
-  for (const char c : text) {
-    if (c == '"') field += '"';
-    field += c;
-  }
-  return field + '"';
-}
 
 struct StatusAndReason {
   std::string_view status;

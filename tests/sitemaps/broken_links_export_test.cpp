@@ -30,6 +30,7 @@ TEST(BrokenLinksExport, WritesATableThatReadersTakeApartRightly) {
       {{"http://h/a", "too - large"}, "http://h/a,,too - large"},
       {{"http://h/a,b", "404 - a,b"}, "\"http://h/a,b\",404,\"a,b\""},
       {{"http://h/\"a\"", "404 - \""}, "\"http://h/\"\"a\"\"\",404,\"\"\"\""},
+      {{"http://h/a", "500 - =HYPERLINK(1)"}, "http://h/a,500,'=HYPERLINK(1)"},
       {{"http://h/a\nb", "404 - c\r"}, "\"http://h/a\nb\",404,\"c\r\""},
   };
   for (const auto& [page, row] : cases) {
