@@ -9,7 +9,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include "cli/left_out_output.h"
+#include "report/left_out_json.h"
 
 namespace cli {
 
@@ -177,7 +177,7 @@ void JsonView::waiting(std::chrono::seconds wait) {
 void JsonView::scanFinished(const crawler::ScanResult& result) {
   for (const crawler::LeftOutGroup& group : result.leftOut.groups) {
     Json event = {{"event", "leftOut"}};
-    event.update(leftOutJson(group));
+    event.update(report::leftOutJson(group));
     write(std::cout, lineOf(event));
   }
   Json event = {{"event", "finished"},

@@ -11,7 +11,7 @@
 #include <unistd.h>
 
 #include "cli/cli_context.h"
-#include "cli/left_out_output.h"
+#include "report/left_out_json.h"
 
 namespace cli {
 
@@ -152,7 +152,7 @@ void printSiteJson(const ShownSite& site) {
   json["isUnfinished"] = site.isUnfinished;
   json["leftOut"] = Json::array();
   for (const crawler::LeftOutGroup& group : site.leftOut.groups)
-    json["leftOut"].push_back(leftOutJson(group));
+    json["leftOut"].push_back(report::leftOutJson(group));
   print(json);
 }
 

@@ -39,6 +39,12 @@ std::string timeText(std::chrono::milliseconds time) {
   return rounded(static_cast<double>(time.count()) / 1000, "s");
 }
 
+std::string durationText(std::int64_t seconds) {
+  if (seconds <= 0) return "under 1 s";
+  if (seconds < 60) return std::to_string(seconds) + " s";
+  return grouped(seconds / 60) + " min " + std::to_string(seconds % 60) + " s";
+}
+
 std::string sizeText(std::int64_t bytes) {
   if (bytes < 1000) return counted(static_cast<std::size_t>(bytes), "byte", "bytes");
   if (bytes < 1'000'000) return rounded(static_cast<double>(bytes) / 1e3, "KB");

@@ -19,6 +19,9 @@ std::string counted(std::size_t number, std::string_view one, std::string_view m
 /// "350 ms", "1.2 s"
 std::string timeText(std::chrono::milliseconds time);
 
+/// "under 1 s", "12 s", "3 min 20 s"
+std::string durationText(std::int64_t seconds);
+
 /// "812 bytes", "1.2 KB", "34 MB"
 std::string sizeText(std::int64_t bytes);
 
