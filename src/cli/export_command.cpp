@@ -6,6 +6,7 @@
 
 #include <unistd.h>
 
+#include "cli/document_output.h"
 #include "platform/gzip.h"
 #include "sitemaps/broken_links_export.h"
 #include "sitemaps/script_text.h"
@@ -16,8 +17,6 @@
 namespace cli {
 
 namespace {
-
-constexpr std::string_view kStandardOutput = "-";
 
 ExitCode refuse(std::string_view sentence) {
   printError(sentence);
@@ -42,37 +41,8 @@ std::optional<ExitCode> reportOddOptions(const ExportOptions& options) {
   return {};
 }
 
-ExitCode reportExisting(const std::filesystem::path& file) {
-  printError(printable(file.native()) + " exists already; --force replaces it.");
-  return exitFileFailure;
-}
-
-/// Where a terminal would obey what a site has put into its titles, only its line ends and tabs are.
-void printDocument(std::string_view text) {
-  if (isatty(STDOUT_FILENO) == 0) {
-    std::cout << text;
-    return;
-  }
-  while (!text.empty()) {
-    const std::size_t end = text.find_first_of("\n\t");
-    std::cout << printable(text.substr(0, end));
-    if (end == std::string_view::npos) break;
-    std::cout << text[end];
-    text.remove_prefix(end + 1);
-  }
-}
-
 ExitCode writeOutput(const ExportOptions& options, std::string_view text) {
-  if (options.output == kStandardOutput) {
-    printDocument(text);
-    return exitDone;
-  }
-  const std::filesystem::path file = *options.output;
-  if (!options.force && platform::somethingAt(file)) return reportExisting(file);
-  const platform::FileResult written = platform::replaceFile(file, text);
-  if (!written.ok()) return reportFileFailure("Could not write", file, written);
-  std::cout << "Written to " << printable(file.native()) << '\n';
-  return exitDone;
+  return writeDocument(*options.output, options.force, text);
 }
 
 ExitCode reportUnusable(const ExportOptions& options, const sitemaps::ExportedDocument& document) {

@@ -13,6 +13,7 @@
 
 #include "cli/cli_context.h"
 #include "cli/export_command.h"
+#include "cli/report_command.h"
 #include "cli/scan_command.h"
 #include "cli/site_commands.h"
 #include "cli/validate_command.h"
@@ -31,11 +32,13 @@ constexpr const char* kMainFooter = R"(Examples:
   veskel-cli filters shop --add "?sessionid="
   veskel-cli scan shop
   veskel-cli show shop
+  veskel-cli report shop
   veskel-cli export shop xml --output sitemap.xml
 
 Exit codes:
   0    done
-  1    the scan finished and found broken pages, or a sitemap is not valid
+  1    the scan finished and found broken pages (see scan --fail-on), or a
+       sitemap is not valid
   2    bad usage or input
   3    the start URL could not be reached
   4    a file could not be read or written, a password could not be kept, or a
@@ -222,6 +225,11 @@ void addScanCommand(CLI::App& app, Command& chosen) {
   const auto* progress =
       addText(command, "--progress", "auto|bar|json|none", "How progress is shown [auto: bar on a terminal]")
           ->check(CLI::IsMember({"auto", "bar", "json", "none"}).description(""));
+  const auto* failOn =
+      addText(command, "--fail-on", "broken|new-broken|never",
+              "Which broken pages make the exit code 1; new are those that were not broken in "
+              "the complete scan before [broken]")
+          ->check(CLI::IsMember({"broken", "new-broken", "never"}).description(""));
   command->add_flag("--continue", options->goesOn,
                     "Go on with a scan that was stopped or killed, or lost its network");
   const auto settings = addSettings(command);
@@ -230,8 +238,12 @@ void addScanCommand(CLI::App& app, Command& chosen) {
   command->footer(
       "A setting that is given here counts for this scan, in place of what \"edit\" has set for the site.\n\n"
       "Example:\n  veskel-cli scan shop --loops cancel --progress json");
-  command->callback([options, loops, progress, settings, &chosen] {
+  command->callback([options, loops, progress, failOn, settings, &chosen] {
     options->settings = settings();
+    const std::string failing = givenText(failOn).value_or("broken");
+    options->failOn = failing == "never"        ? cli::FailOn::never
+                      : failing == "new-broken" ? cli::FailOn::newBroken
+                                                : cli::FailOn::broken;
     if (givenText(loops) == "cancel") options->loops = cli::LoopAnswer::cancelScan;
     const std::string style = givenText(progress).value_or("auto");
     options->progress = style == "bar"    ? cli::ProgressStyle::bar
@@ -249,21 +261,58 @@ void addShowCommand(CLI::App& app, Command& chosen) {
     std::string name;
     bool json = false;
     bool leftOut = false;
+    bool changes = false;
   };
   auto arguments = std::make_shared<Arguments>();
   addName(command, arguments->name);
   auto* json = command->add_flag("--json", arguments->json, "Print a JSON object");
+  auto* leftOut =
+      command
+          ->add_flag("--left-out", arguments->leftOut,
+                     "Print examples of what the last scan left out, one a line: why, the address, the page "
+                     "that links there")
+          ->excludes(json);
   command
-      ->add_flag("--left-out", arguments->leftOut,
-                 "Print examples of what the last scan left out, one a line: why, the address, the page that "
-                 "links there")
-      ->excludes(json);
+      ->add_flag("--changes", arguments->changes,
+                 "Print what the last complete scan has changed since the one before, in two lines")
+      ->excludes(json)
+      ->excludes(leftOut);
   command->callback([arguments, &chosen] {
     chosen = [arguments](const CliContext& context) {
+      if (arguments->changes) return cli::showChanges(context, arguments->name);
       if (arguments->leftOut) return cli::showLeftOut(context, arguments->name);
       return cli::showSite(context, arguments->name,
                            arguments->json ? cli::OutputStyle::json : cli::OutputStyle::text);
     };
+  });
+}
+
+void addReportCommand(CLI::App& app, Command& chosen) {
+  auto* command =
+      app.add_subcommand("report", "Tell where broken links stand, what changed and which pages to look at");
+  auto options = std::make_shared<cli::ReportOptions>();
+  addName(command, options->siteName);
+  const auto* output =
+      addText(command, "--output", "FILE", "Write it to a file (.html, .json or .csv); - is standard output");
+  const auto* format =
+      addText(command, "--format", "html|json|csv", "The format, whatever the file's name ends in")
+          ->check(CLI::IsMember({"html", "json", "csv"}).description(""));
+  command->add_flag(
+      "--broken", options->broken,
+      "The broken pages alone, each with the pages that link there: printed, as json or as csv");
+  command->add_flag("--force", options->force, "Replace a file that exists");
+  command->footer(
+      "Without --output a summary is printed. The page (html) holds everything in one file, to be sent to "
+      "others; "
+      "csv has a line a page.\n\n"
+      "Examples:\n"
+      "  veskel-cli report shop\n"
+      "  veskel-cli report shop --output report.html\n"
+      "  veskel-cli report shop --broken --output broken.csv --force");
+  command->callback([options, output, format, &chosen] {
+    options->output = givenText(output);
+    options->format = givenText(format);
+    chosen = [options](const CliContext& context) { return cli::showReport(context, *options); };
   });
 }
 
@@ -374,6 +423,7 @@ int run(int argc, char** argv) {
   addFiltersCommand(app, chosen);
   addScanCommand(app, chosen);
   addShowCommand(app, chosen);
+  addReportCommand(app, chosen);
   addExportCommand(app, chosen);
   addValidateCommand(app, chosen);
   addWhereCommand(app, chosen);

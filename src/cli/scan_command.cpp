@@ -11,6 +11,8 @@
 #include <unistd.h>
 
 #include "cli/password.h"
+#include "cli/report_command.h"
+#include "cli/report_summary.h"
 #include "cli/scan_progress.h"
 #include "cli/signal_watch.h"
 #include "crawler/link_rules.h"
@@ -170,7 +172,15 @@ void printProblems(const crawler::ScanResult& result) {
   }
 }
 
-ExitCode exitCodeOf(const crawler::ScanResult& result, bool signalled, bool readerIsGone) {
+std::size_t brokenThatCount(const crawler::ScanResult& result, FailOn failOn,
+                            const std::optional<LastChanges>& changes) {
+  if (failOn == FailOn::never) return 0;
+  if (failOn == FailOn::newBroken && changes) return changes->newlyBroken;
+  return static_cast<std::size_t>(result.progress.brokenLinks);
+}
+
+ExitCode exitCodeOf(const crawler::ScanResult& result, std::size_t broken, bool signalled,
+                    bool readerIsGone) {
   switch (result.end) {
     case crawler::ScanEnd::busy:
       return exitSiteBusy;
@@ -188,11 +198,17 @@ ExitCode exitCodeOf(const crawler::ScanResult& result, bool signalled, bool read
       break;
   }
   if (!result.problems.empty() || readerIsGone) return exitFileFailure;
-  return result.progress.brokenLinks > 0 ? exitFoundBroken : exitDone;
+  return broken > 0 ? exitFoundBroken : exitDone;
+}
+
+/// What changed since the complete scan before, where this one is complete, too.
+std::optional<LastChanges> changesBy(const CliContext& context, const crawler::ScanResult& result) {
+  if (result.end != crawler::ScanEnd::complete || !result.reportKept.ok()) return {};
+  return lastChanges(context, result.siteName);
 }
 
 void report(const CliContext& context, const ScanOptions& options, const crawler::ScanResult& result,
-            double seconds) {
+            const std::optional<LastChanges>& changes, double seconds) {
   if (result.end == crawler::ScanEnd::busy) {
     reportBusySite(options.siteName);
     return;
@@ -204,6 +220,7 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
     printError(std::string(crawler::kForbiddenTitle) + ": " + printable(result.refusal));
   } else if (result.hasCounts() && options.progress != ProgressStyle::json) {
     printSummary(context, result, seconds);
+    if (changes) printLines(changes->text);
   }
   if (result.end == crawler::ScanEnd::lost) printError(crawler::kLostTitle);
   if (!result.failure.empty()) printError("The scan failed: " + printable(result.failure));
@@ -252,9 +269,12 @@ int runScan(const CliContext& context, const ScanOptions& options) {
 
   scanner.scanSiteAction();
   scanner.wait();
-  report(context, options, scanner.result(), secondsSince(started));
+  const double seconds = secondsSince(started);
+  const std::optional<LastChanges> changes = changesBy(context, scanner.result());
+  report(context, options, scanner.result(), changes, seconds);
   std::cout.flush();  // while a reader that has gone is no signal yet that ends the program
-  return exitCodeOf(scanner.result(), signals.token().stop_requested(), view->readerIsGone());
+  const std::size_t broken = brokenThatCount(scanner.result(), options.failOn, changes);
+  return exitCodeOf(scanner.result(), broken, signals.token().stop_requested(), view->readerIsGone());
 }
 
 }  // namespace cli
