@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/text.h"
+#include "sitemaps/former_set.h"
 #include "store/site_list.h"
 
 namespace cli {
@@ -64,6 +65,7 @@ std::optional<CliContext> openContext() {
   }
   auto list = store::siteTableRows(*controls, *state);
   for (const std::string& problem : list.problems) printWarning(printable(problem));
+  sitemaps::finishRestores(*controls, *state, list.names);
   return CliContext{*std::move(controls), *state, store::BrokenReasons(*state), std::move(list.names)};
 }
 

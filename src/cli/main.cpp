@@ -14,6 +14,7 @@
 #include "cli/cli_context.h"
 #include "cli/export_command.h"
 #include "cli/report_command.h"
+#include "cli/restore_command.h"
 #include "cli/scan_command.h"
 #include "cli/site_commands.h"
 #include "cli/validate_command.h"
@@ -194,6 +195,23 @@ void addDeleteCommand(CLI::App& app, Command& chosen) {
     chosen = [arguments](const CliContext& context) {
       const auto confirmation = arguments->yes ? cli::Confirmation::given : cli::Confirmation::ask;
       return cli::deleteSite(context, arguments->name, confirmation);
+    };
+  });
+}
+
+void addRestoreCommand(CLI::App& app, Command& chosen) {
+  auto* command = app.add_subcommand("restore", "Put back the edited sitemaps that a scan has replaced");
+  auto name = std::make_shared<std::string>();
+  auto yes = std::make_shared<bool>(false);
+  addName(command, *name);
+  command->add_flag("--yes", *yes, "Do not ask; needed where no terminal is there to ask on");
+  command->footer(
+      "A scan that replaces edited sitemaps keeps them. Those that make way here are kept in their place, so "
+      "that restoring twice changes nothing.\n\n"
+      "Example:\n  veskel-cli restore shop --yes");
+  command->callback([name, yes, &chosen] {
+    chosen = [name, yes](const CliContext& context) {
+      return cli::restoreSite(context, *name, *yes ? cli::Confirmation::given : cli::Confirmation::ask);
     };
   });
 }
@@ -424,6 +442,7 @@ int run(int argc, char** argv) {
   addScanCommand(app, chosen);
   addShowCommand(app, chosen);
   addReportCommand(app, chosen);
+  addRestoreCommand(app, chosen);
   addExportCommand(app, chosen);
   addValidateCommand(app, chosen);
   addWhereCommand(app, chosen);

@@ -222,6 +222,10 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
     printSummary(context, result, seconds);
     if (changes) printLines(changes->text);
   }
+  if (result.edits.isSetKept && options.progress != ProgressStyle::json) {
+    std::cout << "The edited sitemaps of before are kept. To put them back: veskel-cli restore \""
+              << printable(result.siteName) << "\"\n";
+  }
   if (result.end == crawler::ScanEnd::lost) printError(crawler::kLostTitle);
   if (!result.failure.empty()) printError("The scan failed: " + printable(result.failure));
   for (const std::string& problem : result.sitemapProblems) printWarning(printable(problem));
@@ -236,6 +240,7 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
     printWarning("The report could not be kept: " + printable(result.reportKept.error));
   }
   if (!result.reportNotice.empty()) printWarning(printable(result.reportNotice));
+  if (const std::string problem = result.edits.problem(); !problem.empty()) printWarning(printable(problem));
   if (!result.pagesKept.ok()) {
     printWarning("The scan cannot be gone on with, as its pages could not be kept: " +
                  printable(result.pagesKept.error));

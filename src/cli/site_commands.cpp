@@ -14,6 +14,7 @@
 #include "crawler/page_journal.h"
 #include "crawler/site_password.h"
 #include "platform/text.h"
+#include "sitemaps/former_set.h"
 #include "store/filters_file.h"
 #include "store/site_input.h"
 #include "store/site_list.h"
@@ -137,19 +138,6 @@ ExitCode printStoredSite(const CliContext& context, const std::string& name) {
   return exitDone;
 }
 
-bool isYes(std::string_view answer) {
-  const std::string folded = platform::foldCase(answer);
-  return folded == "y" || folded == "yes";
-}
-
-/// Asks on the terminal.
-bool userWantsDeletion(const std::string& name) {
-  std::cerr << "Do you really want to delete the site:\n" << printable(name) << "\n[y/N] " << std::flush;
-  std::string answer;
-  std::getline(std::cin, answer);
-  return isYes(answer);
-}
-
 /// Changes the filters; false after a report of what is wrong with the change.
 bool changeAsTold(std::vector<std::string>& filters, const FilterOptions& options) {
   for (const std::string& text : options.deletions) {
@@ -247,16 +235,8 @@ ExitCode editSite(const CliContext& context, const EditOptions& options) {
 
 ExitCode deleteSite(const CliContext& context, const std::string& name, Confirmation confirmation) {
   if (!context.hasSite(name)) return reportUnknownSite(name);
-  if (confirmation == Confirmation::ask) {
-    if (isatty(STDIN_FILENO) == 0) {
-      printError("Nobody can be asked here whether to delete the site: give --yes.");
-      return exitBadInput;
-    }
-    if (!userWantsDeletion(name)) {
-      std::cerr << "Nothing was deleted.\n";
-      return exitDone;
-    }
-  }
+  if (const auto code = confirm(confirmation, {"delete the site", "Nothing was deleted."}, name))
+    return *code;
   const auto removed = context.sites().deleteSite(name);
   if (const auto code = reportUnsaved(removed, "Could not delete", name)) return *code;
   std::cout << "Deleted " << printable(name) << ".\n";
@@ -292,7 +272,8 @@ ExitCode showSite(const CliContext& context, const std::string& name, OutputStyl
                         context.settingsOf(name),
                         context.reasons.lookUp(name, site.details.badLinks),
                         crawler::readLeftOut(context.state, name),
-                        crawler::unfinishedScan(context.state, name).has_value()};
+                        crawler::unfinishedScan(context.state, name).has_value(),
+                        sitemaps::FormerSet(context.controls, context.state, name).isKept()};
   if (style == OutputStyle::json) {
     printSiteJson(shown);
   } else {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/cli_context.h"
+#include "cli/confirmation.h"
 
 namespace cli {
 
@@ -33,8 +34,6 @@ struct EditOptions {
 
 /// What is not given stays as it is.
 ExitCode editSite(const CliContext& context, const EditOptions& options);
-
-enum class Confirmation { ask, given };
 
 ExitCode deleteSite(const CliContext& context, const std::string& name, Confirmation confirmation);
 

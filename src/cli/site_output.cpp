@@ -128,6 +128,7 @@ void printSite(const ShownSite& site) {
             << "Broken:      " << site.brokenPages.size() << '\n';
   if (site.isUnfinished)
     std::cout << "Unfinished:  a scan that was stopped; scan --continue goes on with it\n";
+  if (site.hasFormerSet) std::cout << "Kept:        the sitemaps of before, for \"restore\"\n";
   if (const std::string leftOut = site.leftOut.sentence(); !leftOut.empty())
     std::cout << '\n' << printable(leftOut) << '\n';
   if (site.brokenPages.empty()) return;
@@ -142,6 +143,7 @@ void printSiteJson(const ShownSite& site) {
   Json json = detailsJson(site.name, site.details);
   json["settings"] = settingsJson(site.settings);
   json["folder"] = site.folder.native();
+  json["formerSitemapsKept"] = site.hasFormerSet;
   json["broken"] = Json::array();
   for (const store::BrokenPage& page : site.brokenPages) {
     Json broken;

@@ -33,6 +33,7 @@ struct ShownSite {
   std::vector<store::BrokenPage> brokenPages;
   crawler::LeftOut leftOut;
   bool isUnfinished = false;  // a scan that was stopped can be gone on with
+  bool hasFormerSet = false;  // edited sitemaps that a scan has replaced are kept
 };
 
 void printSite(const ShownSite& site);

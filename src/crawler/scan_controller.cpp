@@ -304,6 +304,8 @@ void ScanController::tellEnd(const ScanResult& result) {
     sentence += tr(". The report could not be kept: %1").arg(toQString(result.reportKept.error));
   }
   if (!result.reportNotice.empty()) m_notice.add(toQString(result.reportNotice));
+  if (const std::string problem = result.edits.problem(); !problem.empty())
+    sentence += tr(". %1").arg(toQString(problem));
   if (!result.pagesKept.ok()) {
     sentence += tr(". It cannot be continued, as its pages could not be kept: %1")
                     .arg(toQString(result.pagesKept.error));

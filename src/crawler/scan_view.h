@@ -10,6 +10,7 @@
 #include "crawler/left_out.h"
 #include "crawler/page_queue.h"
 #include "crawler/repeat_watch.h"
+#include "sitemaps/edit_keeper.h"
 #include "sitemaps/site_documents.h"
 #include "store/broken_reasons.h"
 #include "store/site_record.h"
@@ -68,6 +69,7 @@ struct ScanResult {
   platform::FileResult leftOutKept = {};             // of keeping what was left out, likewise
   platform::FileResult reportKept = {};              // of keeping the report, likewise
   platform::FileResult pagesKept = {};               // of keeping pages to go on with, likewise
+  sitemaps::KeptEdits edits = {};                    // of the documents that were there before, likewise
 
   /// Whether pages were visited, so that the counts and lists say something.
   bool hasCounts() const {

@@ -59,6 +59,7 @@ SiteScanner::SiteScanner(const ScanServices& services, ScanSettings settings)
     : m_services(services),
       m_settings(std::move(settings)),
       m_documents(services.controls.siteFolder(m_settings.siteName)),
+      m_edits(services.controls, services.state, m_settings.siteName),
       m_dates(m_settings.dateStyle),
       m_pages(services.pages,
               services.state != nullptr
@@ -117,6 +118,8 @@ void SiteScanner::scan() {
     extractLinksFromPage();
   });
   if (m_hasDocuments && m_result.hasCounts()) scanFinished();
+  attempt([this] { m_edits.scanEnded(); });
+  m_result.edits = m_edits.edits();
 }
 
 /// Whether there is something to crawl, and documents to write it to. A scan that goes on leaves them alone
@@ -130,7 +133,10 @@ bool SiteScanner::begin() {
 }
 
 bool SiteScanner::startDocuments() {
+  m_edits.beforeDocuments();
   m_hasDocuments = m_documents.start();
+  using sitemaps::EditKeeper;
+  m_edits.documentsStarted(m_hasDocuments ? EditKeeper::Replaced::all : EditKeeper::Replaced::some);
   if (m_hasDocuments) return true;
   m_result.end = ScanEnd::unwritable;
   m_result.problems = m_documents.problems();

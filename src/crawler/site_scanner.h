@@ -24,6 +24,7 @@
 #include "crawler/scan_view.h"
 #include "platform/dates.h"
 #include "platform/http_client.h"
+#include "sitemaps/edit_keeper.h"
 #include "sitemaps/site_documents.h"
 #include "store/broken_reasons.h"
 #include "store/global_controls.h"
@@ -117,6 +118,7 @@ class SiteScanner {
   ScanServices m_services;
   const ScanSettings m_settings;
   sitemaps::SiteDocuments m_documents;
+  sitemaps::EditKeeper m_edits;  // of the documents that are replaced
   platform::DateFormatter m_dates;
 
   // The crawl's own, touched by its thread alone.

@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "platform/qt_text.h"
+#include "sitemaps/former_set.h"
 #include "store/site_list.h"
 
 namespace ui {
@@ -14,6 +15,7 @@ SiteTableModel::SiteTableModel(const store::GlobalControls& controls, const stor
 
 void SiteTableModel::rebuild(std::vector<std::string>* problems) {
   store::SiteList list = store::siteTableRows(m_controls, m_stateFolder);
+  sitemaps::finishRestores(m_controls, m_stateFolder, list.names);
   std::vector<Row> rows;
   rows.reserve(list.names.size());
   for (const std::string& name : list.names) rows.push_back(readRow(name));

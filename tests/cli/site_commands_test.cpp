@@ -143,6 +143,32 @@ TEST_F(SiteCommands, DeleteAsksOnATerminal) {
   EXPECT_FALSE(platform::somethingAt(data() / "shop"));
 }
 
+TEST_F(SiteCommands, RestoreAsksAndPutsEditedSitemapsBack) {
+  const support::SiteServer server(support::manyPages(2));
+  prepare({"add", "shop", server.url()});
+  prepare({"scan", "shop"}, 1);
+  const auto nothing = run({"restore", "shop", "--yes"});
+  EXPECT_EQ(nothing.exitCode, 2);
+  EXPECT_THAT(nothing.errors, HasSubstr("there is nothing to restore"));
+  EXPECT_THAT(run({"show", "shop"}).output, Not(HasSubstr("Kept:")));
+  write("shop/sitemap.xml", "edited");
+  EXPECT_THAT(run({"scan", "shop"}).output, HasSubstr("To put them back: veskel-cli restore \"shop\""));
+  EXPECT_THAT(run({"show", "shop"}).output, HasSubstr("Kept:        the sitemaps of before"));
+  EXPECT_THAT(run({"show", "shop", "--json"}).output, HasSubstr("\"formerSitemapsKept\": true"));
+  EXPECT_EQ(run({"restore", "shop"}).exitCode, 2);
+  EXPECT_THAT(run({"restore", "shop"}, "n\n", StandardInput::terminal).errors,
+              HasSubstr("Nothing was changed."));
+  EXPECT_NE(read("shop/sitemap.xml"), "edited");
+  // What is kept goes where the site goes.
+  prepare({"edit", "shop", "--name", "store"});
+  {
+    const platform::FolderLock lock(controls.siteFolder("store"));
+    EXPECT_EQ(run({"restore", "store", "--yes"}).exitCode, 5);
+  }
+  EXPECT_EQ(run({"restore", "store"}, "y\n", StandardInput::terminal).exitCode, 0);
+  EXPECT_EQ(read("store/sitemap.xml"), "edited");
+}
+
 TEST_F(SiteCommands, FiltersAreListedAddedAndDeleted) {
   prepare({"add", "shop", "a.test"});
   EXPECT_THAT(run({"filters", "shop"}).errors, HasSubstr("The site has no filters."));

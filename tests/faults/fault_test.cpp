@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include "sitemaps/html_format.h"
 #include "sitemaps/layouts.h"
+#include "sitemaps/scanned_set.h"
 #include "sitemaps/xml_format.h"
 
 namespace faults {
@@ -93,6 +94,8 @@ Snapshot FaultTest::snapshot() const {
 }
 
 void FaultTest::restore(const Snapshot& snapshot) const {
+  // Whatever the last scan left, what is written here counts as edited.
+  fs::remove(state.ofSite("shop") / "scanned-documents");
   fs::remove_all(data());
   fs::create_directories(data());
   for (const auto& [name, text] : snapshot) {
@@ -102,6 +105,25 @@ void FaultTest::restore(const Snapshot& snapshot) const {
       std::ofstream(data() / name) << text;
     }
   }
+}
+
+void FaultTest::makeFormerSet() const {
+  const support::SiteServer server(manyPages(3));
+  prepare({"add", "shop", server.url()});
+  prepare({"scan", "shop"}, 1);
+  ASSERT_TRUE(platform::replaceFile(site() / "sitemap2c.html", "edited").ok());
+  fs::remove(site() / "sitemap3c.html");
+  prepare({"scan", "shop"}, 1);
+}
+
+Snapshot FaultTest::sets() const {
+  Snapshot sets;
+  const fs::path former = state.ofSite("shop") / "former";
+  for (const std::string_view name : sitemaps::kSetFiles) {
+    sets[std::string(name)] = platform::readFile(site() / name).text;
+    sets["former/" + std::string(name)] = platform::readFile(former / name).text;
+  }
+  return sets;
 }
 
 }  // namespace faults

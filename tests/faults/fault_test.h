@@ -48,6 +48,11 @@ class FaultTest : public support::ProgramTest {
   Snapshot snapshot() const;
   void restore(const Snapshot& snapshot) const;
 
+  /// Has a scan replace sitemaps that were edited.
+  void makeFormerSet() const;
+  /// The sitemaps of the site and, below "former/", those that a scan has replaced.
+  Snapshot sets() const;
+
   std::filesystem::path site() const { return controls.siteFolder("shop"); }
 };
 

@@ -40,6 +40,18 @@ TEST_F(Killed, ScansLoseNothing) {
   const Snapshot whole = snapshot();
   // A folder, seven documents, the broken pages, the filters, the record.
   ASSERT_EQ(whole.size(), 11u);
+  // What was edited stays kept, whatever the scans that are killed leave.
+  ASSERT_TRUE(platform::replaceFile(site() / "sitemap1c.html", "edited").ok());
+  const auto formerSet = [this] {
+    Snapshot former;
+    for (const auto& [file, text] : sets()) {
+      if (file.starts_with("former/")) former["shop" + file.substr(file.find('/'))] = text;
+    }
+    return former;
+  };
+  prepare(scan, 1);
+  ASSERT_EQ(formerSet()["shop/sitemap1c.html"], "edited");
+  const Snapshot kept = formerSet();
 
   const std::vector<SystemCall> calls = callsOf(kChanges, scan);
   ASSERT_GT(calls.size(), 7u * 15);
@@ -50,6 +62,7 @@ TEST_F(Killed, ScansLoseNothing) {
     const Snapshot before = withoutLeftovers(snapshot());
     runAndKill(calls[i], scan);
     expectNothingLost(withoutLeftovers(snapshot()), before, whole);
+    EXPECT_TRUE(formerSet() == kept);
     if (i % 50 == 0) {
       prepare(scan, 1);
       EXPECT_TRUE(snapshot() == whole);
@@ -114,6 +127,51 @@ TEST_F(Killed, ASiteIsChangedOrNotWhereverThatEnds) {
       if (HasFailure()) return;
     }
   }
+}
+
+TEST_F(Killed, EditedSitemapsAreKeptOrStillThere) {
+  makeFormerSet();
+  const Snapshot former = sets();
+  ASSERT_TRUE(platform::replaceFile(site() / "sitemap1c.html", "edited").ok());
+  const Snapshot fresh = snapshot();
+  const fs::path memory = state.ofSite("shop") / "scanned-documents";
+  const std::string remembered = platform::readFile(memory).text;
+  const Arguments scan = {"scan", "shop"};  // of a server that has gone
+  const std::vector<SystemCall> calls = callsOf(kChanges, scan);
+  for (std::size_t i = 0; i < calls.size(); i += 4) {
+    SCOPED_TRACE(calls[i].line);
+    restore(fresh);
+    ASSERT_TRUE(platform::replaceFile(memory, remembered).ok());
+    runAndKill(calls[i], scan);
+    prepare({"sites"});
+    const Snapshot now = sets();
+    const bool isKept = now.at("former/sitemap1c.html") == "edited";
+    EXPECT_TRUE(isKept || read("shop/sitemap1c.html") == "edited");
+    EXPECT_TRUE(isKept || now.at("former/sitemap2c.html") == former.at("former/sitemap2c.html"));
+    if (HasFailure()) return;
+  }
+}
+
+TEST_F(Killed, ARestoringIsDoneOrNotOnceTheListIsRead) {
+  makeFormerSet();
+  const Snapshot before = sets();
+  const Arguments restoring = {"restore", "shop", "--yes"};
+  const std::vector<SystemCall> calls = callsOf(kChanges, restoring);
+  const Snapshot after = sets();
+  bool isBefore = false;
+  int done = 0;
+  for (const SystemCall& call : calls) {
+    SCOPED_TRACE(call.line);
+    runAndKill(call, restoring);
+    prepare({"sites"});
+    const Snapshot now = sets();
+    EXPECT_TRUE(now == before || now == after);
+    done += (now == before) != isBefore ? 1 : 0;
+    isBefore = now == before;
+    if (HasFailure()) return;
+  }
+  EXPECT_GT(done, 20);
+  EXPECT_LT(done, static_cast<int>(calls.size()) - 20);
 }
 
 }  // namespace

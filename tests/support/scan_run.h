@@ -67,6 +67,7 @@ class ScanRun {
   /// Where a scan that was stopped has kept its pages.
   std::filesystem::path journal() const { return m_state.ofSite("Site") / "unfinished-scan.tsv"; }
 
+  const store::GlobalControls& controls() const { return m_controls; }
   std::filesystem::path folder() const { return m_controls.siteFolder("Site"); }
 
   /// A file of the site's folder, whole; "(missing)" when there is none.
