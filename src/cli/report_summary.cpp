@@ -38,8 +38,11 @@ void printBroken(const SiteReport& report, const report::Page& page, std::size_t
               << printable(links[i].address) << '\n';
   }
   if (page.linkedFrom > shown) {
-    std::cout << "      " << (shown == 0 ? "on " : "and on ")
-              << report::counted(page.linkedFrom - shown, "page", "pages") << (shown == 0 ? "\n" : " more\n");
+    const std::size_t rest = page.linkedFrom - shown;
+    std::cout << (shown == 0 ? "      on " : "      and on ")
+              << (shown == 0 ? report::counted(rest, "page", "pages")
+                             : report::counted(rest, "more page", "more pages"))
+              << '\n';
   }
 }
 

@@ -109,13 +109,14 @@ struct Panel {
 };
 
 constexpr double kColumnsLeft = 60;
+constexpr std::size_t kFewColumns = 4;  // no column is wider than with so many
 constexpr double kNumberedColumns = 7;  // wide enough for numbers of seven digits above them
 
 void draw(Drawing& drawing, const Panel& panel, const std::vector<ScanFacts>& scans) {
   std::int64_t most = 0;
   for (const ScanFacts& scan : scans) most = std::max(most, scan.*panel.number);
   const double base = panel.top + panel.height;
-  const double step = (kWidth - kColumnsLeft) / static_cast<double>(std::max<std::size_t>(scans.size(), 4));
+  const double step = (kWidth - kColumnsLeft) / static_cast<double>(std::max(scans.size(), kFewColumns));
   const bool isNumbered = static_cast<double>(scans.size()) <= kNumberedColumns;
   drawing.text(0, base - panel.height / 2 + 4, panel.name, Paint::quiet);
   drawing.box(kColumnsLeft, base, kWidth - kColumnsLeft, 1, Paint::line);
@@ -134,6 +135,23 @@ void draw(Drawing& drawing, const Panel& panel, const std::vector<ScanFacts>& sc
 
 std::string dayOf(const ScanFacts& scan) {
   return dateText(scan.ended).substr(0, 10);
+}
+
+/// Below each column where there is room for that, else below the first and the last one.
+void drawDates(Drawing& drawing, const std::vector<ScanFacts>& scans, double y) {
+  if (scans.size() <= kFewColumns) {
+    const double step = (kWidth - kColumnsLeft) / static_cast<double>(kFewColumns);
+    for (std::size_t i = 0; i < scans.size(); ++i) {
+      const double x = kColumnsLeft + step * (static_cast<double>(i) + 0.5);
+      drawing.text(x, y, dayOf(scans[i]), Paint::quiet, Align::middle);
+    }
+    return;
+  }
+  // Several on one day are told apart by their times.
+  const bool isOneDay = dayOf(scans.front()) == dayOf(scans.back());
+  const auto dateOf = [&](const ScanFacts& scan) { return isOneDay ? dateText(scan.ended) : dayOf(scan); };
+  drawing.text(kColumnsLeft, y, dateOf(scans.front()), Paint::quiet);
+  drawing.text(kWidth, y, dateOf(scans.back()), Paint::quiet, Align::end);
 }
 
 std::string descriptionOf(const std::vector<ScanFacts>& scans) {
@@ -158,8 +176,7 @@ std::string historyPlot(const std::vector<ScanFacts>& history, Palette palette) 
   }
   draw(drawing, kPages, scans);
   draw(drawing, kBroken, scans);
-  drawing.text(kColumnsLeft, kHeight - 6, dayOf(scans.front()), Paint::quiet);
-  if (scans.size() > 3) drawing.text(kWidth, kHeight - 6, dayOf(scans.back()), Paint::quiet, Align::end);
+  drawDates(drawing, scans, kHeight - 6);
   return std::move(drawing).finished();
 }
 

@@ -38,6 +38,16 @@ std::string link(std::string_view address) {
   return link(address, address);
 }
 
+/// A text that may turn the direction of what it stands in.
+std::string isolated(std::string_view words) {
+  return "<bdi>" + text(words) + "</bdi>";
+}
+
+/// A link by its name, and where it stands.
+std::string linkOn(const LinkingPage& page) {
+  return "\xE2\x80\x9C" + isolated(page.name) + "\xE2\x80\x9D on " + link(page.address);
+}
+
 std::string quiet(std::string_view markup) {
   return "<span class=\"quiet\">" + std::string(markup) + "</span>";
 }
@@ -177,11 +187,10 @@ void Writer::overview() {
 
 std::string Writer::linkingPages(const Target& target, std::uint32_t count, std::size_t most) const {
   const std::vector<LinkingPage>& links = m_report.linksTo(target);
-  if (links.empty()) return "";
+  if (links.empty()) return {};
   std::string markup = "<ul>";
   for (std::size_t i = 0; i < std::min(links.size(), most); ++i)
-    markup +=
-        "<li>\xE2\x80\x9C" + text(links[i].name) + "\xE2\x80\x9D on " + link(links[i].address) + "</li>";
+    markup += "<li>" + linkOn(links[i]) + "</li>";
   if (count > most)
     markup += "<li class=\"quiet\">and on " + counted(count - most, "more page", "more pages") + "</li>";
   return markup + "</ul>";
@@ -198,8 +207,8 @@ void Writer::broken() {
     std::string markup =
         link(page->address) + "<br><span class=\"trouble\">" + text(page->brokenReason) + "</span>";
     if (!page->redirectedTo.empty()) markup += quiet(", redirected to ") + link(page->redirectedTo);
-    const std::string pagesThere = linkingPages({false, page->number}, page->linkedFrom, kLinkingPagesShown);
-    return markup + (pagesThere.empty() ? quiet("; no page links there") : pagesThere);
+    if (page->linkedFrom == 0) return markup + quiet("; no page links there");
+    return markup + linkingPages({false, page->number}, page->linkedFrom, kLinkingPagesShown);
   });
   tellRest(pages.size(), kRowsShown, "--broken --output broken.csv");
 }
@@ -211,8 +220,8 @@ void Writer::changedPages(const char* title, const std::vector<PageChange>& page
     const Page& page = change.page();
     const std::string address = link(page.address);
     if (&pages == &m_changes.renamed)
-      return address + "<br>" + quiet(text(change.before->title) + " \xE2\x86\x92 ") +
-             text(change.now->title);
+      return address + "<br>" + quiet(isolated(change.before->title) + " \xE2\x86\x92 ") +
+             isolated(change.now->title);
     if (&pages == &m_changes.newlyBroken) return address + "<br>" + quiet(text(page.brokenReason));
     if (&pages == &m_changes.repaired)
       return address + "<br>" +
@@ -238,7 +247,7 @@ void Writer::leftOut() {
   section("left-out", "Left out by the last scan");
   const auto& groups = m_report.leftOut.groups;
   if (groups.empty()) return add("<p>Nothing is known to have been left out.</p>");
-  table({{"Count", Heading::number}, {"Why"}, {"Examples"}}, groups, kRowsShown,
+  table({{"Links or pages", Heading::number}, {"Why"}, {"Examples"}}, groups, kRowsShown,
         [](const crawler::LeftOutGroup& group) {
           std::string why = text(group.reasonText(group.count));
           if (const auto advice = adviceFor(group.reason); !advice.empty())
@@ -266,7 +275,9 @@ std::string standingOf(const Page& page) {
       break;
   }
   if (page.leftOutBy == crawler::LinkReason::none) return "Left out";
-  return "Left out: " + crawler::LeftOutGroup{.reason = page.leftOutBy}.reasonText();
+  const std::string reason = crawler::LeftOutGroup{.reason = page.leftOutBy}.reasonText();
+  constexpr std::string_view kOfPage = "that ";  // "that leads to another page"
+  return "Left out: " + (reason.starts_with(kOfPage) ? "it " + reason.substr(kOfPage.size()) : reason);
 }
 
 /// Its title and its address, and why it is not in the sitemaps.
@@ -280,16 +291,15 @@ void Writer::pageTable(const char* title, const std::vector<const Page*>& pages,
   if (pages.empty()) return;
   add("<h3>" + std::string(title) + "</h3>");
   table({{"Page"},
-         {"Status", Heading::number},
-         {"Level", Heading::number},
-         {"Linked from", Heading::number},
+         {"Time", Heading::number},
          {"Size", Heading::number},
-         {"Time", Heading::number}},
+         {"Linked from", Heading::number},
+         {"Level", Heading::number},
+         {"Status", Heading::number}},
         pages, most, [](const Page* page) {
-          return nameCell(*page) + numberCell(page->status, std::to_string(page->status)) +
-                 numberCell(page->level) + numberCell(page->linkedFrom) +
-                 numberCell(page->bytes, sizeText(page->bytes)) +
-                 numberCell(page->time.count(), timeText(page->time));
+          return nameCell(*page) + numberCell(page->time.count(), timeText(page->time)) +
+                 numberCell(page->bytes, sizeText(page->bytes)) + numberCell(page->linkedFrom) +
+                 numberCell(page->level) + numberCell(page->status, std::to_string(page->status));
         });
 }
 
@@ -339,9 +349,7 @@ void Writer::outside() {
         kRowsShown, [&](const OutsideAddress* address) {
           const std::vector<LinkingPage>& links = m_report.linksTo({true, address->number});
           return numberCell(address->linkedFrom) + wideCell(link(address->address)) +
-                 wideCell(links.empty() ? std::string()
-                                        : "\xE2\x80\x9C" + text(links[0].name) + "\xE2\x80\x9D on " +
-                                              link(links[0].address));
+                 wideCell(links.empty() ? std::string() : linkOn(links[0]));
         });
   tellRest(all.size(), kRowsShown, "--output report.json");
   if (!m_report.now.hasAllOutside) add("<p class=\"quiet\">There are more than a scan can remember.</p>");

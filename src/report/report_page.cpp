@@ -17,6 +17,7 @@ h1{font-size:1.6rem;margin:.5rem 0 0}
 h2{font-size:1.25rem;margin:2.75rem 0 .5rem;padding-top:.75rem;border-top:1px solid var(--line)}
 h3{font-size:1rem;margin:1.5rem 0 .4rem}
 p{margin:.35rem 0}
+a,bdi,.quiet{unicode-bidi:isolate}
 a{color:var(--link);text-decoration:none}
 a:hover,a:focus{text-decoration:underline}
 nav{display:flex;flex-wrap:wrap;gap:.25rem 1.25rem;margin:1rem 0}
@@ -24,7 +25,7 @@ nav{display:flex;flex-wrap:wrap;gap:.25rem 1.25rem;margin:1rem 0}
 .trouble{color:var(--trouble)}
 .figures{display:flex;flex-wrap:wrap;gap:.75rem 2.5rem;margin:1rem 0;padding:0;list-style:none}
 .figures b{display:block;font-size:1.5rem;font-weight:600;font-variant-numeric:tabular-nums}
-.plots{display:grid;grid-template-columns:repeat(auto-fit,minmax(min(20rem,100%),1fr));gap:2rem 2.5rem;margin:1.5rem 0}
+.plots{display:grid;grid-template-columns:repeat(auto-fit,minmax(min(24rem,100%),1fr));gap:2rem 2.5rem;margin:1.5rem 0}
 svg.plot{max-width:28rem}
 .entries{list-style:none;padding:0;margin:0}
 .entries>li{padding:.55rem 0;border-bottom:1px solid var(--line)}
@@ -36,10 +37,11 @@ th,td{padding:.35rem .6rem;border-bottom:1px solid var(--line)}
 td{vertical-align:top;min-width:4.5rem}
 td.wide{min-width:16rem}
 .number{text-align:right;font-variant-numeric:tabular-nums;white-space:nowrap}
-th button{all:unset;cursor:pointer}
-th button:hover,th button:focus-visible{text-decoration:underline}
-th[aria-sort=ascending] button::after{content:" \2191"}
-th[aria-sort=descending] button::after{content:" \2193"}
+th span{cursor:pointer}
+th span:hover,th span:focus-visible{text-decoration:underline}
+th[aria-sort=ascending] span::after{content:" \2191"}
+th[aria-sort=descending] span::after{content:" \2193"}
+@media (max-width:40rem){body{padding:.5rem .75rem 3rem}th,td{padding:.3rem .4rem}td{min-width:0}td.wide{min-width:11rem}}
 @media print{body{max-width:none;padding:0;font-size:9pt}nav{display:none}a{color:inherit}h2,h3{break-after:avoid}tr,.entries li,svg{break-inside:avoid}.scroll{overflow:visible}.plots{grid-template-columns:1fr 1fr}td.wide{min-width:0}}
 )";
 
@@ -51,11 +53,14 @@ const collator = new Intl.Collator(undefined, {numeric: true});
 for (const table of document.querySelectorAll("table.sorts")) {
   const heads = Array.from(table.tHead.rows[0].cells);
   heads.forEach((head, column) => {
-    const button = document.createElement("button");
+    // No button element: headings that are repeated on paper would lose it.
+    const button = document.createElement("span");
     button.textContent = head.textContent;
+    button.tabIndex = 0;
+    button.setAttribute("role", "button");
     head.replaceChildren(button);
     const value = row => row.cells[column].dataset.n ?? row.cells[column].textContent;
-    button.addEventListener("click", () => {
+    const sort = () => {
       // Numbers are looked at from the largest on.
       const first = head.className === "number" ? "descending" : "ascending";
       const other = first === "ascending" ? "descending" : "ascending";
@@ -66,13 +71,19 @@ for (const table of document.querySelectorAll("table.sorts")) {
       const rows = Array.from(table.tBodies[0].rows, row => [value(row), row]);
       rows.sort((a, b) => way * collator.compare(a[0], b[0]));
       table.tBodies[0].append(...rows.map(each => each[1]));
+    };
+    button.addEventListener("click", sort);
+    button.addEventListener("keydown", event => {
+      if (event.key !== "Enter" && event.key !== " ") return;
+      event.preventDefault();
+      sort();
     });
   });
 }
 )";
 
-const std::string_view kStyleHash = "n0HP1OEuCjRUvrwxTT0Mvh3M4XLHczdAOUPGDRlLEVk=";
-const std::string_view kScriptHash = "vJVrbB67XjbHV/PIx8BcGETy24Dc3xIxnrWshDN2eZY=";
+const std::string_view kStyleHash = "wCoZ+Mz+pIZ98hhfocESK+WpGV8UVCgminpxQURvZ1I=";
+const std::string_view kScriptHash = "1cGc3lKJBKWpJIAvBFBr0dCohBL3/9z96NGMjuVlbm4=";
 
 std::string pageStyle() {
   return std::string(kStyle).append(kPlotStyle);

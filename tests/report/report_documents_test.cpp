@@ -68,7 +68,7 @@ TEST(ReportHtml, KeepsTextsInTheirPlace) {
   for (const char* shown :
        {"<title>Report of A&lt;b>&amp;</title>",
         "href=\"http://a.test/?x=%22%3E%3Cimg src=x onerror=x()%3E&amp;copy=1\"", "javascript:x()",
-        "&lt;!-- \xE2\x86\x92 </span>&lt;/title>&lt;script>", "and on 110 more pages",
+        "&lt;!--</bdi> \xE2\x86\x92 </span><bdi>&lt;/title>&lt;script>", "and on 110 more pages",
         "by the filter \"&lt;style>\"", "--delete TEXT", "Newly broken (2)"})
     EXPECT_THAT(page, HasSubstr(shown));
 }
