@@ -1,12 +1,15 @@
 #include "platform/curl_connection.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
 #include <memory>
 #include <new>
 #include <utility>
 
 #include "platform/ascii.h"
 #include "platform/idna.h"
+#include "platform/private_address.h"
 #include "platform/uri.h"
 
 namespace platform {
@@ -30,6 +33,15 @@ constexpr long kReceiveBuffer = 64 << 10;
 constexpr long kSilentBytesPerSecond = 100;
 // The library bounds the cookies of one answer but not their sum, and searches them one by one.
 constexpr int kMaxCookies = 1000;
+
+/// Whether requests may go to a proxy, as the library reads the environment.
+bool isProxied() {
+  constexpr std::array kNames = {"http_proxy", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY"};
+  return std::any_of(kNames.begin(), kNames.end(), [](const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+  });
+}
 
 bool isHttpUrl(std::string_view url) {
   const UriParts parts = splitUri(url);
@@ -80,6 +92,11 @@ void CurlConnection::configure() {
   if (bundle != nullptr) set(CURLOPT_CAPATH, static_cast<const char*>(nullptr));
   set(CURLOPT_PREREQFUNCTION, &CurlConnection::beforeRequest);
   set(CURLOPT_PREREQDATA, this);
+  set(CURLOPT_CERTINFO, m_limits.tellsCertificates ? 1L : 0L);
+  if (m_limits.publicOnly && !isProxied()) {
+    set(CURLOPT_OPENSOCKETFUNCTION, &CurlConnection::openSocket);
+    set(CURLOPT_OPENSOCKETDATA, this);
+  }
   set(CURLOPT_VERBOSE, 1L);
   set(CURLOPT_DEBUGFUNCTION, &CurlConnection::watch);
   set(CURLOPT_DEBUGDATA, this);
@@ -168,7 +185,7 @@ HttpAnswer CurlConnection::attempt(const std::stop_token& stop) {
   curl_easy_setopt(m_easy, CURLOPT_FORBID_REUSE, 0L);
   m_droppedBytes = 0;
   m_stage = Stage::connecting;
-  m_answered = m_tooLarge = m_truncated = false;
+  m_answered = m_tooLarge = m_truncated = m_isPrivate = false;
   if (curl_multi_add_handle(m_multi, m_easy) != CURLM_OK) return {.failure = FetchFailure::other};
   const FetchFailure failure = transfer(stop);
   HttpAnswer answer = failure == FetchFailure::none ? takeAnswer() : HttpAnswer{.failure = failure};
@@ -204,6 +221,7 @@ FetchFailure CurlConnection::outcome() {
   if (message == nullptr || message->msg != CURLMSG_DONE) return FetchFailure::other;
   if (m_truncated) return FetchFailure::none;
   if (m_tooLarge) return FetchFailure::tooLarge;
+  if (m_isPrivate && message->data.result == CURLE_COULDNT_CONNECT) return FetchFailure::privateAddress;
   const FetchFailure failure = failureOf(message->data.result);
   // What goes with a redirect is dropped, and may be broken.
   const bool isBroken = failure == FetchFailure::connectionClosed || failure == FetchFailure::undecodable;
@@ -273,6 +291,7 @@ HttpAnswer CurlConnection::takeAnswer() {
           .robotsTag = listHeader("X-Robots-Tag"),
           .time = timeToAnswer(),
           .body = std::move(m_body),
+          .certificateEnds = certificateEnds(),
           .retryAfter = retryAfter()};
 }
 
@@ -280,6 +299,21 @@ std::chrono::milliseconds CurlConnection::timeToAnswer() const {
   curl_off_t microseconds = 0;
   curl_easy_getinfo(m_easy, CURLINFO_STARTTRANSFER_TIME_T, &microseconds);
   return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::microseconds(microseconds));
+}
+
+std::chrono::seconds CurlConnection::certificateEnds() const {
+  constexpr std::string_view kKey = "Expire date:";
+  curl_certinfo* info = nullptr;
+  if (curl_easy_getinfo(m_easy, CURLINFO_CERTINFO, &info) != CURLE_OK || info == nullptr ||
+      info->num_of_certs < 1)
+    return {};
+  // The first one is the server's own.
+  for (const curl_slist* line = info->certinfo[0]; line != nullptr; line = line->next) {
+    const std::string_view text = line->data;
+    if (text.starts_with(kKey))
+      return std::chrono::seconds(std::max<time_t>(curl_getdate(line->data + kKey.size(), nullptr), 0));
+  }
+  return {};
 }
 
 /// The library reads both forms; of a date it tells how far away that is, less than nothing for one that has
@@ -313,6 +347,15 @@ bool CurlConnection::isRedirect() const {
   long status = 0;
   curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
   return status / 100 == 3 && !header("Location").empty();
+}
+
+/// Before anything is said to the address.
+curl_socket_t CurlConnection::openSocket(void* self, curlsocktype, curl_sockaddr* address) {
+  if (isPrivateAddress(address->addr)) {
+    static_cast<CurlConnection*>(self)->m_isPrivate = true;
+    return CURL_SOCKET_BAD;
+  }
+  return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
 }
 
 int CurlConnection::beforeRequest(void* self, char*, char*, int, int) {

@@ -88,12 +88,14 @@ class CurlConnection {
   FetchFailure failureOf(CURLcode code) const;
   bool outgrown() const;
   HttpAnswer takeAnswer();
+  std::chrono::seconds certificateEnds() const;
   std::chrono::milliseconds timeToAnswer() const;
   std::chrono::seconds retryAfter() const;
   std::string header(const char* name, std::size_t index = 0) const;
   std::string listHeader(const char* name) const;
   bool isRedirect() const;
 
+  static curl_socket_t openSocket(void* self, curlsocktype, curl_sockaddr* address);
   static int beforeRequest(void* self, char*, char*, int, int);
   static int watch(CURL* easy, curl_infotype kind, char* data, std::size_t size, void* self);
   static std::size_t receiveHeader(char* data, std::size_t, std::size_t size, void* self);
@@ -118,6 +120,7 @@ class CurlConnection {
   std::size_t m_droppedBytes = 0;  // of a redirect's body
   bool m_answered = false;         // something came
   Stage m_stage = Stage::connecting;
+  bool m_isPrivate = false;
   bool m_tooLarge = false;
   bool m_truncated = false;
 };

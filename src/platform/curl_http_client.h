@@ -18,6 +18,8 @@ struct HttpLimits {
   long maxRedirects = 20;
   std::chrono::seconds connectTimeout{30};  // resolving the name, connecting and the TLS handshake together
   std::chrono::seconds silenceTimeout{60};  // a transfer that brings next to nothing for so long is given up
+  bool publicOnly = false;         // hosts on private addresses are not asked; a proxy decides for itself
+  bool tellsCertificates = false;  // how long that of a https server is valid
   std::chrono::milliseconds exchangeTimeout = std::chrono::minutes{10};  // with all redirects; more than 0
 };
 

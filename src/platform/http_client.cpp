@@ -125,6 +125,8 @@ std::string_view failureText(FetchFailure failure) {
       return "The answer is too large";
     case FetchFailure::tooManyRedirects:
       return "Too many redirects";
+    case FetchFailure::privateAddress:
+      return "The address is a private one";
     case FetchFailure::forbiddenRedirect:
       return "Redirected to an address that is not http or https";
     case FetchFailure::undecodable:

@@ -48,6 +48,7 @@ enum class FetchFailure {
   connectionClosed,  // before the answer was complete, or the answer breaks the protocol
   tooLarge,          // body or headers
   tooManyRedirects,
+  privateAddress,  // only public ones were to be asked
   forbiddenRedirect,  // to a scheme other than http and https, or to no usable URL
   undecodable,        // the content encoding is broken or unknown
   other,
@@ -73,6 +74,7 @@ struct [[nodiscard]] HttpAnswer {
       {};                     // the address that answered, if not the one asked, or was not to be followed
   std::chrono::milliseconds time{0};  // from the request to the first byte of the answer
   std::string body = {};      // decoded (gzip, br), characters as sent
+  std::chrono::seconds certificateEnds{0};  // since 1970-01-01 UTC; 0 unless the client tells certificates
   bool sentPassword = false;  // the server that answered was told the site's name and password
   // What its Retry-After asks for, as seconds or as a date (RFC 9110, section 10.2.3). Never negative; 0 also
   // for none, for a date that has passed and for what is neither.

@@ -129,6 +129,17 @@ TEST(CurlHttpClient, SurvivesServersThatCloseKeptConnections) {
   for (int i = 0; i < 200; ++i) EXPECT_EQ(fetch(client, server.url()).body, "x");
 }
 
+TEST(CurlHttpClient, AsksPublicHostsOnlyWhereItIsToldSo) {
+  const RawServer server(
+      RawServer::answering([](const RawRequest&) { return rawAnswer("200 OK", "", "x"); }));
+  CurlHttpClient client({"test"}, {.publicOnly = true});
+  for (const std::string host : {"127.0.0.1", "localhost", "[::ffff:127.0.0.1]", "0x7f.1"}) {
+    const std::string url = "http://" + host + server.url().substr(server.url().rfind(':'));
+    EXPECT_EQ(fetch(client, url).failure, FetchFailure::privateAddress) << url;
+  }
+  EXPECT_EQ(server.connectionCount(), 0);
+}
+
 TEST(CurlHttpClient, TakesNoLeftoverForTheNextAnswer) {
   const std::string leftover = rawAnswer("500 Leftover", "Last-Modified: never\r\n", "leftover");
   struct Case {
