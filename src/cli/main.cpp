@@ -11,6 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "cli/check_command.h"
 #include "cli/cli_context.h"
 #include "cli/export_command.h"
 #include "cli/report_command.h"
@@ -334,6 +335,25 @@ void addReportCommand(CLI::App& app, Command& chosen) {
   });
 }
 
+void addCheckLinksCommand(CLI::App& app, Command& chosen) {
+  auto* command =
+      app.add_subcommand("check-links", "Ask whether what a site links to outside of it is still there");
+  auto options = std::make_shared<cli::CheckOptions>();
+  auto json = std::make_shared<bool>(false);
+  addName(command, options->siteName);
+  command->add_flag("--resources", options->resources, "Also the images, styles and scripts of its pages");
+  command->add_flag("--again", options->again, "Ask all of them again, also where a check was stopped");
+  command->add_flag("--json", *json, "Print a JSON array with one object an address");
+  command->footer(
+      "Asks the addresses that the last complete scan met, each once, at most one a second at each host. What "
+      "the host would not say (403, 429) is no broken link.\n\n"
+      "Example:\n  veskel-cli check-links shop --resources");
+  command->callback([options, json, &chosen] {
+    if (*json) options->style = cli::OutputStyle::json;
+    chosen = [options](const CliContext& context) { return cli::checkLinks(context, *options); };
+  });
+}
+
 void addExportCommand(CLI::App& app, Command& chosen) {
   auto* command = app.add_subcommand("export", "Write a sitemap, or the broken pages, to be published");
   struct Arguments {
@@ -443,6 +463,7 @@ int run(int argc, char** argv) {
   addShowCommand(app, chosen);
   addReportCommand(app, chosen);
   addRestoreCommand(app, chosen);
+  addCheckLinksCommand(app, chosen);
   addExportCommand(app, chosen);
   addValidateCommand(app, chosen);
   addWhereCommand(app, chosen);

@@ -77,6 +77,9 @@ class BrowserReader : public web::PageHandler {
         return;
       case web::PageMark::meta:
         return meta(attributes);
+      case web::PageMark::image:
+      case web::PageMark::script:
+        return;
     }
   }
 

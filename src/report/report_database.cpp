@@ -27,6 +27,10 @@ constexpr std::array kSchema = {
     "bytes INTEGER, time INTEGER, linked_from INTEGER, links BLOB, PRIMARY KEY (scan, number)) WITHOUT ROWID",
     "CREATE TABLE outside (scan INTEGER, number INTEGER, address TEXT, linked_from INTEGER, "
     "PRIMARY KEY (scan, number)) WITHOUT ROWID",
+    "CREATE TABLE checks (address TEXT PRIMARY KEY, state INTEGER, status INTEGER, reason TEXT, moved_to "
+    "TEXT, "
+    "certificate_ends INTEGER) WITHOUT ROWID",
+    "CREATE TABLE unfinished_check (started INTEGER)",
     "PRAGMA user_version = 1",
 };
 
@@ -201,6 +205,55 @@ std::map<Target, std::vector<LinkingPage>> ReportDatabase::linksTo(const ScanFac
     });
   }
   return found;
+}
+
+std::vector<LinkCheck> ReportDatabase::linkChecks() {
+  std::vector<LinkCheck> checks;
+  Statement statement = m_database->prepare(
+      "SELECT address, state, status, reason, moved_to, certificate_ends FROM checks ORDER BY address");
+  while (statement.next()) {
+    checks.push_back({.address = std::string(statement.text(0)),
+                      .state = valueOf(statement.number(1), LinkState::unchecked),
+                      .status = static_cast<int>(statement.number(2)),
+                      .reason = std::string(statement.text(3)),
+                      .movedTo = std::string(statement.text(4)),
+                      .certificateEnds = std::chrono::seconds(statement.number(5))});
+  }
+  return checks;
+}
+
+bool ReportDatabase::isCheckUnfinished() {
+  Statement statement = m_database->prepare("SELECT count(*) FROM unfinished_check");
+  bool isUnfinished = false;
+  while (statement.next()) isUnfinished = statement.number(0) > 0;
+  return isUnfinished;
+}
+
+void ReportDatabase::beginCheck() {
+  m_database->run("BEGIN IMMEDIATE");
+  m_database->run("DELETE FROM checks");
+  m_database->run("DELETE FROM unfinished_check");
+  m_database->run("INSERT INTO unfinished_check VALUES (strftime('%s'))");
+  m_database->run("COMMIT");
+}
+
+void ReportDatabase::keepChecks(const std::vector<LinkCheck>& checks) {
+  m_database->run("BEGIN IMMEDIATE");
+  Statement statement = m_database->prepare("INSERT OR REPLACE INTO checks VALUES (?, ?, ?, ?, ?, ?)");
+  for (const LinkCheck& check : checks) {
+    statement.add(check.address)
+        .add(static_cast<std::int64_t>(check.state))
+        .add(check.status)
+        .add(check.reason)
+        .add(check.movedTo)
+        .add(check.certificateEnds.count())
+        .run();
+  }
+  m_database->run("COMMIT");
+}
+
+void ReportDatabase::finishCheck() {
+  m_database->run("DELETE FROM unfinished_check");
 }
 
 void ReportDatabase::begin(const ScanFacts& facts) {

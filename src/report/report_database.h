@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/database.h"
+#include "report/link_check.h"
 #include "report/report.h"
 #include "store/state_folder.h"
 
@@ -52,6 +53,16 @@ class ReportDatabase {
   /// Who links to each of these, in the order of the pages. One pass over all links, whose time grows with
   /// the site.
   std::map<Target, std::vector<LinkingPage>> linksTo(const ScanFacts& scan, const std::set<Target>& targets);
+
+  /// What the last check of the links has found, by address.
+  std::vector<LinkCheck> linkChecks();
+  /// Whether that check was stopped before it was through.
+  bool isCheckUnfinished();
+
+  // Writing a check, each in a transaction of its own:
+  void beginCheck();  // forgets the last one
+  void keepChecks(const std::vector<LinkCheck>& checks);
+  void finishCheck();
 
   // Writing a scan, in one transaction: all is there, or nothing is changed.
   /// `facts.id` is given by the database.

@@ -221,6 +221,11 @@ class PageReader {
       case Element::frame:
       case Element::iframe:
         return m_handler.mark(PageMark::frame, tag.written);
+      case Element::image:
+      case Element::imageOldName:
+        return m_handler.mark(PageMark::image, tag.written);
+      case Element::script:
+        return m_handler.mark(PageMark::script, tag.written);
       case Element::link:
         return m_handler.mark(PageMark::link, tag.written);
       case Element::meta:

@@ -40,7 +40,7 @@ struct AnchorElement {
 };
 
 /// What else of a page leads elsewhere, or tells of the page, by its start tag alone.
-enum class PageMark { area, base, frame, link, meta };  // frame: also iframe
+enum class PageMark { area, base, frame, image, link, meta, script };  // frame: also iframe
 
 class PageHandler {
  public:

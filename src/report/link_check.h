@@ -1,0 +1,65 @@
+// Asks the addresses outside of a site whether they are still there.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <stop_token>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/clock.h"
+#include "platform/http_client.h"
+
+namespace report {
+
+enum class LinkState {
+  fine,
+  moved,      // answered at another address
+  broken,     // status 400 or above, or no answer
+  unchecked,  // the server would not say: 403, 429, or a private address
+};
+
+/// What became of an address.
+struct LinkCheck {
+  std::string address = {};
+  LinkState state = LinkState::fine;
+  int status = 0;                           // 0 when no answer came
+  std::string reason = {};                  // "404 - Not Found", whatever the state
+  std::string movedTo = {};                 // where it answered, if not there
+  std::chrono::seconds certificateEnds{0};  // since 1970-01-01 UTC; 0 when not told
+};
+
+/// The name of a state in files: "fine", "moved", "broken", "unchecked".
+std::string_view nameOf(LinkState state);
+
+/// A certificate that ends within this time is worth telling.
+inline constexpr std::chrono::seconds kCertificateNotice = std::chrono::hours(14 * 24);
+
+/// Two requests at a time go to a host, at most, and their starts are a second apart; hosts do not wait for
+/// each other. Each address is asked once: with HEAD, and where that is refused with GET, whose body is not
+/// read. Redirects are followed, ten at most; each step is a request like any other.
+class LinkCheckRun {
+ public:
+  /// Called for each address that was asked, one at a time, on any thread.
+  using Use = std::function<void(const LinkCheck& check)>;
+
+  /// What is borrowed outlives the run.
+  LinkCheckRun(platform::HttpClient& client, platform::Clock& clock, Use use)
+      : m_client(client), m_clock(clock), m_use(std::move(use)) {}
+
+  /// Blocks until all are asked, or a stop: then those under way are not told.
+  void run(const std::vector<std::string>& addresses, const std::stop_token& stop);
+
+ private:
+  LinkCheck check(const std::string& address,
+                  const std::function<bool(const std::string& address)>& waitForTurn,
+                  const std::stop_token& stop) const;
+
+  platform::HttpClient& m_client;
+  platform::Clock& m_clock;
+  Use m_use;
+};
+
+}  // namespace report
