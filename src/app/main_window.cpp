@@ -93,9 +93,11 @@ void MainWindow::makeControllers() {
   m_scan->setMakeLog([this](const std::string& siteName) {
     return std::make_unique<report::ReportWriter>(m_stateFolder, siteName);
   });
+  m_restore = std::make_unique<ui::RestoreController>(
+      *this, ui::RestoreServices{*m_sheets, m_controls, m_stateFolder, m_state, *m_scan});
   m_scanView = std::make_unique<ui::ScanViewController>(
-      *this,
-      ui::ScanViewParts{*m_sheets, m_controls, m_stateFolder, m_state, *m_siteEditor, *m_scan, *m_filters});
+      *this, ui::ScanViewParts{*m_sheets, m_controls, m_stateFolder, m_state, *m_siteEditor, *m_scan,
+                               *m_filters, *m_restore});
   m_views = std::make_unique<ui::MainViewControl>(*this, *m_sheets, m_controls, m_state);
   m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state, m_passedScripts);
 
@@ -118,6 +120,10 @@ void MainWindow::makeControllers() {
   connect(m_scan.get(), &crawler::ScanController::scanned, m_xmlView.get(),
           &xml_editor::XMLViewController::siteChanged);
   connect(m_scanView.get(), &ui::ScanViewController::report, this, report);
+  connect(m_restore.get(), &ui::RestoreController::report, this, report);
+  connect(m_restore.get(), &ui::RestoreController::restored, this, [this] {
+    if (m_views->returnCurrentView() == ui::brokenLinksView) m_views->showBrokenLinks();
+  });
   connect(m_xmlView.get(), &xml_editor::XMLViewController::report, this, report);
   connect(m_filters.get(), &crawler::FilterController::report, this, report);
   connect(m_scanSettings.get(), &crawler::ScanSettingsController::report, this, report);

@@ -20,6 +20,7 @@
 #include "store/state_folder.h"
 #include "ui/export_controller.h"
 #include "ui/main_view_control.h"
+#include "ui/restore_controller.h"
 #include "ui/scan_view_controller.h"
 #include "xml_editor/xml_view_controller.h"
 
@@ -82,6 +83,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<crawler::FilterController> m_filters;
   std::unique_ptr<crawler::ScanSettingsController> m_scanSettings;
   std::unique_ptr<crawler::ScanController> m_scan;
+  std::unique_ptr<ui::RestoreController> m_restore;
   std::unique_ptr<ui::ScanViewController> m_scanView;
   std::unique_ptr<ui::MainViewControl> m_views;
   std::unique_ptr<html_editor::HTMLViewController> m_htmlView;

@@ -311,6 +311,8 @@ void ScanController::tellEnd(const ScanResult& result) {
                     .arg(toQString(result.pagesKept.error));
   }
   if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
+  if (result.edits.isSetKept)
+    m_notice.add(tr("The edited sitemaps of before are kept. Restore Previous Sitemaps puts them back."));
   for (const std::string& problem : result.sitemapProblems) m_notice.add(toQString(problem));
   if (result.leftOut.mayMissPages()) {
     const QString leftOut = toQString(result.leftOut.sentence());

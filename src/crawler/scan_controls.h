@@ -32,10 +32,10 @@ struct ScanControls {
   QDockWidget& filterDrawer = platform::control<QDockWidget>(window, "filterDrawer");
 
   /// Whatever would bring another site into hand, or change the one that is scanned.
-  std::array<QAction*, 9> lockedActions = {
-      &action("addMI"),       &action("editMI"),         &action("deleteMI"),
-      &action("scanMI"),      &continueScanMI,           &action("filtersMI"),
-      &action("addFilterMI"), &action("ignoreRobotsMI"), &action("scanSettingsMI")};
+  std::array<QAction*, 10> lockedActions = {
+      &action("addMI"),          &action("editMI"),    &action("deleteMI"),    &action("scanMI"),
+      &continueScanMI,           &action("filtersMI"), &action("addFilterMI"), &action("ignoreRobotsMI"),
+      &action("scanSettingsMI"), &action("restoreMI")};
   std::array<QWidget*, 8> lockedWidgets = {&platform::control<QTableView>(window, "siteListTable"),
                                            &platform::control<QLineEdit>(window, "siteSearch"),
                                            &platform::control<QPushButton>(window, "addSiteButton"),

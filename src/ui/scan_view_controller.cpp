@@ -146,6 +146,7 @@ void ScanViewController::connectCommands() {
   whenSaved(m_view.deleteMI, &editor, &AddEditDeleteSitesController::deleteSite);
   whenSaved(m_view.scanMI, &m_parts.scan, &crawler::ScanController::scanSiteAction);
   whenSaved(m_view.continueScanMI, &m_parts.scan, &crawler::ScanController::continueScanAction);
+  whenSaved(m_view.restoreMI, &m_parts.restore, &RestoreController::restoreAction);
   onAction(m_view.openFolderMI, this, [this] { openSiteFolder(); });
   onAction(m_view.filtersMI, this, &ScanViewController::filterAddPanel);
   onAction(m_view.ignoreRobotsMI, this, &ScanViewController::ignoreRobotsAction);
@@ -160,6 +161,11 @@ void ScanViewController::connectCommands() {
     tableViewSelectionDidChange();
   });
   connect(&editor, &AddEditDeleteSitesController::siteNamed, this, &ScanViewController::showSiteAt);
+  connect(this, &ScanViewController::siteInHandChanged, &m_parts.restore, &RestoreController::offer);
+  connect(&m_parts.restore, &RestoreController::restored, this, [this] {
+    m_sites.refresh(m_parts.state.qzvskCurSite);
+    tableViewSelectionDidChange();
+  });
   connect(&m_parts.scan, &crawler::ScanController::scanned, this, [this](const QString& name) {
     m_sites.refresh(toUtf8(name));
     measureColumns();

@@ -18,6 +18,7 @@
 #include "store/shared_state.h"
 #include "store/site_list.h"
 #include "ui/empty_hint.h"
+#include "ui/restore_controller.h"
 #include "ui/scan_view_controls.h"
 #include "ui/site_table_model.h"
 
@@ -32,6 +33,7 @@ struct ScanViewParts {
   store::AddEditDeleteSitesController& siteEditor;
   crawler::ScanController& scan;
   crawler::FilterController& filters;
+  RestoreController& restore;
 };
 
 /// Selecting a site here makes it the site in hand for the whole program. UI thread.

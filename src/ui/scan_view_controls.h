@@ -54,6 +54,7 @@ struct ScanViewControls : crawler::ScanControls {
   QMenu& layoutMenu = platform::control<QMenu>(window, "layoutMenu");
   QAction& continueScanMI = platform::control<QAction>(window, "continueScanMI");
   QAction& scanMI = platform::control<QAction>(window, "scanMI");
+  QAction& restoreMI = platform::control<QAction>(window, "restoreMI");
   QAction& scanSettingsMI = platform::control<QAction>(window, "scanSettingsMI");
   QAction& filtersMI = platform::control<QAction>(window, "filtersMI");
   QAction& addFilterMI = platform::control<QAction>(window, "addFilterMI");

@@ -109,6 +109,48 @@ class ScanWindowTest : public QObject {
     QVERIFY(!continueScan.isEnabled() && !desk.control<QTextEdit>("scanNotice").isVisible());
   }
 
+  void putsEditedSitemapsBack() {
+    const SiteServer server(smallSite());
+    Desk desk;
+    desk.openShop(server.url());
+    auto& restore = desk.control<QAction>("restoreMI");
+    QVERIFY(scan(desk) && !restore.isEnabled());
+    const std::string scanned = desk.file("Shop", "sitemap.xml");
+    std::string edited = scanned;
+    edited.replace(edited.find("0.5"), 3, "0.9");
+    desk.writeFile("Shop", "sitemap.xml", edited);
+    desk.writeFile("Shop", "badLinks.txt", "http://shop.test/1\nhttp://shop.test/2\n");
+    QVERIFY(scan(desk) && restore.isEnabled());
+    QVERIFY(desk.control<QTextEdit>("scanNotice")
+                .toPlainText()
+                .contains(QLatin1String("Restore Previous Sitemaps puts them back.")));
+    const QString question =
+        QStringLiteral("Do you really want to restore the previous sitemaps of \"Shop\"?");
+    const auto priority = [&] {
+      return desk.control<QTableView>("xmlTableView").model()->index(0, 3).data().toString();
+    };
+    desk.go(4);
+    restore.trigger();
+    QVERIFY(answer(message(question), kCancel));
+    QCOMPARE(desk.file("Shop", "sitemap.xml"), scanned);
+    {
+      const platform::FolderLock elsewhere(desk.controls.siteFolder("Shop"));
+      restore.trigger();
+      QVERIFY(answer(message(question), QStringLiteral("Restore")));
+      QVERIFY(answer(message(QStringLiteral("The site \"Shop\" is being scanned.")), kOk));
+    }
+    QCOMPARE(priority(), QStringLiteral("0.5"));
+    // What is shown follows, there and back.
+    for (const bool isEdited : {true, false}) {
+      restore.trigger();
+      QVERIFY(answer(message(question), QStringLiteral("Restore")) && noSheetLeft());
+      QCOMPARE(desk.file("Shop", "sitemap.xml"), isEdited ? edited : scanned);
+      QCOMPARE(priority(), isEdited ? QStringLiteral("0.9") : QStringLiteral("0.5"));
+      QCOMPARE(desk.label("brokenLinks"), isEdited ? QStringLiteral("2") : QStringLiteral("1"));
+      QCOMPARE(desk.status(), QStringLiteral("Restored the previous sitemaps of \"Shop\""));
+    }
+  }
+
   void goesByFiltersAndTheRobotsSwitch() {
     SiteServer::Pages pages = smallSite();
     pages["//robots.txt"] = {"User-agent: *\nDisallow: /private\n", "text/plain"};
