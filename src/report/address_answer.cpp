@@ -1,0 +1,170 @@
+#include "report/address_answer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+
+#include "crawler/exclusions.h"
+#include "crawler/known_endings.h"
+#include "crawler/link_rules.h"
+#include "platform/ascii.h"
+#include "report/figures.h"
+#include "report/left_out_advice.h"
+
+namespace report {
+
+namespace {
+
+using crawler::LinkReason;
+using crawler::PageStanding;
+
+/// What two spellings of an address have in common.
+std::string_view core(std::string_view address) {
+  address = platform::trimmed(address);
+  for (const std::string_view scheme : {"http://", "https://"}) {
+    if (platform::startsWithAnyCase(address, scheme)) address.remove_prefix(scheme.size());
+  }
+  address = address.substr(0, address.find('#'));
+  while (address.ends_with('/')) address.remove_suffix(1);
+  return address;
+}
+
+bool isSame(std::string_view a, std::string_view b) {
+  return core(a) == core(b);
+}
+
+std::string_view hostOf(std::string_view address) {
+  address = core(address);
+  return address.substr(0, address.find('/'));
+}
+
+/// What follows the last dot of the last part of the path; empty where there is none.
+std::string_view endingOf(std::string_view address) {
+  address = core(address);
+  address = address.substr(0, address.find('?'));
+  const std::size_t slash = address.rfind('/');
+  if (slash == std::string_view::npos) return {};
+  const std::size_t dot = address.rfind('.');
+  return dot == std::string_view::npos || dot < slash ? std::string_view() : address.substr(dot);
+}
+
+std::string inQuotes(std::string_view text) {
+  return "\"" + shortened(text) + "\"";
+}
+
+std::string withAdvice(std::string text, LinkReason reason) {
+  const std::string_view advice = adviceFor(reason);
+  if (!advice.empty()) text.append(" ").append(advice);
+  return text;
+}
+
+std::optional<std::string> asVisited(const LatestReport& report, std::string_view typed) {
+  const auto found = std::find_if(report.now.pages.begin(), report.now.pages.end(),
+                                  [&](const Page& page) { return isSame(page.address, typed); });
+  if (found == report.now.pages.end()) return {};
+  std::string text = standingText(*found) + ".";
+  return found->standing == PageStanding::leftOut ? withAdvice(text, found->leftOutBy) : text;
+}
+
+std::optional<std::string> asLeftOut(const LatestReport& report, std::string_view typed) {
+  for (const crawler::LeftOutGroup& group : report.leftOut.groups) {
+    for (const crawler::LeftOutExample& example : group.examples) {
+      if (!isSame(example.address, typed)) continue;
+      const std::string where = example.page.empty() ? "" : " on " + shortened(example.page);
+      return withAdvice("Found" + where + ", but left out " + group.reasonText() + ".", group.reason);
+    }
+  }
+  return {};
+}
+
+std::optional<std::string> asOutside(const LatestReport& report, std::string_view typed) {
+  for (const OutsideAddress& address : report.now.outside) {
+    if (!isSame(address.address, typed)) continue;
+    return "It lies outside of the site: " + counted(address.linkedFrom, "page links", "pages link") +
+           " to it, and sitemaps name pages of the site only.";
+  }
+  const bool isWhole = platform::startsWithAnyCase(platform::trimmed(typed), "http");
+  if (!isWhole || report.now.pages.empty()) return {};
+  const std::string_view host = hostOf(report.now.pages.front().address);
+  if (platform::lowerAscii(hostOf(typed)) == platform::lowerAscii(host)) return {};
+  return "It lies outside of the site, which is all below " + inQuotes(host) + ".";
+}
+
+/// What keeps such an address out, whether the scan met it or not.
+std::optional<std::string> asKeptOut(const LatestReport& report, const std::vector<std::string>& filters,
+                                     std::string_view typed) {
+  if (const auto which = crawler::Exclusions(filters).find(platform::trimmed(typed)))
+    return withAdvice("The filter " + inQuotes(filters[*which]) + " keeps it out.", LinkReason::filter);
+  const std::string_view ending = endingOf(typed);
+  if (ending.empty()) return {};
+  for (const crawler::LeftOutGroup& group : report.leftOut.groups) {
+    if (group.reason != LinkReason::foreignExtension && group.reason != LinkReason::otherType) continue;
+    for (const crawler::LeftOutExample& example : group.examples) {
+      if (endingOf(example.address) != ending) continue;
+      return withAdvice("Addresses that end in " + inQuotes(ending) + " are left out.", group.reason);
+    }
+  }
+  if (crawler::hasKnownOtherEnding(ending))
+    return withAdvice("Addresses that end in " + inQuotes(ending) + " are left out.", LinkReason::otherType);
+  return {};
+}
+
+/// Of what was left out only examples are known by their addresses.
+std::int64_t leftOutUnnamed(const LatestReport& report) {
+  std::int64_t count = 0;
+  for (const crawler::LeftOutGroup& group : report.leftOut.groups) {
+    if (group.mayMissPages())
+      count += std::max<std::int64_t>(0, group.count - static_cast<std::int64_t>(group.examples.size()));
+  }
+  return count;
+}
+
+}  // namespace
+
+std::string standingText(const Page& page) {
+  switch (page.standing) {
+    case PageStanding::listed:
+      return "In the sitemaps";
+    case PageStanding::broken:
+      return "Broken: " + page.brokenReason;
+    case PageStanding::folderListing:
+      return "Left out, as it is a list of files that the server made";
+    case PageStanding::leftOut:
+      break;
+  }
+  switch (page.leftOutBy) {
+    case LinkReason::redirected:
+    case LinkReason::redirectedOutside:
+      return "Left out, as it leads to " + (page.redirectedTo.empty() ? "another page" : page.redirectedTo);
+    case LinkReason::sameAsIndex:
+      return "Left out, as it is its folder's page again";
+    case LinkReason::canonicalElsewhere:
+      return "Left out, as it names another page in its place";
+    case LinkReason::otherType:
+      return "Left out, as it is of another type";
+    case LinkReason::none:
+      return "Left out";
+    default:
+      return "Left out, " + crawler::LeftOutGroup{.reason = page.leftOutBy}.reasonText();
+  }
+}
+
+bool looksLikeAddress(std::string_view typed) {
+  typed = platform::trimmed(typed);
+  return typed.find_first_of(platform::kBlanks) == std::string_view::npos &&
+         typed.find_first_of("/.") != std::string_view::npos;
+}
+
+std::string whyNotListed(const LatestReport& report, const std::vector<std::string>& filters,
+                         std::string_view typed) {
+  if (auto text = asVisited(report, typed)) return *text;
+  if (auto text = asLeftOut(report, typed)) return *text;
+  if (auto text = asOutside(report, typed)) return *text;
+  if (auto text = asKeptOut(report, filters, typed)) return *text;
+  std::string text = "No page of the last complete scan links to it.";
+  if (const std::int64_t unnamed = leftOutUnnamed(report); unnamed > 0)
+    text += " Or it is one of " + grouped(unnamed) + " links that were left out and are only counted.";
+  return text;
+}
+
+}  // namespace report
