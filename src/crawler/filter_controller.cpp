@@ -1,6 +1,7 @@
 #include "crawler/filter_controller.h"
 
 #include <QHeaderView>
+#include <algorithm>
 
 #include "platform/qt_text.h"
 #include "store/filters_file.h"
@@ -60,6 +61,30 @@ void FilterController::addFilterCommand() {
     m_drawer.newFilterInput.clear();
   }
   loadFilterFile();
+}
+
+void FilterController::leaveOut(const QStringList& addresses) {
+  QStringList added;
+  const store::Filters changed = store::changeFilters(m_controls, m_state.qzvskCurSite, [&](auto& filters) {
+    for (const QString& address : addresses) {
+      const std::string text = platform::toUtf8(address);
+      if (text.empty() || std::find(filters.begin(), filters.end(), text) != filters.end()) continue;
+      filters.push_back(text);
+      added.append(address);
+    }
+    return !added.isEmpty();
+  });
+  if (!changed.result.ok()) return tellFailure(tr("The filter could not be saved."), changed.result);
+  loadFilterFile();
+  if (added.isEmpty()) {
+    emit report(tr("There is a filter for that already. The next scan leaves it out."));
+  } else if (added.size() == 1) {
+    emit report(tr("Added the filter %1. The next scan leaves out what has that in its address.")
+                    .arg(platform::shortened(added.first())));
+  } else {
+    emit report(tr("Added %1 filters. The next scan leaves out what has one of them in its address.")
+                    .arg(added.size()));
+  }
 }
 
 void FilterController::deleteFilter() {

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QObject>
 #include <QPushButton>
+#include <QStringList>
 #include <QStringListModel>
 #include <QTableView>
 
@@ -40,6 +41,10 @@ class FilterController : public QObject {
   /// Reads the site's filters into the shared list, and shows them.
   void loadFilterFile();
   void reloadFilterTable();
+
+  /// Adds a filter for each of these addresses that has none of its own yet, and says what the next scan will
+  /// do.
+  void leaveOut(const QStringList& addresses);
 
  signals:
   void report(const QString& sentence);
