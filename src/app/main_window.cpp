@@ -19,8 +19,11 @@
 #include "platform/qt_text.h"
 #include "platform/window_cover.h"
 #include "report/report_writer.h"
+#include "ui/broken_links_controller.h"
 #include "ui/elided_label.h"
 #include "ui/icons.h"
+#include "ui/report_reader.h"
+#include "ui/report_window.h"
 #include "ui/view_forms.h"
 #include "ui_main_window.h"
 
@@ -101,6 +104,7 @@ void MainWindow::makeControllers() {
   m_views = std::make_unique<ui::MainViewControl>(*this, *m_sheets, m_controls, m_state);
   m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state, m_passedScripts);
 
+  makeReport();
   makeHtmlView();
   m_xmlView = std::make_unique<xml_editor::XMLViewController>(*this, *m_sheets, m_controls, m_state);
   connect(m_views.get(), &ui::MainViewControl::viewShown, m_xmlView.get(),
@@ -131,6 +135,37 @@ void MainWindow::makeControllers() {
           &crawler::ScanController::settingsChanged);
   connect(m_export.get(), &ui::ExportController::report, this, report);
   connect(m_export.get(), &ui::ExportController::saveFolderChanged, this, &MainWindow::rememberPlace);
+}
+
+/// What is kept of scans is read by one reader, for the view of broken links and the window of the report.
+void MainWindow::makeReport() {
+  m_reportReader = std::make_unique<ui::ReportReader>(m_stateFolder);
+  m_brokenLinks = std::make_unique<ui::BrokenLinksController>(*this, m_state, *m_reportReader);
+  connect(m_scanView.get(), &ui::ScanViewController::siteInHandChanged, m_reportReader.get(),
+          &ui::ReportReader::follow);
+  connect(m_scan.get(), &crawler::ScanController::scanned, m_reportReader.get(), &ui::ReportReader::readAnew);
+  const auto showBrokenLinks = [this] {
+    if (m_views->returnCurrentView() == ui::brokenLinksView) m_brokenLinks->show();
+  };
+  connect(m_views.get(), &ui::MainViewControl::viewShown, this, showBrokenLinks);
+  connect(m_scan.get(), &crawler::ScanController::scanned, this, showBrokenLinks);
+  connect(m_brokenLinks.get(), &ui::BrokenLinksController::leaveOut, m_filters.get(),
+          &crawler::FilterController::leaveOut);
+  auto* linkingExport = new ui::LinkingExport(*this, *m_sheets, m_stateFolder, m_state);
+  linkingExport->setParent(m_brokenLinks.get());
+  connect(m_brokenLinks.get(), &ui::BrokenLinksController::exportWanted, linkingExport,
+          [this, linkingExport](ui::LinkingExport::Format format) {
+            linkingExport->begin(format, m_export->saveFolder());
+          });
+  connect(linkingExport, &ui::LinkingExport::report, this,
+          [this](const QString& sentence) { say(sentence); });
+  connect(m_ui->scanReportMI, &QAction::triggered, this, &MainWindow::showReport);
+}
+
+void MainWindow::showReport() {
+  if (m_report == nullptr)
+    m_report = std::make_unique<ui::ReportWindow>(*m_reportReader, m_state, m_stateFile);
+  m_report->bringUp();
 }
 
 void MainWindow::makeHtmlView() {
@@ -232,6 +267,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   rememberPlace();
+  if (m_report != nullptr) m_report->close();
   event->accept();
   QApplication::quit();
 }

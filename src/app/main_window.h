@@ -31,6 +31,12 @@ namespace Ui {
 class MainWindow;
 }
 
+namespace ui {
+class BrokenLinksController;
+class ReportReader;
+class ReportWindow;
+}  // namespace ui
+
 namespace app {
 
 /// Closing it ends the program.
@@ -54,6 +60,8 @@ class MainWindow : public QMainWindow {
   void makeControllers();
   void connectMenus();
   void makeHtmlView();
+  void makeReport();
+  void showReport();
   void letScansBeLeft();
   void showSiteInHand();
   void holdBackUnderSheets();
@@ -86,6 +94,9 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<ui::RestoreController> m_restore;
   std::unique_ptr<ui::ScanViewController> m_scanView;
   std::unique_ptr<ui::MainViewControl> m_views;
+  std::unique_ptr<ui::ReportReader> m_reportReader;
+  std::unique_ptr<ui::BrokenLinksController> m_brokenLinks;
+  std::unique_ptr<ui::ReportWindow> m_report;  // once it was asked for
   std::unique_ptr<html_editor::HTMLViewController> m_htmlView;
   std::unique_ptr<xml_editor::XMLViewController> m_xmlView;
   std::unique_ptr<ui::ExportController> m_export;

@@ -3,17 +3,14 @@
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QSysInfo>
 #include <QUrl>
 #include <array>
 
-#include "platform/address_actions.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
 #include "store/working_folder.h"
-#include "ui/sorted_table.h"
 
 namespace ui {
 
@@ -35,7 +32,6 @@ MainViewControl::MainViewControl(QMainWindow& mainWindow, platform::SheetQueue& 
       m_view{mainWindow},
       m_versionString(QSysInfo::productVersion()) {
   connectActions();
-  connectBrokenLinks();
   populateSitePicker();
   m_view.mainViewArea.setCurrentWidget(mainViewsList(scanView));
   changeCurrentView(scanView);
@@ -66,35 +62,6 @@ void MainViewControl::connectActions() {
   onClick(m_view.exportToScanButton, [this] { scanTBIAction(); });
   onClick(m_view.copySitemapLine, [this] { QGuiApplication::clipboard()->setText(m_sitemapLine); });
   onClick(m_view.xmlWindowViewFolder, [this] { m_view.openFolderMI.trigger(); });
-}
-
-void MainViewControl::connectBrokenLinks() {
-  QTableView& table = m_view.badLinkTable;
-  m_sortedBadLinks.setSourceModel(&m_badLinks);
-  m_sortedBadLinks.setSortCaseSensitivity(Qt::CaseInsensitive);
-  table.setModel(&m_sortedBadLinks);
-  sortByHeadings(table);
-  table.verticalHeader()->hide();
-  table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  table.horizontalHeader()->setHighlightSections(false);
-  table.horizontalHeader()->setSectionResizeMode(BrokenLinksModel::urlColumn, QHeaderView::Stretch);
-  table.horizontalHeader()->resizeSection(BrokenLinksModel::reasonColumn,
-                                          table.fontMetrics().averageCharWidth() * 36);
-  platform::addAddressActions(table, [this] { return selectedBrokenUrls(); });
-  connect(&m_view.copyBadLinkButton, &QPushButton::clicked,
-          &control<QAction>(table, platform::kCopySelection), &QAction::trigger);
-  connect(&m_view.openBadLinkButton, &QPushButton::clicked,
-          &control<QAction>(table, platform::kOpenSelection), &QAction::trigger);
-  const auto enable = [this] {
-    const bool any = !selectedBrokenUrls().isEmpty();
-    for (QPushButton* button : {&m_view.copyBadLinkButton, &m_view.openBadLinkButton}) {
-      button->setEnabled(any);
-      button->setToolTip(any ? QString() : tr("Select a page first"));
-    }
-  };
-  connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this, enable);
-  connect(&m_badLinks, &QAbstractItemModel::modelReset, this, enable);
-  enable();
 }
 
 QWidget* MainViewControl::mainViewsList(int number) const {
@@ -158,17 +125,6 @@ void MainViewControl::uploadTBIAction() {
 
 void MainViewControl::showBrokenLinks() {
   switchTo(brokenLinksView, AbandonEdits::no);
-  std::vector<store::BrokenPage> pages;
-  for (std::size_t i = 0; i < m_state.qzvskBadLinkArray.size(); ++i) {
-    const bool known = i < m_state.qzvskBadLinkReasonArray.size();
-    pages.push_back(
-        {m_state.qzvskBadLinkArray[i], known ? m_state.qzvskBadLinkReasonArray[i] : std::string()});
-  }
-  m_view.badLinkLabel.setText(m_state.qzvskCurSite.empty()
-                                  ? tr("Select a site to see the broken pages of its last scan.")
-                              : pages.empty() ? tr("No broken pages are known.")
-                                              : tr("Broken &pages of the last scan"));
-  m_badLinks.setPages(std::move(pages));
 }
 
 /// The order matters: an edit that was begun is dropped before its document is offered for saving, and the
@@ -249,15 +205,6 @@ void MainViewControl::populateSitePicker() {
 
 void MainViewControl::reportProblem() const {
   QDesktopServices::openUrl(QUrl(QStringLiteral(VESKEL_SUPPORT_PAGE)));
-}
-
-QStringList MainViewControl::selectedBrokenUrls() const {
-  QStringList urls;
-  for (const QModelIndex& row :
-       m_view.badLinkTable.selectionModel()->selectedRows(BrokenLinksModel::urlColumn)) {
-    urls.append(row.data().toString());
-  }
-  return urls;
 }
 
 }  // namespace ui

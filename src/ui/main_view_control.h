@@ -3,7 +3,6 @@
 
 #include <QMainWindow>
 #include <QObject>
-#include <QSortFilterProxyModel>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -11,7 +10,6 @@
 #include "platform/sheet_queue.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
-#include "ui/broken_links_model.h"
 #include "ui/main_view_controls.h"
 
 namespace ui {
@@ -19,7 +17,7 @@ namespace ui {
 /// Numbers of the views, the same for all that switch them.
 enum View { scanView = 1, htmlView, htmlEditorView, xmlView, exportView, uploadView, brokenLinksView };
 
-/// Owns the switch of views and what belongs to no other controller: site picker, upload text, broken links.
+/// Owns the switch of views and what belongs to no other controller: site picker, upload text.
 /// UI thread.
 class MainViewControl : public QObject {
   Q_OBJECT
@@ -66,7 +64,6 @@ class MainViewControl : public QObject {
   enum class AbandonEdits { yes, no };
 
   void connectActions();
-  void connectBrokenLinks();
   void switchTo(int number, AbandonEdits abandon);
   void switchToSitemap(View view);
   void clearLinkEdits();
@@ -75,7 +72,6 @@ class MainViewControl : public QObject {
   bool needsSite(const QString& message);
   void closeFilterDrawer();
   void markCurrentView();
-  QStringList selectedBrokenUrls() const;
 
   QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
@@ -84,9 +80,7 @@ class MainViewControl : public QObject {
   MainViewControls m_view;
   std::function<void()> m_checkSave;
   QStringList m_sitePickerPopUpArray;
-  QString m_sitemapLine;  // of the upload view
-  BrokenLinksModel m_badLinks;
-  QSortFilterProxyModel m_sortedBadLinks;
+  QString m_sitemapLine;    // of the upload view
   QString m_versionString;  // of the operating system, empty where unknown; for diagnostics, nothing reads it
 };
 

@@ -5,12 +5,10 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDockWidget>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTableView>
 #include <array>
 
 #include "platform/named_controls.h"
@@ -52,11 +50,7 @@ struct MainViewControls {
   QPushButton& copySitemapLine = button("copySitemapLine");
 
   // Broken links
-  QLabel& badLinkLabel = platform::control<QLabel>(window, "badLinkLabel");
-  QTableView& badLinkTable = platform::control<QTableView>(window, "badLinkTable");
   QPushButton& backToScanButton = button("backToScanButton");
-  QPushButton& copyBadLinkButton = button("copyBadLinkButton");
-  QPushButton& openBadLinkButton = button("openBadLinkButton");
 
   QWidget& page(const char* name) const { return platform::control<QWidget>(window, name); }
   QAction& action(const char* name) const { return platform::control<QAction>(window, name); }

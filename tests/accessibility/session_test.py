@@ -57,10 +57,10 @@ class Place:
     def __init__(self, root):
         self.root = root
 
-    def find(self, role, name):
+    def find(self, role, name, anywhere=False):
         def look():
             for node in descendants(self.root):
-                if node.getRoleName() == role and node.name == name and showing(node):
+                if node.getRoleName() == role and node.name == name and (anywhere or showing(node)):
                     return node
             return None
 
@@ -115,6 +115,27 @@ def find_application(pid):
     return None
 
 
+def read_report(window, pid):
+    window.find("menu item", "Scan Report", anywhere=True).queryAction().doAction(0)
+
+    def look():
+        application = find_application(pid)
+        frames = [application.getChildAtIndex(i) for i in range(application.childCount)]
+        return next((frame for frame in frames if frame.name == "Report of Mill"), None)
+
+    report = Place(wait_for("the report", look))
+    for tab, table in (("Broken", "Broken pages"), ("Pages", "Pages"), ("Outside Links", "Outside links")):
+        def select(title=tab):
+            for node in descendants(report.root):
+                if node.getRoleName() == "page tab" and node.name.startswith(title):
+                    return node.queryAction().doAction(0) or True
+            return None
+
+        wait_for(f'tab "{tab}"', select)
+        report.find("table", table)
+    report.type("Search", "tickets")
+
+
 def run(program, url):
     started = subprocess.Popen([program])
     try:
@@ -148,6 +169,7 @@ def run(program, url):
         }
         for name, expected in counts.items():
             wait_for(f"{name}: {expected}", lambda n=name, e=expected: labelled(window, n) == e)
+        read_report(window, started.pid)
         window.toggle("check box", "Style")
         window.toggle("check box", "Bold page links")
         wait_for("something to save", lambda: window.find("push button", "Save Changes").getState().contains(

@@ -1,0 +1,279 @@
+#include "ui/report_rows.h"
+
+#include <QObject>
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <utility>
+
+#include "report/address_answer.h"
+
+namespace ui {
+
+using Kind = ReportColumn::Kind;
+using crawler::PageStanding;
+using report::LatestReport;
+using report::Page;
+
+namespace {
+
+QString tr(const char* text) {
+  return QObject::tr(text);
+}
+
+std::string shortStanding(const Page& page) {
+  switch (page.standing) {
+    case PageStanding::listed:
+      return "Yes";
+    case PageStanding::broken:
+      return "Broken";
+    case PageStanding::leftOut:
+    case PageStanding::folderListing:
+      return "Left out";
+  }
+  return {};
+}
+
+ReportCell textCell(std::string text) {
+  return {.text = std::move(text)};
+}
+
+ReportCell numberCell(std::int64_t number) {
+  return {.number = number};
+}
+
+/// "404 - Not Found" without its number, which has a column of its own.
+std::string phraseOf(const Page& page) {
+  const std::size_t dash = page.brokenReason.find(" - ");
+  return dash == std::string::npos ? page.brokenReason : page.brokenReason.substr(dash + 3);
+}
+
+std::size_t rowOf(const LatestReport& report, const Page* page) {
+  return static_cast<std::size_t>(page - report.now.pages.data());
+}
+
+std::shared_ptr<const std::vector<std::size_t>> rowsOf(const LatestReport& report,
+                                                       const std::vector<const Page*>& pages) {
+  auto rows = std::make_shared<std::vector<std::size_t>>();
+  for (const Page* page : pages) rows->push_back(rowOf(report, page));
+  return rows;
+}
+
+struct ChangeKind {
+  const char* name;
+  const char* plural;
+  std::vector<report::PageChange> report::Changes::*pages;
+};
+
+constexpr std::array kChangeKinds = {
+    ChangeKind{QT_TRANSLATE_NOOP("QObject", "Newly broken"), QT_TRANSLATE_NOOP("QObject", "Newly broken"),
+               &report::Changes::newlyBroken},
+    ChangeKind{QT_TRANSLATE_NOOP("QObject", "Repaired"), QT_TRANSLATE_NOOP("QObject", "Repaired"),
+               &report::Changes::repaired},
+    ChangeKind{QT_TRANSLATE_NOOP("QObject", "New"), QT_TRANSLATE_NOOP("QObject", "New pages"),
+               &report::Changes::added},
+    ChangeKind{QT_TRANSLATE_NOOP("QObject", "Gone"), QT_TRANSLATE_NOOP("QObject", "Gone pages"),
+               &report::Changes::gone},
+    ChangeKind{QT_TRANSLATE_NOOP("QObject", "Renamed"), QT_TRANSLATE_NOOP("QObject", "Renamed pages"),
+               &report::Changes::renamed}};
+
+/// The kind of the change in a row, and the change.
+std::pair<const ChangeKind&, const report::PageChange&> kindAt(const report::Changes& changes,
+                                                               std::size_t row) {
+  for (const ChangeKind& kind : kChangeKinds) {
+    const auto& pages = changes.*kind.pages;
+    if (row < pages.size()) return {kind, pages[row]};
+    row -= pages.size();
+  }
+  qFatal("There is no such change");
+}
+
+std::size_t changeCount(const report::Changes& changes) {
+  std::size_t count = 0;
+  for (const ChangeKind& kind : kChangeKinds) count += (changes.*kind.pages).size();
+  return count;
+}
+
+}  // namespace
+
+std::vector<ReportColumn> brokenColumns() {
+  return {{tr("Address"), Kind::address},
+          {tr("Status"), Kind::code},
+          {.heading = tr("Reason"), .letters = 30},
+          {tr("Linked From"), Kind::number}};
+}
+
+void showBrokenPages(ReportModel& model, std::shared_ptr<const LatestReport> report) {
+  const LatestReport& all = *report;
+  const auto cells = [&all](std::size_t row, int column) {
+    const Page& page = *all.broken[row];
+    switch (column) {
+      case 0:
+        return textCell(page.address);
+      case 1:
+        return numberCell(page.status);
+      case 2:
+        return textCell(phraseOf(page));
+      default:
+        return numberCell(page.linkedFrom);
+    }
+  };
+  model.setRows(all.broken.size(), cells, std::move(report));
+}
+
+std::vector<ReportColumn> pageColumns() {
+  return {{tr("Address"), Kind::address},
+          {.heading = tr("Title"), .letters = 36},
+          {tr("In the Sitemaps")},
+          {tr("Status"), Kind::code, true},
+          {tr("Type"), Kind::text, true, 14},
+          {tr("Bytes"), Kind::number},
+          {tr("Milliseconds"), Kind::number},
+          {tr("Level"), Kind::number, true},
+          {tr("Linked From"), Kind::number},
+          {tr("Last Modified"), Kind::text, true, 34},
+          {tr("Leads To"), Kind::text, true, 36}};
+}
+
+void showPages(ReportModel& model, std::shared_ptr<const LatestReport> report) {
+  const LatestReport& all = *report;
+  const auto cells = [&all](std::size_t row, int column) {
+    const Page& page = all.now.pages[row];
+    switch (column) {
+      case 0:
+        return textCell(page.address);
+      case 1:
+        return textCell(page.title);
+      case 2:
+        return textCell(shortStanding(page));
+      case 3:
+        return numberCell(page.status);
+      case 4:
+        return textCell(page.type);
+      case 5:
+        return numberCell(page.bytes);
+      case 6:
+        return numberCell(page.time.count());
+      case 7:
+        return numberCell(page.level);
+      case 8:
+        return numberCell(page.linkedFrom);
+      case 9:
+        return textCell(page.modified);
+      default:
+        return textCell(page.redirectedTo);
+    }
+  };
+  model.setRows(all.now.pages.size(), cells, std::move(report));
+}
+
+std::vector<RowChoice> pageChoices(const LatestReport& report) {
+  std::vector<const Page*> sharing;
+  for (const report::SharedTitle& title : report.summary.sharedTitles)
+    sharing.insert(sharing.end(), title.pages.begin(), title.pages.end());
+  std::vector<const Page*> leftOut;
+  for (const Page& page : report.now.pages) {
+    if (page.standing == PageStanding::leftOut || page.standing == PageStanding::folderListing)
+      leftOut.push_back(&page);
+  }
+  const report::Summary& summary = report.summary;
+  return {{tr("All pages"), nullptr},
+          {tr("Titles that several pages share"), rowsOf(report, sharing)},
+          {tr("Missing titles"), rowsOf(report, summary.untitled)},
+          {tr("Slowest"), rowsOf(report, summary.slowest)},
+          {tr("Largest"), rowsOf(report, summary.largest)},
+          {tr("No page links to it"), rowsOf(report, summary.unlinked)},
+          {tr("Left out"), rowsOf(report, leftOut)}};
+}
+
+std::vector<ReportColumn> outsideColumns() {
+  return {{tr("Address"), Kind::address}, {tr("Linked From"), Kind::number}};
+}
+
+void showOutside(ReportModel& model, std::shared_ptr<const LatestReport> report) {
+  const LatestReport& all = *report;
+  const auto cells = [&all](std::size_t row, int column) {
+    const report::OutsideAddress& address = all.now.outside[row];
+    return column == 0 ? textCell(address.address) : numberCell(address.linkedFrom);
+  };
+  model.setRows(all.now.outside.size(), cells, std::move(report));
+}
+
+std::vector<ReportColumn> leftOutColumns() {
+  return {{tr("Reason")}, {tr("Pages May Be Missing")}, {tr("Count"), Kind::number}};
+}
+
+void showLeftOut(ReportModel& model, std::shared_ptr<const LatestReport> report) {
+  const LatestReport& all = *report;
+  const auto cells = [&all](std::size_t row, int column) {
+    const crawler::LeftOutGroup& group = all.leftOut.groups[row];
+    if (column == 2) return numberCell(group.count);
+    if (column == 1) return textCell(group.mayMissPages() ? "Yes" : "No");
+    std::string reason = group.reasonText(group.count);
+    if (!reason.empty() && reason[0] >= 'a' && reason[0] <= 'z')
+      reason[0] = static_cast<char>(reason[0] - 'a' + 'A');
+    return textCell(std::move(reason));
+  };
+  model.setRows(all.leftOut.groups.size(), cells, std::move(report));
+}
+
+std::vector<ReportColumn> exampleColumns() {
+  return {{tr("Example"), Kind::address}, {.heading = tr("Stands On"), .letters = 56}};
+}
+
+void showExamples(ReportModel& model, std::shared_ptr<const LatestReport> report, std::size_t group) {
+  const std::vector<crawler::LeftOutExample>& examples = report->leftOut.groups[group].examples;
+  model.setRows(
+      examples.size(),
+      [&examples](std::size_t row, int column) {
+        return textCell(column == 0 ? examples[row].address : examples[row].page);
+      },
+      std::move(report));
+}
+
+std::vector<ReportColumn> changeColumns() {
+  return {{.heading = tr("Change"), .letters = 16},
+          {tr("Address"), Kind::address},
+          {.heading = tr("Title"), .letters = 30},
+          {.heading = tr("Before"), .letters = 30}};
+}
+
+void showChanges(ReportModel& model, std::shared_ptr<const ComparedScans> compared) {
+  const report::Changes& changes = compared->changes;
+  const auto cells = [&changes](std::size_t row, int column) {
+    const auto& [kind, change] = kindAt(changes, row);
+    switch (column) {
+      case 0:
+        return textCell(kind.name);
+      case 1:
+        return textCell(change.page().address);
+      case 2:
+        return textCell(change.now == nullptr                          ? std::string()
+                        : change.now->standing == PageStanding::broken ? change.now->brokenReason
+                                                                       : change.now->title);
+      default:
+        return textCell(change.before == nullptr                          ? std::string()
+                        : change.before->standing == PageStanding::broken ? change.before->brokenReason
+                                                                          : change.before->title);
+    }
+  };
+  model.setRows(changeCount(changes), cells, std::move(compared));
+}
+
+const report::PageChange& changeAt(const report::Changes& changes, std::size_t row) {
+  return kindAt(changes, row).second;
+}
+
+std::vector<RowChoice> changeChoices(const report::Changes& changes) {
+  std::vector<RowChoice> choices = {{tr("All changes"), nullptr}};
+  std::size_t first = 0;
+  for (const ChangeKind& kind : kChangeKinds) {
+    auto rows = std::make_shared<std::vector<std::size_t>>((changes.*kind.pages).size());
+    std::iota(rows->begin(), rows->end(), first);
+    first += rows->size();
+    choices.emplace_back(tr(kind.plural), std::move(rows));
+  }
+  return choices;
+}
+
+}  // namespace ui

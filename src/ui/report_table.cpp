@@ -1,0 +1,114 @@
+#include "ui/report_table.h"
+
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <utility>
+
+#include "platform/address_actions.h"
+#include "platform/named_controls.h"
+#include "ui/sorted_table.h"
+
+namespace ui {
+
+namespace {
+
+constexpr int kLeastAddressLetters = 16;
+
+/// Addresses lose their middle, which tells least, and other texts their end.
+class ReportDelegate : public QStyledItemDelegate {
+ public:
+  ReportDelegate(const ReportModel& model, QObject* parent) : QStyledItemDelegate(parent), m_model(model) {}
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() != m_model.addressColumn()) option->textElideMode = Qt::ElideRight;
+  }
+
+ private:
+  const ReportModel& m_model;
+};
+
+void fitColumns(QTableView& table, const ReportModel& model) {
+  QHeaderView& header = *table.horizontalHeader();
+  const int letter = table.fontMetrics().averageCharWidth();
+  header.setMinimumSectionSize(4 * letter);
+  for (int i = 0; i < model.columnCount(); ++i) {
+    const ReportColumn& column = model.columns()[static_cast<std::size_t>(i)];
+    header.resizeSection(i, std::max(header.sectionSizeHint(i) + letter, column.letters * letter));
+    header.setSectionHidden(i, column.isHiddenAtFirst);
+  }
+  const int wide = std::max(0, model.addressColumn());
+  header.setSectionResizeMode(wide, QHeaderView::Stretch);
+  header.resizeSection(wide, kLeastAddressLetters * letter);
+}
+
+}  // namespace
+
+void setUpReportTable(QTableView& table, ReportModel& model) {
+  table.setModel(&model);
+  table.setItemDelegate(new ReportDelegate(model, &table));
+  sortByHeadings(table);
+  table.setSelectionBehavior(QAbstractItemView::SelectRows);
+  table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table.setShowGrid(false);
+  table.setAlternatingRowColors(true);
+  table.setWordWrap(false);
+  table.setTextElideMode(Qt::ElideMiddle);
+  table.setTabKeyNavigation(false);
+  table.verticalHeader()->hide();
+  table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() * 3 / 2);
+  table.horizontalHeader()->setHighlightSections(false);
+  fitColumns(table, model);
+  platform::addAddressActions(table, [&table, &model] { return selectedAddresses(table, model); });
+  auto& copy = platform::control<QAction>(table, platform::kCopySelection);
+  copy.setShortcut(QKeySequence::Copy);
+  copy.setShortcutContext(Qt::WidgetShortcut);
+  if (model.addressColumn() >= 0) return;
+  copy.setText(QObject::tr("&Copy"));
+  table.removeAction(&platform::control<QAction>(table, platform::kOpenSelection));
+}
+
+QStringList selectedAddresses(const QTableView& table, const ReportModel& model) {
+  const int column = std::max(0, model.addressColumn());
+  QList<int> places;
+  for (const QModelIndex& index : table.selectionModel()->selectedRows(column)) places.append(index.row());
+  std::sort(places.begin(), places.end());
+  QStringList texts;
+  for (const int place : places) texts.append(model.textAt(model.rowAt(place), column));
+  return texts;
+}
+
+QAction& addRowAction(QTableView& table, const QString& text) {
+  auto* action = new QAction(text, &table);
+  action->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+  action->setShortcutContext(Qt::WidgetShortcut);
+  table.addAction(action);
+  QObject::connect(&table, &QTableView::doubleClicked, action, [action] { action->trigger(); });
+  const auto enable = [&table, action] { action->setEnabled(table.selectionModel()->hasSelection()); };
+  QObject::connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, action, enable);
+  QObject::connect(table.model(), &QAbstractItemModel::modelReset, action, enable);
+  enable();
+  return *action;
+}
+
+std::vector<ReportColumn> linkingColumns() {
+  return {{QObject::tr("Page"), ReportColumn::Kind::address},
+          {.heading = QObject::tr("Text of the Link"), .letters = 44}};
+}
+
+void showLinks(ReportModel& model, std::shared_ptr<const std::vector<report::LinkingPage>> links) {
+  const std::size_t count = links == nullptr ? 0 : links->size();
+  const auto* all = links.get();
+  model.setRows(
+      count,
+      [all](std::size_t row, int column) {
+        return ReportCell{column == 0 ? (*all)[row].address : (*all)[row].name};
+      },
+      std::move(links));
+}
+
+}  // namespace ui
