@@ -106,7 +106,8 @@ void MainWindow::makeControllers() {
 
   makeReport();
   makeHtmlView();
-  m_xmlView = std::make_unique<xml_editor::XMLViewController>(*this, *m_sheets, m_controls, m_state);
+  m_xmlView =
+      std::make_unique<xml_editor::XMLViewController>(*this, *m_sheets, m_controls, m_stateFolder, m_state);
   connect(m_views.get(), &ui::MainViewControl::viewShown, m_xmlView.get(),
           &xml_editor::XMLViewController::viewTBIAction);
   connect(m_scanView.get(), &ui::ScanViewController::qzvskLFF, m_xmlView.get(),

@@ -91,6 +91,12 @@ constexpr const char* valueName(const store::Lines&) {
 
 constexpr const char* kKeepPassword = "and keep it in the desktop's secret service";
 
+/// A choice between no and yes: its option alone means yes.
+bool isSwitch(const store::SettingField& field) {
+  const auto* choice = std::get_if<store::Choice>(&field.value);
+  return choice != nullptr && choice->options[1].name == "yes";
+}
+
 bool isRepeatable(const store::SettingField& field) {
   return std::holds_alternative<store::Lines>(field.value);
 }
@@ -103,7 +109,9 @@ std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
       store::SiteSettings settings;
       return field.setText(settings, text);
     };
-    const char* name = std::visit([](const auto& kind) { return valueName(kind); }, field.value);
+    const char* name = isSwitch(field)
+                           ? "[yes|no]"
+                           : std::visit([](const auto& kind) { return valueName(kind); }, field.value);
     std::string help = std::string(field.help) + ": " + field.allowed();
     for (const std::string& text : field.texts({})) {
       if (!text.empty()) help += " [" + text + "]";
@@ -111,6 +119,7 @@ std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
     if (isRepeatable(field)) help += "; to be given once for each, or '' for none";
     auto* option = addText(command, "--" + std::string(field.key), name, help);
     option->check(CLI::Validator(check, ""));
+    if (isSwitch(field)) option->expected(0, 1);
     if (isRepeatable(field)) option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     options.emplace_back(&field, option);
   }
@@ -121,7 +130,7 @@ std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
         given.push_back({field, ""});  // in place of those that the site has
         for (const std::string& text : option->results()) given.push_back({field, text});
       } else if (auto text = givenText(option)) {
-        given.push_back({field, *std::move(text)});
+        given.push_back({field, isSwitch(*field) && text->empty() ? "yes" : *std::move(text)});
       }
     }
     return given;
@@ -345,7 +354,8 @@ void addCheckLinksCommand(CLI::App& app, Command& chosen) {
   command->add_flag("--again", options->again, "Ask all of them again, also where a check was stopped");
   command->add_flag("--json", *json, "Print a JSON array with one object an address");
   command->footer(
-      "Asks the addresses that the last complete scan met, each once, at most one a second at each host. What "
+      "Asks the addresses that the last complete scan met, each once, at most one a second at each host. "
+      "What "
       "the host would not say (403, 429) is no broken link.\n\n"
       "Example:\n  veskel-cli check-links shop --resources");
   command->callback([options, json, &chosen] {

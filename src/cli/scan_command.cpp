@@ -222,6 +222,11 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
     printSummary(context, result, seconds);
     if (changes) printLines(changes->text);
   }
+  const int values = result.edits.valuesTakenOver;
+  if (values > 0 && options.progress != ProgressStyle::json) {
+    std::cout << "Taken over from the sitemap before: " << values
+              << (values == 1 ? " edited value\n" : " edited values\n");
+  }
   if (result.edits.isSetKept && options.progress != ProgressStyle::json) {
     std::cout << "The edited sitemaps of before are kept. To put them back: veskel-cli restore \""
               << printable(result.siteName) << "\"\n";

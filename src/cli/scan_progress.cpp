@@ -188,6 +188,7 @@ void JsonView::scanFinished(const crawler::ScanResult& result) {
                 {"brokenLinks", result.progress.brokenLinks},
                 {"totalLinks", result.statistics.totalLinks},
                 {"seconds", std::round(secondsSince(m_started) * 1000) / 1000}};
+  if (result.edits.valuesTakenOver > 0) event["valuesTakenOver"] = result.edits.valuesTakenOver;
   if (result.edits.isSetKept) event["formerSitemapsKept"] = true;
   if (!result.unreachableReason.empty()) event["errorCode"] = result.unreachableReason;
   if (!result.refusal.empty()) event["refusal"] = result.refusal;

@@ -311,6 +311,10 @@ void ScanController::tellEnd(const ScanResult& result) {
                     .arg(toQString(result.pagesKept.error));
   }
   if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
+  if (result.edits.valuesTakenOver > 0)
+    sentence += result.edits.valuesTakenOver == 1
+                    ? tr(". 1 edited value was taken over")
+                    : tr(". %1 edited values were taken over").arg(result.edits.valuesTakenOver);
   if (result.edits.isSetKept)
     m_notice.add(tr("The edited sitemaps of before are kept. Restore Previous Sitemaps puts them back."));
   for (const std::string& problem : result.sitemapProblems) m_notice.add(toQString(problem));

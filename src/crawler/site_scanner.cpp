@@ -59,7 +59,7 @@ SiteScanner::SiteScanner(const ScanServices& services, ScanSettings settings)
     : m_services(services),
       m_settings(std::move(settings)),
       m_documents(services.controls.siteFolder(m_settings.siteName)),
-      m_edits(services.controls, services.state, m_settings.siteName),
+      m_edits(services.controls, services.state, m_settings.siteName, m_settings.site.values),
       m_dates(m_settings.dateStyle),
       m_pages(services.pages,
               services.state != nullptr
@@ -118,7 +118,8 @@ void SiteScanner::scan() {
     extractLinksFromPage();
   });
   if (m_hasDocuments && m_result.hasCounts()) scanFinished();
-  attempt([this] { m_edits.scanEnded(); });
+  using Ended = sitemaps::EditKeeper::Ended;
+  attempt([this] { m_edits.scanEnded(m_result.end == ScanEnd::complete ? Ended::complete : Ended::early); });
   m_result.edits = m_edits.edits();
 }
 
@@ -468,6 +469,10 @@ void SiteScanner::scanFinished() {
   attempt([this] {
     m_documents.finish();
     m_result.documentsClosed = true;
+    if (m_documents.problems().empty()) {
+      note(m_services.controls.siteFolder(m_settings.siteName) / sitemaps::kXmlSitemapFile,
+           m_edits.takeOverValues());
+    }
   });
   attempt([this] {
     if (m_services.log != nullptr) m_services.log->scanEnded(m_result);

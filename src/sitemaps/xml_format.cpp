@@ -83,7 +83,11 @@ std::string xmlEntry(std::string_view url, std::string_view lastModified) {
   entry += escapeXml(asXmlAddress(url));
   entry += "</loc>\n\t\t<lastmod>";
   entry += lastModified;
-  entry += "</lastmod>\n\t\t<changefreq>monthly</changefreq>\n\t\t<priority>0.5</priority>\n\t</url>";
+  entry += "</lastmod>\n\t\t<changefreq>";
+  entry += kNewFrequency;
+  entry += "</changefreq>\n\t\t<priority>";
+  entry += kNewPriority;
+  entry += "</priority>\n\t</url>";
   return entry;
 }
 

@@ -17,9 +17,13 @@ inline constexpr std::string_view kXmlClosing = "\n</urlset>";
 /// `text` with the five predefined entities of XML; entities that stand in it already are escaped again.
 std::string escapeXml(std::string_view text);
 
+/// What every new entry says of how often its page changes, and how much it matters in its site.
+inline constexpr std::string_view kNewFrequency = "monthly";
+inline constexpr std::string_view kNewPriority = "0.5";
+
 /// One page's entry. Characters that XML cannot hold, and bytes that are no text, are percent-encoded in the
-/// address. `lastModified` is "YYYY-MM-DD" or empty, which leaves an empty element. Frequency and
-/// priority of a new entry are always "monthly" and "0.5"; the user changes them later.
+/// address. `lastModified` is "YYYY-MM-DD" or empty, which leaves an empty element. The user
+/// changes frequency and priority later.
 std::string xmlEntry(std::string_view url, std::string_view lastModified);
 
 }  // namespace sitemaps

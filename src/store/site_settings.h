@@ -37,10 +37,17 @@ enum class OwnSitemaps {
   scanned,  // the pages that they name are scanned, too
 };
 
+/// What becomes of change frequencies and priorities that were edited, when a scan writes the entries anew.
+enum class EditedValues {
+  dropped,
+  takenOver,  // they go into the new entries of the same addresses
+};
+
 /// A value, with the defaults of a new site.
 struct SiteSettings {
   LinkStyle links = LinkStyle::simple;
   OwnSitemaps sitemaps = OwnSitemaps::passedOver;
+  EditedValues values = EditedValues::dropped;
   int maxPages = 0;     // a scan stops as if cancelled after so many; 0: no limit
   int levels = 0;       // the most links from the start page to one that is scanned; 0: no limit
   int connections = 6;  // pages fetched at the same time
@@ -128,6 +135,9 @@ constexpr std::string_view nameOf(LinkStyle links) {
 inline constexpr std::array kOwnSitemaps = {Choice::Option{"no", "Passed over"},
                                             Choice::Option{"yes", "Their pages are scanned, too"}};
 
+inline constexpr std::array kEditedValues = {Choice::Option{"no", "Dropped"},
+                                             Choice::Option{"yes", "Taken over"}};
+
 inline constexpr SettingField kLinksSetting = {
     .key = "links",
     .caption = "&Links",
@@ -141,6 +151,11 @@ inline constexpr std::array kSiteSettings = {
                  .caption = "Its &sitemaps",
                  .help = "The sitemaps that the site has already may name pages to which no link leads",
                  .value = Choice::of<&SiteSettings::sitemaps>(kOwnSitemaps)},
+    SettingField{.key = "keep-values",
+                 .caption = "&Edited values",
+                 .help = "Change frequencies and priorities that were edited go into the new entries of the "
+                         "same addresses",
+                 .value = Choice::of<&SiteSettings::values>(kEditedValues)},
     SettingField{.key = "max-pages",
                  .caption = "Most &pages",
                  .help = "A scan stops after so many pages",

@@ -94,6 +94,23 @@ Change XmlSitemap::remove(std::size_t row) {
   return change;
 }
 
+TakenOver XmlSitemap::takeOver(const sitemaps::EditedValues& values) {
+  TakenOver taken;
+  std::vector<std::pair<std::size_t, std::string>> former;
+  for (std::size_t row = 0; row < m_rows.size(); ++row) {
+    std::string text = m_rows[row];
+    const int count = values.putInto(text);
+    if (count == 0) continue;
+    taken.count += count;
+    former.emplace_back(row, std::exchange(m_rows[row], std::move(text)));
+  }
+  if (taken.count > 0) taken.change = updateXmlFile();
+  if (taken.change.saved()) return taken;
+  for (auto& [row, text] : former) m_rows[row] = std::move(text);
+  taken.count = 0;
+  return taken;
+}
+
 /// Nobody's work is overwritten: neither that of a scan that is under way nor that of another program.
 Change XmlSitemap::updateXmlFile() {
   SitemapText sitemap = sitemapText(m_rows);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "sitemaps/edited_values.h"
 #include "sitemaps/row_text.h"
 
 namespace xml_editor {
@@ -66,6 +67,12 @@ struct [[nodiscard]] Change {
   Question question() const { return status == ChangeStatus::outdated ? Question::readAnew : Question::none; }
 };
 
+/// How taking values over went. Where there are none nothing is written.
+struct [[nodiscard]] TakenOver {
+  Change change = {};
+  int count = 0;  // of values
+};
+
 /// There is no state that is not saved: each change is on disk when its call returns. One thread at a time.
 class XmlSitemap {
  public:
@@ -90,6 +97,8 @@ class XmlSitemap {
   /// A value chosen in a menu: it is not checked.
   Change choose(std::size_t row, Field field, std::string_view value);
   Change remove(std::size_t row);
+  /// Values that were edited in another sitemap, for all entries at once.
+  TakenOver takeOver(const sitemaps::EditedValues& values);
 
  private:
   Change replaceRow(std::size_t row, std::string text);

@@ -48,6 +48,19 @@ void XmlTableModel::remove(int row) {
   emit saved();
 }
 
+std::optional<int> XmlTableModel::takeOver(const sitemaps::EditedValues& values) {
+  const TakenOver taken = m_sitemap.takeOver(values);
+  if (!taken.change.saved()) {
+    emit notSaved(taken.change);
+    return {};
+  }
+  if (taken.count > 0) {
+    emit dataChanged(index(0, 0), index(rowCount() - 1, kColumns - 1));
+    emit saved();
+  }
+  return taken.count;
+}
+
 bool XmlTableModel::finish(const Change& change, int row) {
   if (!change.saved()) {
     emit notSaved(change);

@@ -3,6 +3,7 @@
 
 #include <QAbstractTableModel>
 #include <filesystem>
+#include <optional>
 
 #include "xml_editor/xml_sitemap.h"
 
@@ -22,6 +23,9 @@ class XmlTableModel : public QAbstractTableModel {
   /// The choice of a menu for an entry, and an entry's end. The signals tell how it went.
   void choose(int row, Field field, std::string_view value);
   void remove(int row);
+  /// Values that were edited in another sitemap; their number, also when there are none. Nothing when they
+  /// could not be written.
+  std::optional<int> takeOver(const sitemaps::EditedValues& values);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

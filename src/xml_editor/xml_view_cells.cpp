@@ -102,7 +102,7 @@ void XMLViewController::buildContextMenu() {
       {&edit, m_view.chFreqMenu.menuAction(), m_view.prMenu.menuAction(), separator()});
   platform::addAddressActions(
       m_view.xmlTableView, [this] { return selectedRow() < 0 ? QStringList() : QStringList(selectedUrl()); });
-  m_view.xmlTableView.addActions({separator(), &remove});
+  m_view.xmlTableView.addActions({separator(), &m_view.takeOverMI, separator(), &remove});
   connect(&edit, &QAction::triggered, this, &XMLViewController::editCell);
   connect(&remove, &QAction::triggered, this, &XMLViewController::delLinkAction);
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/qt_text.h"
+#include "sitemaps/former_set.h"
 #include "sitemaps/xml_format.h"
 #include "store/site_list.h"
 #include "xml_editor/menu_values.h"
@@ -33,10 +34,12 @@ int columnOf(std::string_view element) {
 }  // namespace
 
 XMLViewController::XMLViewController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
-                                     const store::GlobalControls& controls, store::SharedState& state)
+                                     const store::GlobalControls& controls,
+                                     const store::StateFolder& stateFolder, store::SharedState& state)
     : m_mainWindow(mainWindow),
       m_sheets(sheets),
       m_controls(controls),
+      m_stateFolder(stateFolder),
       m_state(state),
       m_found(m_model),
       m_view{mainWindow},
@@ -57,6 +60,7 @@ void XMLViewController::connectCommands() {
     m_view.scanTBI.trigger();
     if (!m_state.qzvskCurSite.empty()) m_view.scanMI.trigger();
   });
+  connect(&m_view.takeOverMI, &QAction::triggered, this, &XMLViewController::takeOverValues);
   connect(&m_view.validateXmlMI, &QAction::triggered, this, &XMLViewController::validate);
   connect(&m_view.xmlSearch, &QLineEdit::textChanged, this, &XMLViewController::search);
   connect(&m_view.findSiteMI, &QAction::triggered, this, [this] {
@@ -156,7 +160,9 @@ void XMLViewController::enableCommands() {
   for (QAction* action : m_view.xmlTableView.actions()) action->setEnabled(selected);
   m_view.delLinkButton.setEnabled(selected);
   m_view.delLinkButton.setToolTip(selected ? tr("Delete the selected entry") : tr("Select an entry first"));
-  m_view.validateXmlMI.setEnabled(shown && m_model.rowCount() > 0);
+  const bool hasEntries = shown && m_model.rowCount() > 0;
+  m_view.validateXmlMI.setEnabled(hasEntries);
+  m_view.takeOverMI.setEnabled(hasEntries && platform::somethingAt(formerSitemap()));
 }
 
 void XMLViewController::cfMenuChangeUpdates(std::string_view value) {
@@ -186,6 +192,26 @@ void XMLViewController::deleteSelected() {
   const int next = std::min(cell.row(), m_found.rowCount() - 1);
   if (next >= 0) m_view.xmlTableView.setCurrentIndex(m_found.index(next, cell.column()));
   enableCommands();
+}
+
+std::filesystem::path XMLViewController::formerSitemap() const {
+  return sitemaps::FormerSet(m_controls, m_stateFolder, m_state.qzvskCurSite).xmlSitemap();
+}
+
+void XMLViewController::takeOverValues() {
+  const platform::FileContent former = platform::readFile(formerSitemap());
+  if (!former.result.ok()) {
+    m_sheets.alert(tr("The previous sitemap cannot be read."), toQString(former.result.error));
+    return;
+  }
+  sitemaps::EditedValues values;
+  values.add(former.text);
+  const std::optional<int> count = m_model.takeOver(values);
+  if (!count) return;
+  emit report(*count == 0 ? tr("No edited values of the previous sitemap are missing in this one")
+              : *count == 1
+                  ? tr("Took over 1 edited value of the previous sitemap")
+                  : tr("Took over %1 edited values of the previous sitemap").arg(countText(*count)));
 }
 
 void XMLViewController::validate() {

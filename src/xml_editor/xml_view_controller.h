@@ -7,6 +7,7 @@
 #include "platform/sheet_queue.h"
 #include "store/global_controls.h"
 #include "store/shared_state.h"
+#include "store/state_folder.h"
 #include "xml_editor/findings_panel.h"
 #include "xml_editor/found_rows.h"
 #include "xml_editor/xml_table_model.h"
@@ -23,7 +24,8 @@ class XMLViewController : public QObject {
  public:
   /// All are borrowed and outlive the controller.
   XMLViewController(QMainWindow& mainWindow, platform::SheetQueue& sheets,
-                    const store::GlobalControls& controls, store::SharedState& state);
+                    const store::GlobalControls& controls, const store::StateFolder& stateFolder,
+                    store::SharedState& state);
 
   /// A view has come up. If it is this one its sitemap is read anew, whatever was shown before.
   void viewTBIAction(int number);
@@ -39,6 +41,9 @@ class XMLViewController : public QObject {
 
   /// Asks, and deletes the selected entry when the answer is yes.
   void delLinkAction();
+
+  /// Gives the entries the frequencies and priorities that were edited in the previous sitemap.
+  void takeOverValues();
 
  signals:
   /// Something happened that the status line should tell.
@@ -67,6 +72,7 @@ class XMLViewController : public QObject {
   void search(const QString& text);
   void enableCommands();
   void validate();
+  std::filesystem::path formerSitemap() const;
   void jumpTo(const sitemaps::XmlFinding& finding);
   void deleteSelected();
   void tell(const Change& change);
@@ -77,6 +83,7 @@ class XMLViewController : public QObject {
   QMainWindow& m_mainWindow;
   platform::SheetQueue& m_sheets;
   const store::GlobalControls& m_controls;
+  const store::StateFolder& m_stateFolder;
   store::SharedState& m_state;
   XmlTableModel m_model;
   FoundRows m_found;

@@ -37,6 +37,7 @@ struct XmlViewControls {
 
   QAction& editEntryMI = platform::control<QAction>(window, "editEntryMI");
   QAction& delLinkMI = platform::control<QAction>(window, "delLinkMI");
+  QAction& takeOverMI = platform::control<QAction>(window, "takeOverMI");
   QAction& validateXmlMI = platform::control<QAction>(window, "validateXmlMI");
   QAction& findSiteMI = platform::control<QAction>(window, "findSiteMI");
   QAction& scanTBI = platform::control<QAction>(window, "scanTBI");

@@ -169,6 +169,25 @@ TEST_F(SiteCommands, RestoreAsksAndPutsEditedSitemapsBack) {
   EXPECT_EQ(read("store/sitemap.xml"), "edited");
 }
 
+TEST_F(SiteCommands, SwitchesMeanYesAlone) {
+  const support::SiteServer server(support::manyPages(2));
+  prepare({"add", "shop", server.url()});
+  for (const char* yes :
+       {"edit shop --keep-values", "edit --keep-values shop", "edit shop --keep-values yes"}) {
+    SCOPED_TRACE(yes);
+    EXPECT_THAT(run(words(yes)).output, HasSubstr("(--keep-values yes)"));
+    EXPECT_THAT(run(words("edit --keep-values no shop")).output, Not(HasSubstr("keep-values")));
+  }
+  prepare({"scan", "shop"}, 1);
+  std::string sitemap = read("shop/sitemap.xml");
+  write("shop/sitemap.xml", sitemap.replace(sitemap.find("0.5"), 3, "0.9"));
+  EXPECT_THAT(run({"scan", "shop", "--keep-values"}).output,
+              HasSubstr("\nTaken over from the sitemap before: 1 edited value\n"));
+  EXPECT_EQ(read("shop/sitemap.xml"), sitemap);
+  EXPECT_THAT(run({"scan", "shop", "--keep-values", "--progress", "json"}).output,
+              HasSubstr("\"valuesTakenOver\":1"));
+}
+
 TEST_F(SiteCommands, FiltersAreListedAddedAndDeleted) {
   prepare({"add", "shop", "a.test"});
   EXPECT_THAT(run({"filters", "shop"}).errors, HasSubstr("The site has no filters."));

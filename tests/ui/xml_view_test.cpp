@@ -114,6 +114,29 @@ class XmlViewTest : public QObject {
     QVERIFY(noSheetLeft());
   }
 
+  void takesOverWhatWasEditedBefore() {
+    XmlDesk desk;
+    auto& takeOver = desk.control<QAction>("takeOverMI");
+    QVERIFY(!takeOver.isEnabled());
+    const auto former = desk.stateFolder.ofSite("Shop") / "former";
+    std::filesystem::create_directories(former);
+    const std::string edited = sitemap(entry("http://shop.test/?a=1&b=2", "2001-02-03", "daily", "0.9") +
+                                       entry("http://shop.test/gone", "", "never", "0.0"));
+    QVERIFY(platform::replaceFile(former / "sitemap.xml", edited).ok());
+    desk.go(4);
+    QVERIFY(takeOver.isEnabled());
+    takeOver.trigger();
+    QCOMPARE(desk.onDisk(), sitemap(entry("http://shop.test/?a=1&b=2", "2010-06-15", "daily", "0.9") +
+                                    entry("http://shop.test/b") + entry("http://shop.test/c", "")));
+    QCOMPARE(desk.cell(0, 3), QStringLiteral("0.9"));
+    QCOMPARE(desk.status(), QStringLiteral("Took over 2 edited values of the previous sitemap"));
+    takeOver.trigger();
+    QCOMPARE(desk.status(),
+             QStringLiteral("No edited values of the previous sitemap are missing in this one"));
+    desk.go(1);
+    QVERIFY(!takeOver.isEnabled());
+  }
+
   void writesWhatIsChosen() {
     XmlDesk desk;
     desk.control<QAction>("alwaysMenuItem").trigger();  // without a selection nothing happens

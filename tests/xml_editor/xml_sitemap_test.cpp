@@ -65,6 +65,32 @@ TEST_F(XmlSitemapTest, DeletesFirstLastAndOnlyRow) {
   EXPECT_EQ(sitemap.load(file), Contents::noEntries);
 }
 
+TEST_F(XmlSitemapTest, TakesEditedValuesOverAllOrNone) {
+  const auto valued = [](const std::string& loc, const std::string& priority) {
+    std::string text = entry(loc);
+    return text.replace(text.find("0.5"), 3, priority);
+  };
+  sitemaps::EditedValues values;
+  values.add(valued("http://a/", "0.1") + valued("b", "0.2") + valued("c?x&y", "0.3") + valued("d", "0.4"));
+  load(kHeader + entry("http://a/") + valued("b", "0.9") + entry("c?x&amp;y") + "</urlset>");
+  const std::string before = onDisk();
+  {
+    const platform::FolderLock scan(folder.path());
+    const TakenOver refused = sitemap.takeOver(values);
+    EXPECT_EQ(refused.change.status, ChangeStatus::scanned);
+    EXPECT_EQ(refused.count, 0);
+    EXPECT_EQ(sitemap.rows()[0], entry("http://a/"));
+    EXPECT_EQ(onDisk(), before);
+  }
+  // What was edited in this one is later.
+  EXPECT_EQ(sitemap.takeOver(values).count, 2);
+  EXPECT_EQ(onDisk(), kHeader + "\n\t" + valued("http://a/", "0.1") + "\n\t" + valued("b", "0.9") + "\n\t" +
+                          valued("c?x&y", "0.3") + "\n</urlset>");
+  write("changed by another program");
+  EXPECT_EQ(sitemap.takeOver(values).count, 0);
+  EXPECT_EQ(onDisk(), "changed by another program");
+}
+
 TEST_F(XmlSitemapTest, ValuesThatAreNotTakenChangeNothing) {
   load(kHeader + entry("l") + "</urlset>");
   const std::string before = onDisk();
