@@ -7,7 +7,7 @@
 #include "cli/document_output.h"
 #include "cli/report_summary.h"
 #include "platform/text.h"
-#include "report/changes.h"
+#include "report/last_changes.h"
 #include "report/report_csv.h"
 #include "report/report_database.h"
 #include "report/report_html.h"
@@ -77,28 +77,15 @@ ExitCode showReport(const CliContext& context, const ReportOptions& options) {
   return exitDone;
 }
 
-std::optional<LastChanges> lastChanges(const CliContext& context, const std::string& siteName) {
-  report::ReportDatabase database(context.state, siteName, report::ReportDatabase::Use::read);
-  if (!database.result().ok()) return {};
-  const std::vector<report::ScanFacts> kept = database.keptScans();
-  if (kept.size() < 2) return {};
-  const report::ScanContents now = database.contents(kept[0]);
-  const report::ScanContents before = database.contents(kept[1]);
-  if (!database.result().ok()) return {};
-  const report::Changes changes = report::compare(before, now);
-  return LastChanges{report::changesText(changes), changes.newlyBroken.size()};
-}
-
 ExitCode showChanges(const CliContext& context, const std::string& siteName) {
   if (!context.hasSite(siteName)) return reportUnknownSite(siteName);
-  const auto [result, report] = report::readSiteReport(context.state, siteName, {});
-  if (!result.ok()) return reportUnreadable(siteName, result);
-  const report::Changes changes = report::compare(report.before, report.now);
-  if (!changes.areKnown) {
+  const report::LastChanges changes = report::readLastChanges(context.state, siteName);
+  if (!changes.result.ok()) return reportUnreadable(siteName, changes.result);
+  if (!changes.areKnown()) {
     std::cerr << "There is one complete scan so far, and nothing to compare it with.\n";
     return exitDone;
   }
-  printLines(report::changesText(changes));
+  printLines(changes.text);
   return exitDone;
 }
 

@@ -1,7 +1,6 @@
 // "veskel-cli report" and what other commands tell of a site's report.
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -21,16 +20,7 @@ struct ReportOptions {
 /// Prints a summary, or writes the report as a file.
 ExitCode showReport(const CliContext& context, const ReportOptions& options);
 
-/// What the last complete scan has changed since the one before.
-struct LastChanges {
-  std::string text;  // two lines
-  std::size_t newlyBroken;
-};
-
-/// Nothing when there are no two complete scans to compare.
-std::optional<LastChanges> lastChanges(const CliContext& context, const std::string& siteName);
-
-/// Prints them.
+/// Prints what the last complete scan has changed since the one before.
 ExitCode showChanges(const CliContext& context, const std::string& siteName);
 
 }  // namespace cli

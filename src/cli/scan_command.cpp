@@ -173,9 +173,9 @@ void printProblems(const crawler::ScanResult& result) {
 }
 
 std::size_t brokenThatCount(const crawler::ScanResult& result, FailOn failOn,
-                            const std::optional<LastChanges>& changes) {
+                            const report::LastChanges& changes) {
   if (failOn == FailOn::never) return 0;
-  if (failOn == FailOn::newBroken && changes) return changes->newlyBroken;
+  if (failOn == FailOn::newBroken && changes.areKnown()) return changes.newlyBroken;
   return static_cast<std::size_t>(result.progress.brokenLinks);
 }
 
@@ -202,13 +202,13 @@ ExitCode exitCodeOf(const crawler::ScanResult& result, std::size_t broken, bool 
 }
 
 /// What changed since the complete scan before, where this one is complete, too.
-std::optional<LastChanges> changesBy(const CliContext& context, const crawler::ScanResult& result) {
+report::LastChanges changesBy(const CliContext& context, const crawler::ScanResult& result) {
   if (result.end != crawler::ScanEnd::complete || !result.reportKept.ok()) return {};
-  return lastChanges(context, result.siteName);
+  return report::readLastChanges(context.state, result.siteName);
 }
 
 void report(const CliContext& context, const ScanOptions& options, const crawler::ScanResult& result,
-            const std::optional<LastChanges>& changes, double seconds) {
+            const report::LastChanges& changes, double seconds) {
   if (result.end == crawler::ScanEnd::busy) {
     reportBusySite(options.siteName);
     return;
@@ -220,7 +220,9 @@ void report(const CliContext& context, const ScanOptions& options, const crawler
     printError(std::string(crawler::kForbiddenTitle) + ": " + printable(result.refusal));
   } else if (result.hasCounts() && options.progress != ProgressStyle::json) {
     printSummary(context, result, seconds);
-    if (changes) printLines(changes->text);
+    printLines(changes.text);
+  } else if (options.progress == ProgressStyle::json && changes.areKnown()) {
+    printChangesEvent(changes);
   }
   const int values = result.edits.valuesTakenOver;
   if (values > 0 && options.progress != ProgressStyle::json) {
@@ -280,7 +282,7 @@ int runScan(const CliContext& context, const ScanOptions& options) {
   scanner.scanSiteAction();
   scanner.wait();
   const double seconds = secondsSince(started);
-  const std::optional<LastChanges> changes = changesBy(context, scanner.result());
+  const report::LastChanges changes = changesBy(context, scanner.result());
   report(context, options, scanner.result(), changes, seconds);
   std::cout.flush();  // while a reader that has gone is no signal yet that ends the program
   const std::size_t broken = brokenThatCount(scanner.result(), options.failOn, changes);

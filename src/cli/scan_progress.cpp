@@ -199,6 +199,15 @@ void JsonView::scanFinished(const crawler::ScanResult& result) {
   writeLast(std::cout, lineOf(event));
 }
 
+void printChangesEvent(const report::LastChanges& changes) {
+  std::cout << lineOf({{"event", "changes"},
+                       {"new", changes.added},
+                       {"gone", changes.gone},
+                       {"renamed", changes.renamed},
+                       {"newlyBroken", changes.newlyBroken},
+                       {"repaired", changes.repaired}});
+}
+
 std::unique_ptr<QuietView> makeView(const ScanOptions& options, const std::string& startUrl) {
   switch (options.progress) {
     case ProgressStyle::json:

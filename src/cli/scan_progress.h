@@ -12,6 +12,7 @@
 #include "cli/scan_command.h"
 #include "crawler/scan_view.h"
 #include "crawler/site_scanner.h"
+#include "report/last_changes.h"
 
 namespace cli {
 
@@ -69,7 +70,7 @@ class BarView : public QuietView {
 };
 
 /// A JSON object a line on stdout for each event: start, page, broken, waiting, looping, mayNotEnd, leftOut
-/// (one a reason, just before the last), finished.
+/// (one a reason, just before the last), finished. What changed is told behind them, when it is known.
 class JsonView : public QuietView {
  public:
   JsonView(LoopAnswer loops, std::string siteName, std::string startUrl)
@@ -90,6 +91,9 @@ class JsonView : public QuietView {
 
 /// The view for a style; `automatic` draws the bar where stderr is a terminal.
 std::unique_ptr<QuietView> makeView(const ScanOptions& options, const std::string& startUrl);
+
+/// The event "changes", a line of JSON on stdout.
+void printChangesEvent(const report::LastChanges& changes);
 
 /// Seconds since `start`.
 double secondsSince(std::chrono::steady_clock::time_point start);

@@ -12,27 +12,40 @@ using crawler::PageStanding;
 using platform::Database;
 using platform::Statement;
 
-constexpr std::int64_t kVersion = 1;
+constexpr std::int64_t kVersion = 2;
 constexpr std::string_view kFileName = "report.db";
+constexpr std::string_view kPageSize = "PRAGMA page_size = 16384";
 constexpr std::size_t kNameBytes = 200;
 constexpr std::size_t kScansKept = 2;
 
+// Pages are rows by number, not by a key of columns: those lie in the tree's inner pages too, which hold no
+// row of more than a quarter of their size. With rows of some 1,200 bytes three quarters of the file were
+// empty.
 constexpr std::array kSchema = {
     "CREATE TABLE scans (id INTEGER PRIMARY KEY, started INTEGER, ended INTEGER, end TEXT, pages_found "
     "INTEGER, "
     "pages_used INTEGER, broken INTEGER, links INTEGER, has_pages INTEGER, has_all_outside INTEGER)",
-    "CREATE TABLE pages (scan INTEGER, number INTEGER, address TEXT, title TEXT, type TEXT, modified TEXT, "
+    "CREATE TABLE pages (id INTEGER PRIMARY KEY, address TEXT, title TEXT, type TEXT, modified TEXT, "
     "redirected_to TEXT, broken_reason TEXT, status INTEGER, standing INTEGER, left_out_by INTEGER, level "
     "INTEGER, "
-    "bytes INTEGER, time INTEGER, linked_from INTEGER, links BLOB, PRIMARY KEY (scan, number)) WITHOUT ROWID",
-    "CREATE TABLE outside (scan INTEGER, number INTEGER, address TEXT, linked_from INTEGER, "
-    "PRIMARY KEY (scan, number)) WITHOUT ROWID",
+    "bytes INTEGER, time INTEGER, linked_from INTEGER, links BLOB)",
+    "CREATE TABLE outside (id INTEGER PRIMARY KEY, address TEXT, linked_from INTEGER)",
     "CREATE TABLE checks (address TEXT PRIMARY KEY, state INTEGER, status INTEGER, reason TEXT, moved_to "
     "TEXT, "
     "certificate_ends INTEGER) WITHOUT ROWID",
     "CREATE TABLE unfinished_check (started INTEGER)",
-    "PRAGMA user_version = 1",
+    "PRAGMA user_version = 2",
 };
+
+/// The rows of a scan follow each other in the order of their numbers, of which there are less than 2^32.
+constexpr std::int64_t rowOf(std::int64_t scan, std::uint32_t number) {
+  return scan << 32 | number;
+}
+
+/// For "id BETWEEN ? AND ?".
+Statement& addRowsOf(std::int64_t scan, Statement& statement) {
+  return statement.add(rowOf(scan, 0)).add(rowOf(scan, UINT32_MAX));
+}
 
 constexpr std::string_view kFactsColumns =
     "SELECT id, started, ended, end, pages_found, pages_used, broken, links FROM scans ";
@@ -123,14 +136,17 @@ ReportDatabase::ReportDatabase(const store::StateFolder& state, std::string_view
   m_database.emplace(file, access);
   const std::int64_t version = m_database->version();
   const bool isDamaged = m_database->isDamaged() || use == Use::writeInPlace;
-  if (isDamaged || version > kVersion) {
-    const char* why = isDamaged ? "damaged" : "written by a newer version of this program";
+  if (isDamaged || (version != kVersion && version != 0)) {
+    const char* why = isDamaged            ? "damaged"
+                      : version > kVersion ? "written by a newer version of this program"
+                                           : "written by an older version of this program";
     if (!writes) m_refused = {platform::FileStatus::failed, std::string("The report is ") + why};
     if (!writes || !setAside(file, why)) return;
     m_database.emplace(file, access);
   } else if (version == kVersion || !writes) {
     return;
   }
+  m_database->run(kPageSize);  // counts before the first table only
   m_database->run("BEGIN");
   for (const char* statement : kSchema) m_database->run(statement);
   m_database->run("COMMIT");
@@ -156,16 +172,14 @@ std::vector<ScanFacts> ReportDatabase::keptScans() {
   return readFacts(m_database->prepare(std::string(kFactsColumns) + "WHERE has_pages = 1 ORDER BY id DESC"));
 }
 
-ScanContents ReportDatabase::contents(const ScanFacts& scan) {
-  ScanContents contents{.facts = scan};
+void ReportDatabase::eachPage(const ScanFacts& scan, const std::function<void(Page)>& use) {
   Statement pages = m_database->prepare(
-      "SELECT number, address, title, type, modified, redirected_to, broken_reason, status, standing, "
+      "SELECT id, address, title, type, modified, redirected_to, broken_reason, status, standing, "
       "left_out_by, "
-      "level, bytes, time, linked_from FROM pages WHERE scan = ? ORDER BY number");
-  pages.add(scan.id);
+      "level, bytes, time, linked_from FROM pages WHERE id BETWEEN ? AND ? ORDER BY id");
+  addRowsOf(scan.id, pages);
   while (pages.next()) {
-    contents.pages.push_back(
-        {.number = static_cast<std::uint32_t>(pages.number(0)),
+    use({.number = static_cast<std::uint32_t>(pages.number(0)),
          .address = std::string(pages.text(1)),
          .title = std::string(pages.text(2)),
          .type = std::string(pages.text(3)),
@@ -180,9 +194,14 @@ ScanContents ReportDatabase::contents(const ScanFacts& scan) {
          .time = std::chrono::milliseconds(pages.number(12)),
          .linkedFrom = static_cast<std::uint32_t>(pages.number(13))});
   }
-  Statement outside =
-      m_database->prepare("SELECT number, address, linked_from FROM outside WHERE scan = ? ORDER BY number");
-  outside.add(scan.id);
+}
+
+ScanContents ReportDatabase::contents(const ScanFacts& scan) {
+  ScanContents contents{.facts = scan};
+  eachPage(scan, [&](Page page) { contents.pages.push_back(std::move(page)); });
+  Statement outside = m_database->prepare(
+      "SELECT id, address, linked_from FROM outside WHERE id BETWEEN ? AND ? ORDER BY id");
+  addRowsOf(scan.id, outside);
   while (outside.next()) {
     contents.outside.push_back({.number = static_cast<std::uint32_t>(outside.number(0)),
                                 .address = std::string(outside.text(1)),
@@ -197,8 +216,9 @@ ScanContents ReportDatabase::contents(const ScanFacts& scan) {
 std::map<Target, std::vector<LinkingPage>> ReportDatabase::linksTo(const ScanFacts& scan,
                                                                    const std::set<Target>& targets) {
   std::map<Target, std::vector<LinkingPage>> found;
-  Statement pages = m_database->prepare("SELECT address, links FROM pages WHERE scan = ? ORDER BY number");
-  pages.add(scan.id);
+  Statement pages =
+      m_database->prepare("SELECT address, links FROM pages WHERE id BETWEEN ? AND ? ORDER BY id");
+  addRowsOf(scan.id, pages);
   while (pages.next()) {
     eachLink(pages.bytes(1), [&](const Target& target, std::string_view name) {
       if (targets.contains(target)) found[target].push_back({std::string(pages.text(0)), std::string(name)});
@@ -274,14 +294,13 @@ void ReportDatabase::begin(const ScanFacts& facts) {
   Statement id = m_database->prepare("SELECT last_insert_rowid()");
   while (id.next()) m_scan = id.number(0);
   m_addPage.emplace(
-      m_database->prepare("INSERT INTO pages VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
-  m_addOutside.emplace(m_database->prepare("INSERT INTO outside VALUES (?, ?, ?, ?)"));
+      m_database->prepare("INSERT INTO pages VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
+  m_addOutside.emplace(m_database->prepare("INSERT INTO outside VALUES (?, ?, ?)"));
 }
 
 void ReportDatabase::add(const PageRow& row) {
   const Page& page = row.page;
-  m_addPage->add(m_scan)
-      .add(page.number)
+  m_addPage->add(rowOf(m_scan, page.number))
       .add(page.address)
       .add(page.title)
       .add(page.type)
@@ -300,7 +319,7 @@ void ReportDatabase::add(const PageRow& row) {
 }
 
 void ReportDatabase::add(const OutsideAddress& address) {
-  m_addOutside->add(m_scan).add(address.number).add(address.address).add(address.linkedFrom).run();
+  m_addOutside->add(rowOf(m_scan, address.number)).add(address.address).add(address.linkedFrom).run();
 }
 
 void ReportDatabase::commit(bool hasAllOutside) {
@@ -312,10 +331,12 @@ void ReportDatabase::commit(bool hasAllOutside) {
       .run();
   const std::vector<ScanFacts> kept = keptScans();
   for (std::size_t i = kScansKept; i < kept.size(); ++i) {
-    for (const char* statement : {"DELETE FROM pages WHERE scan = ?", "DELETE FROM outside WHERE scan = ?",
-                                  "UPDATE scans SET has_pages = 0 WHERE id = ?"}) {
-      m_database->prepare(statement).add(kept[i].id).run();
+    for (const char* statement :
+         {"DELETE FROM pages WHERE id BETWEEN ? AND ?", "DELETE FROM outside WHERE id BETWEEN ? AND ?"}) {
+      Statement rows = m_database->prepare(statement);
+      addRowsOf(kept[i].id, rows).run();
     }
+    m_database->prepare("UPDATE scans SET has_pages = 0 WHERE id = ?").add(kept[i].id).run();
   }
   m_database->run("COMMIT");
 }

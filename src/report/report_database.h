@@ -21,7 +21,7 @@ struct PageRow {
   std::string_view links;  // see packLink()
 };
 
-/// A file that is broken, or written by a newer program, is set aside under another name: reports are a
+/// A file that is broken, or written by another version, is set aside under another name: reports are a
 /// convenience, and the next scan makes a new one. Whoever writes holds the site's lock. One thread at a
 /// time; several may have one each.
 class ReportDatabase {
@@ -49,6 +49,8 @@ class ReportDatabase {
 
   /// One of those.
   ScanContents contents(const ScanFacts& scan);
+  /// Its pages one by one, in the order found.
+  void eachPage(const ScanFacts& scan, const std::function<void(Page)>& use);
 
   /// Who links to each of these, in the order of the pages. One pass over all links, whose time grows with
   /// the site.

@@ -9,6 +9,7 @@ namespace {
 using support::Arguments;
 using support::SiteServer;
 using support::words;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -58,6 +59,9 @@ TEST_F(ReportCommand, TellsChangesAndFailsAsAsked) {
   const auto changes = run(words("show shop --changes"));
   EXPECT_EQ(changes.output, "0 pages new, 0 gone, 0 renamed.\nNewly broken: 1 (" + server.url("a.html") +
                                 "), repaired: 0.\n");
+  EXPECT_THAT(run(words("scan shop --progress json")).output,
+              EndsWith("{\"event\":\"changes\",\"new\":0,\"gone\":0,\"renamed\":0,\"newlyBroken\":0,"
+                       "\"repaired\":0}\n"));
 }
 
 TEST_F(ReportCommand, PrintsAndWritesTheReport) {

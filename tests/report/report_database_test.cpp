@@ -25,8 +25,8 @@ class Reported : public testing::Test {
        {"<title>Start</title><a href=a.html>A</a><a href=a.html>Again</a><a href=b.html></a>"
         "<a href=gone.html>Gone</a><a href=http://out.test/>Out</a>"}},
       {"/a.html",
-       {"<title>A \xC3\xA4</title><a href=gone.html>Lost</a><a href=b.html>B</a>", "text/html; charset=utf-8", 200,
-        "Tue, 15 Jun 2010 12:00:00 GMT"}},
+       {"<title>A \xC3\xA4</title><a href=gone.html>Lost</a><a href=b.html>B</a>", "text/html; charset=utf-8",
+        200, "Tue, 15 Jun 2010 12:00:00 GMT"}},
       {"/b.html", {"<title>B</title><a href=http://out.test/>Away</a>"}}};
   SiteServer server{[this](const std::string& target, int) { return support::pageOf(pages, target); }};
   support::ScanRun run{server.url()};
@@ -134,10 +134,13 @@ TEST_F(Reported, SetsAsideWhatItCannotUse) {
   };
   const Case cases[] = {
       {"no database", [&] { damage(0, "Something else"); }, "damaged"},
-      {"damaged inside", [&] { damage(4096, std::string(8192, '\xFF')); }, "damaged"},
+      {"damaged inside", [&] { damage(16384, std::string(32768, '\xFF')); }, "damaged"},
       {"newer",
        [&] { platform::Database(file(), platform::Database::Access::write).run("PRAGMA user_version = 9"); },
        "written by a newer version"},
+      {"older",
+       [&] { platform::Database(file(), platform::Database::Access::write).run("PRAGMA user_version = 1"); },
+       "written by an older version"},
   };
   for (const Case& each : cases) {
     SCOPED_TRACE(each.name);
