@@ -83,6 +83,20 @@ class Hosts {
     return !m_stop.stop_requested();
   }
 
+  /// The host that most addresses are left of, those under way included; empty when none is.
+  std::string slowest() {
+    const std::lock_guard lock(m_mutex);
+    std::string slowest;
+    std::size_t most = 0;
+    for (const auto& [name, host] : m_hosts) {
+      const std::size_t left = host.addresses.size() + static_cast<std::size_t>(host.running);
+      if (left <= most) continue;
+      most = left;
+      slowest = name;
+    }
+    return slowest;
+  }
+
   void giveBack(Host& host) {
     {
       const std::lock_guard lock(m_mutex);
@@ -142,6 +156,14 @@ void LinkCheckRun::run(const std::vector<std::string>& addresses, const std::sto
   Hosts hosts(addresses, m_clock, stop);
   const auto waitForTurn = [&](const std::string& address) { return hosts.waitForTurn(address); };
   std::mutex telling;
+  std::string waitedFor;
+  const auto tellWait = [&] {
+    std::string host = hosts.slowest();
+    if (!m_wait || host.empty() || host == waitedFor) return;
+    waitedFor = std::move(host);
+    m_wait(waitedFor);
+  };
+  tellWait();
   const auto work = [&] {
     while (const auto turn = hosts.take()) {
       const LinkCheck checked = check(*turn->address, waitForTurn, stop);
@@ -149,6 +171,7 @@ void LinkCheckRun::run(const std::vector<std::string>& addresses, const std::sto
       if (stop.stop_requested()) return;
       const std::lock_guard lock(telling);
       m_use(checked);
+      tellWait();
     }
   };
   std::vector<std::jthread> threads;

@@ -12,7 +12,7 @@ using crawler::PageStanding;
 using platform::Database;
 using platform::Statement;
 
-constexpr std::int64_t kVersion = 2;
+constexpr std::int64_t kVersion = 3;
 constexpr std::string_view kFileName = "report.db";
 constexpr std::string_view kPageSize = "PRAGMA page_size = 16384";
 constexpr std::size_t kNameBytes = 200;
@@ -32,9 +32,9 @@ constexpr std::array kSchema = {
     "CREATE TABLE outside (id INTEGER PRIMARY KEY, address TEXT, linked_from INTEGER)",
     "CREATE TABLE checks (address TEXT PRIMARY KEY, state INTEGER, status INTEGER, reason TEXT, moved_to "
     "TEXT, "
-    "certificate_ends INTEGER) WITHOUT ROWID",
-    "CREATE TABLE unfinished_check (started INTEGER)",
-    "PRAGMA user_version = 2",
+    "certificate_ends INTEGER, found_on TEXT) WITHOUT ROWID",
+    "CREATE TABLE last_check (started INTEGER, ended INTEGER)",
+    "PRAGMA user_version = 3",
 };
 
 /// The rows of a scan follow each other in the order of their numbers, of which there are less than 2^32.
@@ -197,20 +197,30 @@ void ReportDatabase::eachPage(const ScanFacts& scan, const std::function<void(Pa
 }
 
 ScanContents ReportDatabase::contents(const ScanFacts& scan) {
-  ScanContents contents{.facts = scan};
+  ScanContents contents{.facts = scan, .outside = outside(scan), .hasAllOutside = hasAllOutside(scan)};
   eachPage(scan, [&](Page page) { contents.pages.push_back(std::move(page)); });
+  return contents;
+}
+
+std::vector<OutsideAddress> ReportDatabase::outside(const ScanFacts& scan) {
+  std::vector<OutsideAddress> addresses;
   Statement outside = m_database->prepare(
       "SELECT id, address, linked_from FROM outside WHERE id BETWEEN ? AND ? ORDER BY id");
   addRowsOf(scan.id, outside);
   while (outside.next()) {
-    contents.outside.push_back({.number = static_cast<std::uint32_t>(outside.number(0)),
-                                .address = std::string(outside.text(1)),
-                                .linkedFrom = static_cast<std::uint32_t>(outside.number(2))});
+    addresses.push_back({.number = static_cast<std::uint32_t>(outside.number(0)),
+                         .address = std::string(outside.text(1)),
+                         .linkedFrom = static_cast<std::uint32_t>(outside.number(2))});
   }
+  return addresses;
+}
+
+bool ReportDatabase::hasAllOutside(const ScanFacts& scan) {
   Statement all = m_database->prepare("SELECT has_all_outside FROM scans WHERE id = ?");
   all.add(scan.id);
-  while (all.next()) contents.hasAllOutside = all.number(0) != 0;
-  return contents;
+  bool hasAll = true;
+  while (all.next()) hasAll = all.number(0) != 0;
+  return hasAll;
 }
 
 std::map<Target, std::vector<LinkingPage>> ReportDatabase::linksTo(const ScanFacts& scan,
@@ -230,36 +240,38 @@ std::map<Target, std::vector<LinkingPage>> ReportDatabase::linksTo(const ScanFac
 std::vector<LinkCheck> ReportDatabase::linkChecks() {
   std::vector<LinkCheck> checks;
   Statement statement = m_database->prepare(
-      "SELECT address, state, status, reason, moved_to, certificate_ends FROM checks ORDER BY address");
+      "SELECT address, state, status, reason, moved_to, certificate_ends, found_on FROM checks ORDER BY "
+      "address");
   while (statement.next()) {
     checks.push_back({.address = std::string(statement.text(0)),
                       .state = valueOf(statement.number(1), LinkState::unchecked),
                       .status = static_cast<int>(statement.number(2)),
                       .reason = std::string(statement.text(3)),
                       .movedTo = std::string(statement.text(4)),
-                      .certificateEnds = std::chrono::seconds(statement.number(5))});
+                      .certificateEnds = std::chrono::seconds(statement.number(5)),
+                      .foundOn = std::string(statement.text(6))});
   }
   return checks;
 }
 
-bool ReportDatabase::isCheckUnfinished() {
-  Statement statement = m_database->prepare("SELECT count(*) FROM unfinished_check");
-  bool isUnfinished = false;
-  while (statement.next()) isUnfinished = statement.number(0) > 0;
-  return isUnfinished;
+CheckFacts ReportDatabase::lastCheck() {
+  Statement statement = m_database->prepare("SELECT started, ended FROM last_check");
+  CheckFacts facts;
+  while (statement.next()) facts = {.started = statement.number(0), .ended = statement.number(1)};
+  return facts;
 }
 
 void ReportDatabase::beginCheck() {
   m_database->run("BEGIN IMMEDIATE");
   m_database->run("DELETE FROM checks");
-  m_database->run("DELETE FROM unfinished_check");
-  m_database->run("INSERT INTO unfinished_check VALUES (strftime('%s'))");
+  m_database->run("DELETE FROM last_check");
+  m_database->run("INSERT INTO last_check VALUES (strftime('%s'), 0)");
   m_database->run("COMMIT");
 }
 
 void ReportDatabase::keepChecks(const std::vector<LinkCheck>& checks) {
   m_database->run("BEGIN IMMEDIATE");
-  Statement statement = m_database->prepare("INSERT OR REPLACE INTO checks VALUES (?, ?, ?, ?, ?, ?)");
+  Statement statement = m_database->prepare("INSERT OR REPLACE INTO checks VALUES (?, ?, ?, ?, ?, ?, ?)");
   for (const LinkCheck& check : checks) {
     statement.add(check.address)
         .add(static_cast<std::int64_t>(check.state))
@@ -267,13 +279,14 @@ void ReportDatabase::keepChecks(const std::vector<LinkCheck>& checks) {
         .add(check.reason)
         .add(check.movedTo)
         .add(check.certificateEnds.count())
+        .add(check.foundOn)
         .run();
   }
   m_database->run("COMMIT");
 }
 
 void ReportDatabase::finishCheck() {
-  m_database->run("DELETE FROM unfinished_check");
+  m_database->run("UPDATE last_check SET ended = strftime('%s')");
 }
 
 void ReportDatabase::begin(const ScanFacts& facts) {

@@ -21,6 +21,15 @@ struct PageRow {
   std::string_view links;  // see packLink()
 };
 
+/// When the links were checked last.
+struct CheckFacts {
+  std::int64_t started = 0;  // seconds since 1970-01-01 UTC; 0 when they never were
+  std::int64_t ended = 0;    // likewise; 0 while the check is not through
+
+  bool isKnown() const { return started != 0; }
+  bool isUnfinished() const { return started != 0 && ended == 0; }
+};
+
 /// A file that is broken, or written by another version, is set aside under another name: reports are a
 /// convenience, and the next scan makes a new one. Whoever writes holds the site's lock. One thread at a
 /// time; several may have one each.
@@ -49,6 +58,9 @@ class ReportDatabase {
 
   /// One of those.
   ScanContents contents(const ScanFacts& scan);
+  /// Of that, the addresses outside of the site.
+  std::vector<OutsideAddress> outside(const ScanFacts& scan);
+  bool hasAllOutside(const ScanFacts& scan);
   /// Its pages one by one, in the order found.
   void eachPage(const ScanFacts& scan, const std::function<void(Page)>& use);
 
@@ -58,8 +70,7 @@ class ReportDatabase {
 
   /// What the last check of the links has found, by address.
   std::vector<LinkCheck> linkChecks();
-  /// Whether that check was stopped before it was through.
-  bool isCheckUnfinished();
+  CheckFacts lastCheck();
 
   // Writing a check, each in a transaction of its own:
   void beginCheck();  // forgets the last one

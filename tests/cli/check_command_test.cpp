@@ -45,7 +45,8 @@ TEST_F(CheckCommand, AsksWhatTheLastScanMetAndGoesOnWhereItWasStopped) {
   EXPECT_EQ(outside.timesAsked("HEAD /a"), 1);
   // The next one asks all again.
   EXPECT_THAT(run(words("check-links shop --resources")).output,
-              HasSubstr("3 addresses: 1 fine, 0 moved, 2 broken, 0 could not be checked\n"));
+              AllOf(HasSubstr("3 addresses: 1 fine, 0 moved, 2 broken, 0 could not be checked\n"),
+                    HasSubstr("x.png (404 - Not Found)\n      on " + server.url() + "\n")));
   EXPECT_EQ(outside.timesAsked("HEAD /a"), 2);
 }
 

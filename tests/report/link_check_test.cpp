@@ -129,8 +129,13 @@ TEST(LinkCheck, AsksEachAddressOnceAndAHostOnceASecond) {
   answers["http://a.test/1"] = {.status = 200};
   Servers servers(clock, answers);
   std::size_t told = 0;
-  LinkCheckRun(servers, clock, [&](const LinkCheck&) { ++told; }).run(addresses, {});
+  std::vector<std::string> waits;
+  LinkCheckRun(
+      servers, clock, [&](const LinkCheck&) { ++told; },
+      [&](const std::string& host) { waits.push_back(host); })
+      .run(addresses, {});
   EXPECT_EQ(told, 60u);
+  EXPECT_EQ(waits.at(0), "a.test");
   std::map<std::string, int> times;
   std::map<std::string, std::vector<platform::Clock::Time>> hosts;
   for (const auto& [address, time] : servers.asked) {
