@@ -13,6 +13,7 @@
 
 #include "cli/check_command.h"
 #include "cli/cli_context.h"
+#include "cli/completion.h"
 #include "cli/export_command.h"
 #include "cli/report_command.h"
 #include "cli/restore_command.h"
@@ -73,19 +74,21 @@ CLI::Option* addTexts(CLI::App* command, const std::string& flag, const std::str
 }
 
 /// What stands for a setting's value in the help.
-constexpr const char* valueName(const store::WholeNumber&) {
+std::string valueName(const store::WholeNumber&) {
   return "N";
 }
-constexpr const char* valueName(const store::Seconds&) {
+std::string valueName(const store::Seconds&) {
   return "SECONDS";
 }
-constexpr const char* valueName(const store::Choice&) {
-  return "NAME";
+std::string valueName(const store::Choice& choice) {
+  std::string names;
+  for (const auto& option : choice.options) names += (names.empty() ? "" : "|") + std::string(option.name);
+  return names;
 }
-constexpr const char* valueName(const store::Text&) {
+std::string valueName(const store::Text&) {
   return "TEXT";
 }
-constexpr const char* valueName(const store::Lines&) {
+std::string valueName(const store::Lines&) {
   return "LINE";
 }
 
@@ -109,9 +112,9 @@ std::function<cli::GivenSettings()> addSettings(CLI::App* command) {
       store::SiteSettings settings;
       return field.setText(settings, text);
     };
-    const char* name = isSwitch(field)
-                           ? "[yes|no]"
-                           : std::visit([](const auto& kind) { return valueName(kind); }, field.value);
+    const std::string name = isSwitch(field)
+                                 ? "[yes|no]"
+                                 : std::visit([](const auto& kind) { return valueName(kind); }, field.value);
     std::string help = std::string(field.help) + ": " + field.allowed();
     for (const std::string& text : field.texts({})) {
       if (!text.empty()) help += " [" + text + "]";
@@ -372,9 +375,9 @@ void addExportCommand(CLI::App& app, Command& chosen) {
   };
   auto arguments = std::make_shared<Arguments>();
   addName(command, arguments->options.siteName);
-  command->add_option("KIND", arguments->kind, "html, xml or broken")
+  command->add_option("KIND", arguments->kind, "What is written")
       ->required()
-      ->type_name("")
+      ->type_name("html|xml|broken")
       ->check(CLI::IsMember({"html", "xml", "broken"}).description(""));
   const auto* output = addText(command, "--output", "FILE", "Where to write; - is standard output");
   std::vector<std::string> layouts;
@@ -478,6 +481,9 @@ int run(int argc, char** argv) {
   addValidateCommand(app, chosen);
   addWhereCommand(app, chosen);
   app.footer(kMainFooter);  // last: commands that exist later would take it over
+  if (argc > 2 && argv[1] == std::string_view("complete") && argv[2] == std::string_view("--")) {
+    return cli::printCompletions(app, {argv + 3, argv + argc});
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

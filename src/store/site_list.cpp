@@ -16,6 +16,19 @@ namespace store {
 
 namespace {
 
+/// The folders that these records lie in, sorted, each once.
+std::vector<std::string> foldersOf(const std::vector<std::string>& records) {
+  std::vector<std::string> names;
+  for (const std::string& file : records) {
+    const auto folderEnd = file.rfind('/');
+    if (folderEnd != std::string::npos) names.push_back(file.substr(0, folderEnd));
+  }
+  // By name, not by path: in paths "a b/" comes before "a/".
+  std::sort(names.begin(), names.end());
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  return names;
+}
+
 /// The folders whose record was not seen, but is not known to be missing either, as when the folder cannot be
 /// read. `listed` are the folders with a record, sorted.
 std::vector<std::string> unreadableSites(const GlobalControls& controls,
@@ -99,18 +112,18 @@ SiteList siteTableRows(const GlobalControls& controls, const StateFolder& state)
   if (list.updatedOldFile) files = siteFiles(controls);
   std::erase_if(files, [](const std::string& file) { return !hasExtension(file, kRecordExtension); });
   mendRecords(controls, state, files, list.problems);
-  for (const std::string& file : files) {
-    const auto folderEnd = file.rfind('/');
-    if (folderEnd != std::string::npos) list.names.push_back(file.substr(0, folderEnd));
-  }
-  // By name, not by path: in paths "a b/" comes before "a/".
-  std::sort(list.names.begin(), list.names.end());
-  list.names.erase(std::unique(list.names.begin(), list.names.end()), list.names.end());
+  list.names = foldersOf(files);
   const auto unreadable = unreadableSites(controls, list.names);
   list.names.insert(list.names.end(), unreadable.begin(), unreadable.end());
   std::sort(list.names.begin(), list.names.end());
   BrokenReasons(state).takeFormer(list.names);
   return list;
+}
+
+std::vector<std::string> recordedSites(const GlobalControls& controls) {
+  auto files = siteFiles(controls);
+  std::erase_if(files, [](const std::string& file) { return !hasExtension(file, kRecordExtension); });
+  return foldersOf(files);
 }
 
 SelectedSite selectSite(const GlobalControls& controls, std::string_view name) {

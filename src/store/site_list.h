@@ -28,6 +28,9 @@ struct SiteList {
 /// the data folder is passed over.
 SiteList siteTableRows(const GlobalControls& controls, const StateFolder& state);
 
+/// The names of the sites that have a record, sorted, without changing anything on the disk: for a glance.
+std::vector<std::string> recordedSites(const GlobalControls& controls);
+
 /// What is known of one site: its record's values, empty or 0 where the record lacks them.
 struct SiteDetails {
   std::string name;
