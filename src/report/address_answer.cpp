@@ -53,7 +53,7 @@ std::string inQuotes(std::string_view text) {
 }
 
 std::string withAdvice(std::string text, LinkReason reason) {
-  const std::string_view advice = adviceFor(reason);
+  const std::string_view advice = adviceFor(reason, Reader::window);
   if (!advice.empty()) text.append(" ").append(advice);
   return text;
 }

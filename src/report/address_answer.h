@@ -18,7 +18,7 @@ bool looksLikeAddress(std::string_view typed);
 
 /// Why the address is not in the sitemaps, in sentences; where it is, says so. Spellings that differ only in
 /// scheme, "#..." or a "/" at the end are taken as one. `filters` are the site's own ones. Holds texts of the
-/// site as they are.
+/// site as they are, and names places of the window.
 std::string whyNotListed(const LatestReport& report, const std::vector<std::string>& filters,
                          std::string_view typed);
 

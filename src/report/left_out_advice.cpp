@@ -2,35 +2,63 @@
 
 namespace report {
 
-std::string_view adviceFor(crawler::LinkReason reason) {
+namespace {
+
+struct Advice {
+  std::string_view window = {};
+  std::string_view commandLine = {};
+};
+
+Advice adviceFor(crawler::LinkReason reason) {
   using enum crawler::LinkReason;
+  constexpr std::string_view kBound =
+      "This is a bound of every scan, and no setting changes it. A filter keeps endless addresses out.";
+  constexpr std::string_view kElsewhere =
+      "They lead to another site: link there, or add it as a site of its own.";
   switch (reason) {
     case foreignExtension:
-      return "Pages with other endings are found with Links as browsers do (--links browser).";
+      return {"Pages with other endings are found when Links in the Scan Settings is set to As browsers do.",
+              "Pages with other endings are found with links as browsers do (--links browser)."};
     case filter:
-      return "A filter of the site does this: delete it in Filters (filters NAME --delete TEXT).";
+      return {"A filter of the site does this: delete it in the Filters beside the Scan view.",
+              "A filter of the site does this: delete it (filters NAME --delete TEXT)."};
     case robots:
-      return "The site's robots.txt asks for it: Ignore robots.txt scans them all the same (--ignore-robots "
-             "yes).";
+      return {
+          "The site's robots.txt asks for it: Ignore robots.txt in the Scan view has them scanned all the "
+          "same.",
+          "The site's robots.txt asks for it: they are scanned all the same with --ignore-robots yes."};
     case tooDeep:
-      return "Raise the site's deepest level, or set it to 0 (--levels).";
+      return {"Raise Deepest level in the Scan Settings, or set it to 0.",
+              "Raise the site's deepest level, or set it to 0 (--levels)."};
     case otherPort:
     case aboveStart:
-      return "A scan stays below its start: a URL further up takes them in (--url), or a site of their own.";
+      return {
+          "A scan stays below its start: a Site URL further up, in Edit Site, takes them in, or a site of "
+          "their own.",
+          "A scan stays below its start: a URL further up takes them in (--url), or a site of their own."};
     case notFollowed:
     case noIndex:
-      return "The pages themselves ask for it (nofollow, noindex). Simple links do not heed that (--links "
-             "simple).";
+      return {
+          "The pages themselves ask for it (nofollow, noindex). With Links in the Scan Settings set to "
+          "Simple that is not heeded.",
+          "The pages themselves ask for it (nofollow, noindex). Simple links do not heed that (--links "
+          "simple)."};
     case redirectedOutside:
-      return "They lead to another site: link there, or add it as a site of its own.";
+      return {kElsewhere, kElsewhere};
     case tooLong:
     case surplusLink:
     case surplusPage:
-      return "This is a bound of every scan, and no setting changes it. A filter keeps endless addresses "
-             "out.";
+      return {kBound, kBound};
     default:
-      return "";
+      return {};
   }
+}
+
+}  // namespace
+
+std::string_view adviceFor(crawler::LinkReason reason, Reader reader) {
+  const Advice advice = adviceFor(reason);
+  return reader == Reader::window ? advice.window : advice.commandLine;
 }
 
 }  // namespace report

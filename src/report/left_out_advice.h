@@ -7,8 +7,11 @@
 
 namespace report {
 
-/// The setting that would change it, a sentence with the names that window and command line have for it.
-/// Empty where nothing is missing: those are other sites, second names of pages, and what is no page.
-std::string_view adviceFor(crawler::LinkReason reason);
+/// What the reader has at hand, and so what an advice names.
+enum class Reader { window, commandLine };
+
+/// The setting that would change it, in a sentence or two. Empty where nothing is missing: those are other
+/// sites, second names of pages, and what is no page.
+std::string_view adviceFor(crawler::LinkReason reason, Reader reader);
 
 }  // namespace report

@@ -250,7 +250,7 @@ void Writer::leftOut() {
   table({{"Links or pages", Heading::number}, {"Why"}, {"Examples"}}, groups, kRowsShown,
         [](const crawler::LeftOutGroup& group) {
           std::string why = text(group.reasonText(group.count));
-          if (const auto advice = adviceFor(group.reason); !advice.empty())
+          if (const auto advice = adviceFor(group.reason, Reader::commandLine); !advice.empty())
             why += "<br>" + quiet(text(advice));
           std::string examples;
           for (std::size_t i = 0; i < std::min<std::size_t>(group.examples.size(), 3); ++i) {

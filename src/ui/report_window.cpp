@@ -215,7 +215,8 @@ void ReportWindow::showExamples() {
                                                                     : tr("Select a reason to see examples."));
   m_leftOut->setDetailText({});
   if (!row) return m_leftOut->details().setRows(0, {}, nullptr);
-  m_leftOut->setDetailText(toQString(report::adviceFor(m_report->leftOut.groups[*row].reason)));
+  m_leftOut->setDetailText(
+      toQString(report::adviceFor(m_report->leftOut.groups[*row].reason, report::Reader::window)));
   ui::showExamples(m_leftOut->details(), m_report, *row);
 }
 

@@ -46,7 +46,9 @@ TEST(AddressAnswer, SaysWhyAnAddressIsNotListed) {
        "robots.txt"},
       {"outside, and met", "http://away.test/x", "It lies outside of the site: 2 pages link to it"},
       {"outside, and not met", "https://other.test/", "It lies outside of the site, which is all below"},
-      {"by a filter", "http://shop.test/PRIVATE/1", "The filter \"/private\" keeps it out. A filter"},
+      {"by a filter", "http://shop.test/PRIVATE/1",
+       "The filter \"/private\" keeps it out. A filter of the site does this: delete it in the Filters "
+       "beside"},
       {"an ending that was met", "http://shop.test/b/other.aspx?x=1",
        "Addresses that end in \".aspx\" are left out. Pages with"},
       {"a known ending", "http://shop.test/a.PDF", "Addresses that end in \".PDF\" are left out."},
