@@ -5,6 +5,7 @@
 #include <QItemSelectionModel>
 #include <QLocale>
 #include <QMenu>
+#include <QSet>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QToolButton>
@@ -56,8 +57,10 @@ ReportTab::ReportTab(const Names& names, std::vector<ReportColumn> columns,
     emit narrowed();
   });
   connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ReportTab::rowSelected);
+  connect(&m_rows, &QAbstractItemModel::modelAboutToBeReset, this, &ReportTab::rememberSelection);
   connect(&m_rows, &QAbstractItemModel::modelReset, this, [this] {
     countRows();
+    restoreSelection();
     emit rowSelected();
   });
   countRows();
@@ -174,6 +177,27 @@ void ReportTab::select(std::size_t row) {
   m_table->selectRow(index.row());
   m_table->scrollTo(index, QAbstractItemView::PositionAtCenter);
   m_table->setFocus();
+}
+
+void ReportTab::rememberSelection() {
+  if (m_rows.rowCount() > 0) m_selected = selectedAddresses(*m_table, m_rows);
+}
+
+void ReportTab::restoreSelection() {
+  if (m_selected.isEmpty()) return;
+  const QSet<QString> wanted(m_selected.begin(), m_selected.end());
+  const int column = std::max(0, m_rows.addressColumn());
+  const QSignalBlocker quiet(this);
+  QItemSelection selection;
+  for (int place = 0; place < m_rows.rowCount(); ++place) {
+    if (!wanted.contains(m_rows.textAt(m_rows.rowAt(place), column))) continue;
+    selection.select(m_rows.index(place, 0), m_rows.index(place, m_rows.columnCount() - 1));
+  }
+  if (selection.isEmpty()) return;
+  const QModelIndex first = selection.first().topLeft();
+  m_table->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+  m_table->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+  m_table->scrollTo(first);
 }
 
 /// How many there are in all is told by the tab.

@@ -54,6 +54,9 @@ class ReportTab : public QWidget {
 
   /// The row in hand; nothing when there is none.
   std::optional<std::size_t> selectedRow() const;
+  /// Which rows are selected is kept by their addresses while the table is filled anew, also across being
+  /// empty in between; until this is called.
+  void forgetSelection() { m_selected.clear(); }
   /// Brings a row into sight and selects it, whatever is searched and chosen.
   void select(std::size_t row);
 
@@ -69,6 +72,8 @@ class ReportTab : public QWidget {
   QWidget* makeTop(const Names& names);
   QWidget* makeDetails(const Names& names);
   void countRows();
+  void rememberSelection();
+  void restoreSelection();
 
   ReportModel m_rows;
   ReportModel m_details;
@@ -82,6 +87,7 @@ class ReportTab : public QWidget {
   QTableView* m_detailTable;
   EmptyHint* m_detailHint;
   std::vector<RowChoice> m_choices;
+  QStringList m_selected;  // addresses, before the table was filled anew
 };
 
 }  // namespace ui

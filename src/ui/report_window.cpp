@@ -159,6 +159,9 @@ void ReportWindow::showReport() {
   if (!m_report->hasScan()) {
     showEmpty(tr("There is no report of this site yet. Its next complete scan makes one."));
     return showLeftOut();  // that is known of every scan
+  if (site != std::exchange(m_siteShown, site)) {
+    for (ReportTab* tab : {m_broken, m_changes, m_leftOut, m_pages, m_outside}) tab->forgetSelection();
+  }
   }
   m_overview->showReport(m_report);
   showBroken();

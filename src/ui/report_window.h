@@ -65,6 +65,7 @@ class ReportWindow : public QWidget {
   std::shared_ptr<const report::LatestReport> m_report;
   std::shared_ptr<const ComparedScans> m_compared;
   std::vector<QString> m_titles;  // of the tabs, without counts
+  QString m_siteShown;
 
   QTabWidget* m_tabs;
   ReportOverview* m_overview;

@@ -10,8 +10,8 @@
 
 #include "platform/qt_text.h"
 #include "report/report_database.h"
+#include "scan_steps.h"
 #include "ui/plot_view.h"
-#include "window_test.h"
 
 namespace window_tests {
 
@@ -236,6 +236,35 @@ class ReportWindowTest : public QObject {
             hint->text().startsWith(QLatin1String("The filter \"/private\" keeps it out.")));
     search.setText(QStringLiteral("http://shop.test/nowhere"));
     QVERIFY(hint->text().startsWith(QLatin1String("No page of the last complete scan links to it.")));
+  }
+
+  void keepsTheSelectionWhenTheSiteIsScannedAgain() {
+    const SiteServer site(smallSite());
+    Desk desk;
+    desk.openShop(site.url());
+    QVERIFY(scan(desk));
+    ui::ReportWindow* window = openReport(desk);
+    QVERIFY(window);
+    auto& tabs = in<QTabWidget>(*window, "reportTabs");
+    QVERIFY(comesTrue([&] { return tabs.tabText(1) == QLatin1String("&Broken 1"); }));
+    auto& pages = in<QTableView>(*window, "reportPagesTable");
+    const auto selected = [&] {
+      const QModelIndexList rows = pages.selectionModel()->selectedRows();
+      return rows.size() == 1 ? rows.at(0).data().toString() : QString();
+    };
+    pages.sortByColumn(0, Qt::DescendingOrder);
+    pages.selectRow(2);
+    const QString address = selected();
+    QVERIFY(!address.isEmpty());
+    QVERIFY(scan(desk));
+    QVERIFY(comesTrue([&] { return tabs.tabText(2) == QLatin1String("&Changes 0"); }));
+    QCOMPARE(selected(), address);
+    QVERIFY(in<QLabel>(*window, "reportPagesDetailText").text().contains(QLatin1String("link")));
+    // Of another site nothing is taken for the same.
+    QVERIFY(desk.select(kShop, Qt::ControlModifier));
+    QVERIFY(desk.select(kShop));
+    QVERIFY(comesTrue([&] { return pages.model()->rowCount() > 0; }));
+    QCOMPARE(selected(), QString());
   }
 
   /// As in the main window.
