@@ -9,10 +9,13 @@
 
 namespace platform {
 
+bool isForBrowser(const QString& address) {
+  const QString scheme = QUrl(address).scheme();
+  return scheme == QLatin1String("http") || scheme == QLatin1String("https");
+}
+
 void openInBrowser(const QString& address) {
-  const QUrl url(address);
-  if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
-    QDesktopServices::openUrl(url);
+  if (isForBrowser(address)) QDesktopServices::openUrl(QUrl(address));
 }
 
 void addAddressActions(QAbstractItemView& list, const std::function<QStringList()>& addresses) {

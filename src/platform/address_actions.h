@@ -12,6 +12,9 @@ namespace platform {
 inline constexpr const char* kCopySelection = "copySelection";
 inline constexpr const char* kOpenSelection = "openSelection";
 
+/// Whether an address is http or https.
+bool isForBrowser(const QString& address);
+
 /// Opens an address in the user's browser. Addresses come from strangers: what is not http or https would be
 /// handed to some other program, so nothing happens to it.
 void openInBrowser(const QString& address);

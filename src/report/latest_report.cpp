@@ -24,6 +24,8 @@ std::shared_ptr<const LatestReport> readLatestReport(const store::StateFolder& s
     const std::vector<ScanFacts> kept = database.keptScans();
     if (!kept.empty()) report->now = database.contents(kept.front());
     if (kept.size() > 1) report->former = kept[1];
+    report->checks = database.linkChecks();
+    report->lastCheck = database.lastCheck();
   }
   // What is wrong inside shows only when it is read.
   if (database.isDamaged()) {
@@ -32,6 +34,7 @@ std::shared_ptr<const LatestReport> readLatestReport(const store::StateFolder& s
     report->problem = "The report cannot be read: " + database.result().error;
   }
   report->summary = summarise(report->now);
+  report->outside = outsideRows(report->now, report->checks);
   for (const Page& page : report->now.pages) {
     if (page.standing == crawler::PageStanding::broken) report->broken.push_back(&page);
   }

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "crawler/left_out.h"
+#include "report/link_check.h"
+#include "report/outside_rows.h"
 #include "report/report.h"
 #include "report/report_database.h"
 #include "report/summary.h"
@@ -27,6 +29,9 @@ struct LatestReport {
   ScanFacts former = {};                // the complete scan before it; likewise
   Summary summary = {};                 // of `now`
   std::vector<const Page*> broken = {};
+  std::vector<LinkCheck> checks = {};  // of links that lead outside, by address
+  CheckFacts lastCheck = {};
+  std::vector<OutsideRow> outside = {};
   crawler::LeftOut leftOut = {};  // by the latest scan, complete or not
 
   bool hasScan() const { return now.facts.id != 0; }

@@ -1,6 +1,7 @@
 #include "report/report_html.h"
 
 #include <algorithm>
+#include <ctime>
 #include <initializer_list>
 #include <string_view>
 
@@ -9,6 +10,7 @@
 #include "report/changes.h"
 #include "report/figures.h"
 #include "report/left_out_advice.h"
+#include "report/outside_rows.h"
 #include "report/plots.h"
 #include "report/report_page.h"
 #include "report/summary.h"
@@ -342,15 +344,30 @@ void Writer::ranks() {
 
 void Writer::outside() {
   section("outside", "Links to other places");
-  const std::vector<OutsideAddress>& all = m_report.now.outside;
+  const std::vector<OutsideRow> all = outsideRows(m_report.now, m_report.checks);
   if (all.empty()) return add("<p>No page links out of the site.</p>");
   static_assert(kRowsShown <= kOutsideShown);
-  table({{"Pages", Heading::number}, {"Address"}, {"The first link"}}, mostLinked(m_report.now, kRowsShown),
-        kRowsShown, [&](const OutsideAddress* address) {
-          const std::vector<LinkingPage>& links = m_report.linksTo({true, address->number});
-          return numberCell(address->linkedFrom) + wideCell(link(address->address)) +
-                 wideCell(links.empty() ? std::string() : linkOn(links[0]));
-        });
+  const auto shown = firstOutside(all, kRowsShown);
+  const auto firstLink = [&](const OutsideRow& row) {
+    if (row.link == nullptr) return quiet("image, style or script of ") + link(row.check->foundOn);
+    const std::vector<LinkingPage>& links = m_report.linksTo({true, row.link->number});
+    return links.empty() ? std::string() : linkOn(links[0]);
+  };
+  if (m_report.lastCheck.isKnown()) {
+    add("<p>" + text(checkText(m_report.lastCheck, all)) + "</p>");
+    const std::int64_t now = std::time(nullptr);
+    table({{"Pages", Heading::number}, {"Address"}, {"State"}, {"Reason"}, {"The first link"}}, shown,
+          kRowsShown, [&](const OutsideRow& row) {
+            return numberCell(row.linkedFrom()) + wideCell(link(row.address())) + "<td>" +
+                   text(stateText(row)) + "</td>" + wideCell(text(reasonText(row, now))) +
+                   wideCell(firstLink(row));
+          });
+  } else {
+    table({{"Pages", Heading::number}, {"Address"}, {"The first link"}}, shown, kRowsShown,
+          [&](const OutsideRow& row) {
+            return numberCell(row.linkedFrom()) + wideCell(link(row.address())) + wideCell(firstLink(row));
+          });
+  }
   tellRest(all.size(), kRowsShown, "--output report.json");
   if (!m_report.now.hasAllOutside) add("<p class=\"quiet\">There are more than a scan can remember.</p>");
 }

@@ -6,6 +6,8 @@
 
 #include "report/changes.h"
 #include "report/left_out_json.h"
+#include "report/link_check_json.h"
+#include "report/outside_rows.h"
 
 namespace report {
 
@@ -87,6 +89,20 @@ std::string changesJson(const Changes& changes) {
          ",\n\"repaired\":" + addresses(changes.repaired) + ",\n\"renamed\":" + renamed + "}";
 }
 
+Json outsideJson(const OutsideRow& row) {
+  Json json = {{"url", row.address()}};
+  if (row.link != nullptr) json["linkedFrom"] = row.linkedFrom();
+  if (row.check != nullptr) addCheck(json, *row.check);
+  return json;
+}
+
+std::string checkJson(const CheckFacts& check) {
+  if (!check.isKnown()) return "null";
+  Json json = {{"started", check.started}, {"ended", nullptr}};
+  if (!check.isUnfinished()) json["ended"] = check.ended;
+  return textOf(json);
+}
+
 }  // namespace
 
 std::string reportJson(const SiteReport& report) {
@@ -102,9 +118,12 @@ std::string reportJson(const SiteReport& report) {
   add("broken", brokenLines(report));
   add("leftOut", lines(report.leftOut.groups, leftOutJson));
   add("pages", lines(report.now.pages, pageJson));
-  add("outside", lines(report.now.outside, [](const OutsideAddress& address) {
-        return Json{{"url", address.address}, {"linkedFrom", address.linkedFrom}};
-      }));
+  const std::vector<OutsideRow> outside = outsideRows(report.now, report.checks);
+  add("outside",
+      lines(outside, [](const OutsideRow& row) { return row.link == nullptr ? Json() : outsideJson(row); }));
+  add("resources",
+      lines(outside, [](const OutsideRow& row) { return row.link == nullptr ? outsideJson(row) : Json(); }));
+  add("linkCheck", checkJson(report.lastCheck));
   add("hasAllOutside", report.now.hasAllOutside ? "true" : "false");
   return text + "}\n";
 }

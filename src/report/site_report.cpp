@@ -1,22 +1,22 @@
 #include "report/site_report.h"
 
-#include <algorithm>
 #include <set>
 
 #include "crawler/left_out_file.h"
-#include "report/report_database.h"
+#include "report/outside_rows.h"
 
 namespace report {
 
 namespace {
 
-std::set<Target> targetsShown(const ScanContents& contents) {
+std::set<Target> targetsShown(const SiteReport& report) {
   std::set<Target> targets;
-  for (const Page& page : contents.pages) {
+  for (const Page& page : report.now.pages) {
     if (page.standing == crawler::PageStanding::broken) targets.insert({false, page.number});
   }
-  for (const OutsideAddress* address : mostLinked(contents, kOutsideShown))
-    targets.insert({true, address->number});
+  for (const OutsideRow& row : firstOutside(outsideRows(report.now, report.checks), kOutsideShown)) {
+    if (row.link != nullptr) targets.insert({true, row.link->number});
+  }
   return targets;
 }
 
@@ -38,7 +38,9 @@ ReadReport readSiteReport(const store::StateFolder& state, std::string_view site
     report.history = database.history();
     report.now = database.contents(kept[0]);
     if (kept.size() > 1) report.before = database.contents(kept[1]);
-    report.links = database.linksTo(kept[0], targetsShown(report.now));
+    report.checks = database.linkChecks();
+    report.lastCheck = database.lastCheck();
+    report.links = database.linksTo(kept[0], targetsShown(report));
     report.leftOut = crawler::readLeftOut(state, siteName);
   }
   // What is wrong inside shows only when it is read.
@@ -46,15 +48,6 @@ ReadReport readSiteReport(const store::StateFolder& state, std::string_view site
   if (!database.result().ok()) return {database.result()};
   if (kept.empty()) return {{platform::FileStatus::missing}};
   return {{}, std::move(report)};
-}
-
-std::vector<const OutsideAddress*> mostLinked(const ScanContents& contents, std::size_t count) {
-  std::vector<const OutsideAddress*> addresses;
-  for (const OutsideAddress& address : contents.outside) addresses.push_back(&address);
-  std::stable_sort(addresses.begin(), addresses.end(),
-                   [](const auto* a, const auto* b) { return a->linkedFrom > b->linkedFrom; });
-  addresses.resize(std::min(addresses.size(), count));
-  return addresses;
 }
 
 }  // namespace report

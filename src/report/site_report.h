@@ -9,7 +9,9 @@
 
 #include "crawler/left_out.h"
 #include "platform/files.h"
+#include "report/link_check.h"
 #include "report/report.h"
+#include "report/report_database.h"
 #include "store/state_folder.h"
 
 namespace report {
@@ -22,7 +24,10 @@ struct SiteReport {
   ScanContents before = {};             // the one before; empty when there is none
   crawler::LeftOut leftOut = {};        // by the last scan
 
-  /// Who links to the broken pages, and to the outside addresses that most pages link to.
+  std::vector<LinkCheck> checks = {};  // of links that lead outside, by address
+  CheckFacts lastCheck = {};
+
+  /// Who links to the broken pages, and to those of firstOutside().
   std::map<Target, std::vector<LinkingPage>> links = {};
 
   const std::vector<LinkingPage>& linksTo(const Target& target) const;
@@ -38,10 +43,7 @@ struct ReadReport {
 ReadReport readSiteReport(const store::StateFolder& state, std::string_view siteName,
                           std::string_view startUrl);
 
-/// The outside addresses that most pages link to, at most `count`, the first of them first.
-std::vector<const OutsideAddress*> mostLinked(const ScanContents& contents, std::size_t count);
-
-/// So many of them a page shows, and a report knows the links to.
+/// So many of the outside addresses a page shows, and a report knows the links to.
 inline constexpr std::size_t kOutsideShown = 1'000;
 
 }  // namespace report

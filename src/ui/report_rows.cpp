@@ -3,6 +3,7 @@
 #include <QObject>
 #include <algorithm>
 #include <array>
+#include <ctime>
 #include <numeric>
 #include <utility>
 
@@ -187,16 +188,50 @@ std::vector<RowChoice> pageChoices(const LatestReport& report) {
 }
 
 std::vector<ReportColumn> outsideColumns() {
-  return {{tr("Address"), Kind::address}, {tr("Linked From"), Kind::number}};
+  return {{tr("Address"), Kind::address},
+          {.heading = tr("State"), .letters = 20},
+          {.heading = tr("Reason"), .letters = 34},
+          {tr("Linked From"), Kind::someNumber}};
 }
 
 void showOutside(ReportModel& model, std::shared_ptr<const LatestReport> report) {
   const LatestReport& all = *report;
-  const auto cells = [&all](std::size_t row, int column) {
-    const report::OutsideAddress& address = all.now.outside[row];
-    return column == 0 ? textCell(address.address) : numberCell(address.linkedFrom);
+  const auto cells = [&all, now = std::int64_t{std::time(nullptr)}](std::size_t row, int column) {
+    const report::OutsideRow& outside = all.outside[row];
+    switch (column) {
+      case 0:
+        return textCell(outside.address());
+      case 1:
+        return textCell(std::string(stateText(outside)));
+      case 2:
+        return textCell(reasonText(outside, now));
+      default:
+        return numberCell(outside.linkedFrom());
+    }
   };
-  model.setRows(all.now.outside.size(), cells, std::move(report));
+  model.setRows(all.outside.size(), cells, std::move(report));
+}
+
+std::vector<RowChoice> outsideChoices(const LatestReport& report) {
+  std::vector<RowChoice> choices = {{tr("All links"), nullptr}};
+  if (!report.lastCheck.isKnown()) return choices;
+  const auto add = [&](const QString& name, const auto& isMeant) {
+    auto rows = std::make_shared<std::vector<std::size_t>>();
+    for (std::size_t row = 0; row < report.outside.size(); ++row) {
+      if (isMeant(report.outside[row])) rows->push_back(row);
+    }
+    choices.emplace_back(name, std::move(rows));
+  };
+  using report::LinkState;
+  using report::OutsideRow;
+  const std::int64_t now = std::time(nullptr);
+  add(tr("Broken"), [](const OutsideRow& row) { return row.is(LinkState::broken); });
+  add(tr("Moved"), [](const OutsideRow& row) { return row.is(LinkState::moved); });
+  add(tr("Could not be checked"), [](const OutsideRow& row) { return row.is(LinkState::unchecked); });
+  add(tr("Certificate ends soon"), [now](const OutsideRow& row) { return certificateEndsSoon(row, now); });
+  add(tr("Not asked yet"), [](const OutsideRow& row) { return row.isToBeAsked(); });
+  add(tr("Images, styles and scripts"), [](const OutsideRow& row) { return row.link == nullptr; });
+  return choices;
 }
 
 std::vector<ReportColumn> leftOutColumns() {

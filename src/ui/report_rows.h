@@ -21,6 +21,8 @@ std::vector<RowChoice> pageChoices(const report::LatestReport& report);
 
 std::vector<ReportColumn> outsideColumns();
 void showOutside(ReportModel& model, std::shared_ptr<const report::LatestReport> report);
+/// All of them, and by what the last check has found.
+std::vector<RowChoice> outsideChoices(const report::LatestReport& report);
 
 std::vector<ReportColumn> leftOutColumns();
 void showLeftOut(ReportModel& model, std::shared_ptr<const report::LatestReport> report);

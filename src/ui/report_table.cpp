@@ -67,9 +67,18 @@ void setUpReportTable(QTableView& table, ReportModel& model) {
   auto& copy = platform::control<QAction>(table, platform::kCopySelection);
   copy.setShortcut(QKeySequence::Copy);
   copy.setShortcutContext(Qt::WidgetShortcut);
-  if (model.addressColumn() >= 0) return;
-  copy.setText(QObject::tr("&Copy"));
-  table.removeAction(&platform::control<QAction>(table, platform::kOpenSelection));
+  auto& open = platform::control<QAction>(table, platform::kOpenSelection);
+  if (model.addressColumn() >= 0) {
+    // Links lead to mail addresses, too. Its other handler was there first, so this one has the last word.
+    const auto enable = [&table, &model, &open] {
+      const QStringList addresses = selectedAddresses(table, model);
+      open.setEnabled(!addresses.isEmpty() && platform::isForBrowser(addresses.first()));
+    };
+    QObject::connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, &open, enable);
+  } else {
+    copy.setText(QObject::tr("&Copy"));
+    table.removeAction(&open);
+  }
 }
 
 QStringList selectedAddresses(const QTableView& table, const ReportModel& model) {

@@ -7,6 +7,7 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <ctime>
 #include <utility>
 
 #include "platform/qt_text.h"
@@ -93,8 +94,15 @@ void ReportWindow::buildTabs() {
   m_pages->offerColumns();
   connect(m_pages, &ReportTab::narrowed, this, &ReportWindow::explainEmptyPages);
   addLinkedTab(m_outside, tr("Outside Lin&ks"), [this](std::size_t row) {
-    const report::OutsideAddress& address = m_report->now.outside[row];
-    return Linked{{{true, address.number}}, address.linkedFrom};
+    const report::OutsideRow& outside = m_report->outside[row];
+    std::string standing(stateText(outside));
+    if (const std::string reason = reasonText(outside, std::time(nullptr)); !reason.empty())
+      standing += ": " + reason;
+    if (outside.link != nullptr)
+      return Linked{{{true, outside.link->number}}, outside.link->linkedFrom, standing};
+    const report::LinkingPage page{outside.check->foundOn, toUtf8(tr("(image, style or script)"))};
+    return Linked{.standing = standing + ". The first page that needs it",
+                  .known = std::make_shared<const std::vector<report::LinkingPage>>(1, page)};
   });
 }
 
@@ -151,6 +159,9 @@ void ReportWindow::showReport() {
   m_reader.want();
   const QString site = toQString(m_state.qzvskCurSite);
   setWindowTitle(site.isEmpty() ? tr("Scan Report") : tr("Report of %1").arg(site));
+  if (site != std::exchange(m_siteShown, site)) {
+    for (ReportTab* tab : {m_broken, m_changes, m_leftOut, m_pages, m_outside}) tab->forgetSelection();
+  }
   m_compared.reset();
   m_report = m_reader.report();
   if (site.isEmpty()) return showEmpty(tr("Select a site to see the report of its last scan."));
@@ -159,9 +170,6 @@ void ReportWindow::showReport() {
   if (!m_report->hasScan()) {
     showEmpty(tr("There is no report of this site yet. Its next complete scan makes one."));
     return showLeftOut();  // that is known of every scan
-  if (site != std::exchange(m_siteShown, site)) {
-    for (ReportTab* tab : {m_broken, m_changes, m_leftOut, m_pages, m_outside}) tab->forgetSelection();
-  }
   }
   m_overview->showReport(m_report);
   showBroken();
@@ -203,7 +211,8 @@ void ReportWindow::showPages() {
 void ReportWindow::showOutside() {
   m_outside->setHint(tr("No page links out of the site."));
   ui::showOutside(m_outside->rows(), m_report);
-  countOn(*m_outside, m_report->now.outside.size());
+  m_outside->setChoices(outsideChoices(*m_report));
+  countOn(*m_outside, m_report->outside.size());
 }
 
 void ReportWindow::showLeftOut() {
@@ -252,9 +261,9 @@ void ReportWindow::showLinksOf(ReportTab& tab, const FindLinked& find) {
   }
   const Linked linked = find(*row);
   if (!linked.target) {
-    tab.setDetailText(toQString(linked.standing + "."));
+    tab.setDetailText(toQString(linked.standing + (linked.known == nullptr ? "." : ":")));
     tab.setDetailHint({});
-    return showLinks(tab.details(), nullptr);
+    return showLinks(tab.details(), linked.known);
   }
   tab.setDetailText(linkedText(linked.standing, linked.pages));
   const LinkingPages links = m_reader.linksTo(*linked.target);

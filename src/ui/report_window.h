@@ -37,6 +37,7 @@ class ReportWindow : public QWidget {
     std::optional<report::Target> target = {};  // nothing where no links are known
     std::uint32_t pages = 0;                    // that link there
     std::string standing = {};                  // a phrase; may be empty
+    LinkingPages known = nullptr;               // in place of a target's
   };
   using FindLinked = std::function<Linked(std::size_t row)>;
 
@@ -64,8 +65,8 @@ class ReportWindow : public QWidget {
   const QString m_settingsFile;
   std::shared_ptr<const report::LatestReport> m_report;
   std::shared_ptr<const ComparedScans> m_compared;
-  std::vector<QString> m_titles;  // of the tabs, without counts
   QString m_siteShown;
+  std::vector<QString> m_titles;  // of the tabs, without counts
 
   QTabWidget* m_tabs;
   ReportOverview* m_overview;

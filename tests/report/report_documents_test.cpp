@@ -49,6 +49,17 @@ SiteReport hostileReport() {
   report.history = {report.now.facts};
   report.links[{false, 1}] = {{"http://a.test/", "@SUM(1)\n<svg onload=x()>"}};
   report.links[{true, 1}] = {{"http://a.test/", "</td><iframe src=//c.test>"}};
+  report.checks = {{.address = "http://a.test/<i>.png",
+                    .state = LinkState::broken,
+                    .status = 410,
+                    .reason = "410 - Gone",
+                    .foundOn = "http://a.test/"},
+                   {.address = "https://b.test/<!--",
+                    .state = LinkState::moved,
+                    .status = 200,
+                    .movedTo = "https://c.test/<img>",
+                    .certificateEnds = std::chrono::seconds(86'400 * 1'000)}};
+  report.lastCheck = {.started = 30};
   report.leftOut.groups = {{.reason = crawler::LinkReason::filter,
                             .which = "<style>",
                             .count = 3,
@@ -69,7 +80,9 @@ TEST(ReportHtml, KeepsTextsInTheirPlace) {
        {"<title>Report of A&lt;b>&amp;</title>",
         "href=\"http://a.test/?x=%22%3E%3Cimg src=x onerror=x()%3E&amp;copy=1\"", "javascript:x()",
         "&lt;!--</bdi> \xE2\x86\x92 </span><bdi>&lt;/title>&lt;script>", "and on 110 more pages",
-        "by the filter \"&lt;style>\"", "--delete TEXT", "Newly broken (2)"})
+        "by the filter \"&lt;style>\"", "--delete TEXT", "Newly broken (2)",
+        "was stopped: 2 asked, 1 broken, 1 moved, 0 could not be checked.</p>",
+        "Moved to https://c.test/&lt;img>; the certificate ended on 1972-09-2"})
     EXPECT_THAT(page, HasSubstr(shown));
 }
 
@@ -136,6 +149,10 @@ TEST(ReportJson, HoldsEverything) {
   EXPECT_EQ(json["changes"]["newlyBroken"].size(), 2u);
   EXPECT_EQ(json["leftOut"][0]["which"], "<style>");
   EXPECT_EQ(json["outside"].size(), 2u);
+  EXPECT_FALSE(json["outside"][0].contains("state"));
+  EXPECT_EQ(json["outside"][1]["movedTo"], "https://c.test/<img>");
+  EXPECT_EQ(json["resources"][0]["foundOn"], "http://a.test/");
+  EXPECT_TRUE(json["linkCheck"]["ended"].is_null());
   EXPECT_TRUE(nlohmann::json::parse(reportJson({}))["changes"].is_null());
   EXPECT_EQ(nlohmann::json::parse(brokenJson(hostileReport())), json["broken"]);
 }
