@@ -159,7 +159,7 @@ void printSummary(const CliContext& context, const crawler::ScanResult& result, 
   const std::string leftOut = result.leftOut.sentence();
   if (!leftOut.empty()) std::cout << printable(leftOut) << '\n';
   if (result.leftOut.browserRulesMayFindMore()) {
-    std::cout << "Pages may be behind other endings. To find them: veskel-cli edit \"" << name
+    std::cout << "Pages may be behind them. To find them: veskel-cli edit \"" << name
               << "\" --links browser\n";
   }
 }

@@ -27,6 +27,8 @@ using enum Weight;
 /// In the order in which reasons are told.
 constexpr std::array kReasonTexts = {
     ReasonText{foreignExtension, "ending", pagesMayMiss, "by its ending", "by their ending"},
+    ReasonText{withoutPort, "withoutPort", pagesMayMiss, "to the site's host without its port",
+               "to the site's host without its port"},
     ReasonText{filter, "filter", pagesMayMiss, "by the filter", "by the filter"},
     ReasonText{robots, "robots", pagesMayMiss, "by the robots.txt rule", "by the robots.txt rule"},
     ReasonText{tooLong, "tooLong", pagesMayMiss, "as its address is too long",
@@ -125,8 +127,9 @@ bool LeftOut::mayMissPages() const {
 }
 
 bool LeftOut::browserRulesMayFindMore() const {
-  return std::any_of(groups.begin(), groups.end(),
-                     [](const LeftOutGroup& group) { return group.reason == foreignExtension; });
+  return std::any_of(groups.begin(), groups.end(), [](const LeftOutGroup& group) {
+    return group.reason == foreignExtension || group.reason == withoutPort;
+  });
 }
 
 std::string LeftOut::sentence() const {

@@ -19,9 +19,10 @@ namespace crawler {
 /// first that applies.
 enum class LinkReason {
   none,  // a page of the site: listed and followed
-  // Listed only; the first three lie outside of the site:
+  // Listed only; the first four lie outside of the site:
   otherHost,
   otherPort,
+  withoutPort,  // simple rules lose the port of links that begin with a slash
   aboveStart,   // on the site's host, but not in the start's folder
   notFollowed,  // a page of the site; the page that it stands on asks not to follow it
   // Neither listed nor followed:
@@ -46,8 +47,7 @@ enum class LinkReason {
 inline constexpr std::size_t kLinkReasons = static_cast<std::size_t>(LinkReason::canonicalElsewhere) + 1;
 
 constexpr bool isOutside(LinkReason reason) {
-  return reason == LinkReason::otherHost || reason == LinkReason::otherPort ||
-         reason == LinkReason::aboveStart;
+  return LinkReason::otherHost <= reason && reason <= LinkReason::aboveStart;
 }
 
 struct JudgedLink {

@@ -41,7 +41,7 @@ void ScanNotice::refresh() {
   if (!m_offeredTo.empty()) {
     const store::LinkStyle links = store::readSettings(m_stateFolder, m_offeredTo).settings.links;
     offers = links != store::LinkStyle::browser;
-    texts.append(offers ? tr("Pages may be behind other endings.")
+    texts.append(offers ? tr("Pages may be behind links that were left out.")
                         : tr("From the next scan on, links are followed as browsers do."));
   }
   m_text.setPlainText(texts.join(QLatin1Char('\n')));

@@ -121,6 +121,7 @@ bool liesBelow(const SplitLink& link, std::string_view comparableBase) {
 /// Why a link lies outside of a site that says so by its text.
 LinkReason reasonOutside(const SplitLink& link, const SiteBounds& bounds) {
   const LinkReason reason = bounds.judge(link.parts);
+  if (reason == LinkReason::otherPort && link.parts.port().empty()) return LinkReason::withoutPort;
   return reason == LinkReason::none ? LinkReason::aboveStart : reason;
 }
 

@@ -19,6 +19,11 @@ Advice adviceFor(crawler::LinkReason reason) {
     case foreignExtension:
       return {"Pages with other endings are found when Links in the Scan Settings is set to As browsers do.",
               "Pages with other endings are found with links as browsers do (--links browser)."};
+    case withoutPort:
+      return {"Simple links lose the port of addresses that begin with a slash. They are found when Links in "
+              "the Scan Settings is set to As browsers do.",
+              "Simple links lose the port of addresses that begin with a slash; links as browsers do find "
+              "them (--links browser)."};
     case filter:
       return {"A filter of the site does this: delete it in the Filters beside the Scan view.",
               "A filter of the site does this: delete it (filters NAME --delete TEXT)."};

@@ -221,7 +221,9 @@ TEST_F(SiteCommands, WhatAScanLeavesOutIsToldThenAndLater) {
   EXPECT_THAT(run(words("show shop --left-out")).errors, StartsWith("Nothing is known"));
   prepare(words("filters shop --add ?"));
   const std::string sentence = "\nLeft out: 1 link by its ending (for example " +
-                               server.url("a\uFFFDb.v.html") + "), 1 by the filter \"?\" (" +
+                               server.url("a\uFFFDb.v.html") +
+                               "), 1 to the site's host without its port (http://127.0.0.1//), 1 by the "
+                               "filter \"?\" (" +
                                server.url("c?x") + ")";
   EXPECT_THAT(run(words("scan shop")).output, HasSubstr(sentence));
   EXPECT_THAT(run(words("scan shop --progress json")).output,
@@ -232,6 +234,7 @@ TEST_F(SiteCommands, WhatAScanLeavesOutIsToldThenAndLater) {
   EXPECT_THAT(run(words("show store")).output, HasSubstr(sentence));
   EXPECT_THAT(run(words("show store --left-out")).output,
               StartsWith("by its ending\t" + server.url("a\uFFFDb.v.html\t") + server.url("\n") +
+                         "to the site's host without its port\thttp://127.0.0.1//\t" + server.url("\n") +
                          "by the filter \"?\"\t" + server.url("c?x\t") + server.url("\n")));
   const auto json = nlohmann::json::parse(run(words("show store --json")).output);
   EXPECT_EQ(json["leftOut"][0]["examples"][0]["url"], server.url("a\tb.v.html"));

@@ -239,11 +239,12 @@ TEST(Scan, TellsWhatItLeavesOut) {
         {titled("Start", linkTo("v1.2.html") + linkTo("v1.2.html#2") + linkTo("v1.2.html") +
                              linkTo("a#part") + linkTo("private/x.html") + linkTo("http://127.0.0.1:1/dir/") +
                              linkTo("http://elsewhere.test/") + linkTo("mailto:") + linkTo("./") +
-                             linkTo("../"))}}});
+                             linkTo("../") + linkTo("/dir/"))}}});
   ScanRun run(server.url("dir/index.html"));
   run.settings.filters = {"unused", "#PART"};
   EXPECT_EQ(support::leftOutLines(run.scan(), server.url()),
             "3 by their ending: /dir/v1.2.html</dir/index.html /dir/v1.2.html#2</dir/index.html\n"
+            "1 to the site's host without its port: http://127.0.0.1/dir/</dir/index.html\n"
             "1 by the filter \"#PART\": /dir/a#part</dir/index.html\n"
             "1 by the robots.txt rule \"/private\": /dir/private/x.html</dir/index.html\n"
             "1 to another port: http://127.0.0.1:1/dir/</dir/index.html\n"
