@@ -22,6 +22,7 @@
 #include "ui/broken_links_controller.h"
 #include "ui/elided_label.h"
 #include "ui/icons.h"
+#include "ui/link_check_controller.h"
 #include "ui/report_reader.h"
 #include "ui/report_window.h"
 #include "ui/view_forms.h"
@@ -105,6 +106,7 @@ void MainWindow::makeControllers() {
   m_export = std::make_unique<ui::ExportController>(*this, *m_sheets, m_controls, m_state, m_passedScripts);
 
   makeReport();
+  makeLinkCheck();
   makeHtmlView();
   m_xmlView =
       std::make_unique<xml_editor::XMLViewController>(*this, *m_sheets, m_controls, m_stateFolder, m_state);
@@ -160,13 +162,30 @@ void MainWindow::makeReport() {
           });
   connect(linkingExport, &ui::LinkingExport::report, this,
           [this](const QString& sentence) { say(sentence); });
-  connect(m_ui->scanReportMI, &QAction::triggered, this, &MainWindow::showReport);
+  connect(m_ui->scanReportMI, &QAction::triggered, this, [this] { reportWindow().bringUp(); });
 }
 
-void MainWindow::showReport() {
+void MainWindow::makeLinkCheck() {
+  m_linkCheck = std::make_unique<ui::LinkCheckController>(
+      ui::LinkCheckServices{m_controls, m_stateFolder, m_state, *m_scan, m_passwords});
+  ui::LinkCheckController* check = m_linkCheck.get();
+  connect(m_scanView.get(), &ui::ScanViewController::siteInHandChanged, check,
+          &ui::LinkCheckController::refresh);
+  connect(m_scan.get(), &crawler::ScanController::scanBegan, check, &ui::LinkCheckController::refresh);
+  connect(m_scan.get(), &crawler::ScanController::scanned, check, &ui::LinkCheckController::refresh);
+  connect(check, &ui::LinkCheckController::changed, this,
+          [this] { m_ui->checkLinksMI->setEnabled(m_linkCheck->whyNot().isEmpty()); });
+  connect(check, &ui::LinkCheckController::ended, this, [this](const QString& site) {
+    if (site == platform::toQString(m_state.qzvskCurSite)) m_reportReader->readAnew();
+  });
+  connect(check, &ui::LinkCheckController::report, this, [this](const QString& sentence) { say(sentence); });
+  connect(m_ui->checkLinksMI, &QAction::triggered, this, [this] { reportWindow().checkLinks(); });
+}
+
+ui::ReportWindow& MainWindow::reportWindow() {
   if (m_report == nullptr)
-    m_report = std::make_unique<ui::ReportWindow>(*m_reportReader, m_state, m_stateFile);
-  m_report->bringUp();
+    m_report = std::make_unique<ui::ReportWindow>(*m_reportReader, *m_linkCheck, m_state, m_stateFile);
+  return *m_report;
 }
 
 void MainWindow::makeHtmlView() {

@@ -33,6 +33,7 @@ class MainWindow;
 
 namespace ui {
 class BrokenLinksController;
+class LinkCheckController;
 class ReportReader;
 class ReportWindow;
 }  // namespace ui
@@ -61,7 +62,8 @@ class MainWindow : public QMainWindow {
   void connectMenus();
   void makeHtmlView();
   void makeReport();
-  void showReport();
+  void makeLinkCheck();
+  ui::ReportWindow& reportWindow();
   void letScansBeLeft();
   void showSiteInHand();
   void holdBackUnderSheets();
@@ -96,6 +98,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<ui::MainViewControl> m_views;
   std::unique_ptr<ui::ReportReader> m_reportReader;
   std::unique_ptr<ui::BrokenLinksController> m_brokenLinks;
+  std::unique_ptr<ui::LinkCheckController> m_linkCheck;
   std::unique_ptr<ui::ReportWindow> m_report;  // once it was asked for
   std::unique_ptr<html_editor::HTMLViewController> m_htmlView;
   std::unique_ptr<xml_editor::XMLViewController> m_xmlView;

@@ -98,6 +98,7 @@ void ScanController::startScan(Begin begin) {
   m_scanCustomAlertPanel.showProgress({}, toQString(settings.startUrl));
   m_scan = std::make_unique<Scan>(*this, std::move(settings));
   m_scan->scanner.scanSiteAction();
+  emit scanBegan();
 }
 
 void ScanController::cancelScan() {

@@ -64,6 +64,7 @@ class ScanController : public QObject, private ScanView {
   void askToStop(std::function<void()> quit);
 
  signals:
+  void scanBegan();
   /// A scan of this site has ended: what its folder holds is to be read anew.
   void scanned(const QString& siteName);
   void report(const QString& sentence);

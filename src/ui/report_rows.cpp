@@ -189,8 +189,8 @@ std::vector<RowChoice> pageChoices(const LatestReport& report) {
 
 std::vector<ReportColumn> outsideColumns() {
   return {{tr("Address"), Kind::address},
-          {.heading = tr("State"), .letters = 20},
-          {.heading = tr("Reason"), .letters = 34},
+          {.heading = tr("State"), .letters = 24},
+          {.heading = tr("Reason"), .letters = 36},
           {tr("Linked From"), Kind::someNumber}};
 }
 

@@ -26,6 +26,7 @@ ReportTab::ReportTab(const Names& names, std::vector<ReportColumn> columns,
       m_chooser(new QComboBox),
       m_count(new QLabel),
       m_table(new QTableView(this)),
+      m_narrowedHint(tr("Nothing was found.")),
       m_detailText(new QLabel),
       m_detailTable(new QTableView(this)) {
   setUpReportTable(*m_table, m_rows);
@@ -113,6 +114,13 @@ QWidget* ReportTab::makeDetails(const Names& names) {
   return below;
 }
 
+void ReportTab::setHead(QWidget* head) {
+  static_cast<QVBoxLayout*>(layout())->insertWidget(0, head);
+  for (QWidget* each : head->findChildren<QWidget*>()) {
+    if ((each->focusPolicy() & Qt::TabFocus) != 0) QWidget::setTabOrder(each, m_search);
+  }
+}
+
 void ReportTab::setChoices(const std::vector<RowChoice>& choices) {
   const int former = m_chooser->currentIndex();
   {
@@ -145,10 +153,24 @@ void ReportTab::offerColumns() {
     const auto mark = [action, header, i] { action->setChecked(!header->isSectionHidden(i)); };
     connect(menu, &QMenu::aboutToShow, action, mark);
   }
-  layout()->itemAt(0)->widget()->layout()->addWidget(button);
+  m_chooser->parentWidget()->layout()->addWidget(button);
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(header, &QWidget::customContextMenuRequested, menu,
           [header, menu](const QPoint& place) { menu->popup(header->mapToGlobal(place)); });
+}
+
+void ReportTab::setHint(const QString& sentence) {
+  m_emptyHint = sentence;
+  showHint();
+}
+
+void ReportTab::setNarrowedHint(const QString& sentence) {
+  m_narrowedHint = sentence;
+  showHint();
+}
+
+void ReportTab::showHint() {
+  m_hint->setText(m_rows.count() == 0 ? m_emptyHint : m_narrowedHint);
 }
 
 void ReportTab::setDetailText(const QString& sentence) {
@@ -206,6 +228,7 @@ void ReportTab::countRows() {
   const auto shown = static_cast<std::size_t>(m_rows.rowCount());
   m_count->setText(tr("%1 of %2").arg(numeral(shown), numeral(m_rows.count())));
   m_count->setHidden(shown == m_rows.count());
+  showHint();
 }
 
 }  // namespace ui

@@ -38,13 +38,16 @@ class ReportTab : public QWidget {
   ReportModel& details() { return m_details; }
   QTableView& table() { return *m_table; }
 
+  /// Puts something above the search, which goes to the tab.
+  void setHead(QWidget* head);
   /// Offers choices beside the search, the first of which is made.
   void setChoices(const std::vector<RowChoice>& choices);
   /// Lets the user choose the columns, by a button and by the headings' menu.
   void offerColumns();
 
-  /// Said where the table is empty, and above the table below.
-  void setHint(const QString& sentence) { m_hint->setText(sentence); }
+  /// Said where there are no rows, where none is left by search and choice, and above the table below.
+  void setHint(const QString& sentence);
+  void setNarrowedHint(const QString& sentence);
   void setDetailText(const QString& sentence);
   void setDetailHint(const QString& sentence) { m_detailHint->setText(sentence); }
 
@@ -72,6 +75,7 @@ class ReportTab : public QWidget {
   QWidget* makeTop(const Names& names);
   QWidget* makeDetails(const Names& names);
   void countRows();
+  void showHint();
   void rememberSelection();
   void restoreSelection();
 
@@ -83,6 +87,8 @@ class ReportTab : public QWidget {
   QLabel* m_count;
   QTableView* m_table;
   EmptyHint* m_hint;
+  QString m_emptyHint;
+  QString m_narrowedHint;
   QLabel* m_detailText;
   QTableView* m_detailTable;
   EmptyHint* m_detailHint;

@@ -41,8 +41,10 @@ QString linkedText(const std::string& standing, std::uint32_t pages) {
 
 }  // namespace
 
-ReportWindow::ReportWindow(ReportReader& reader, const store::SharedState& state, const QString& settingsFile)
+ReportWindow::ReportWindow(ReportReader& reader, LinkCheckController& check, const store::SharedState& state,
+                           const QString& settingsFile)
     : m_reader(reader),
+      m_check(check),
       m_state(state),
       m_settingsFile(settingsFile),
       m_tabs(new QTabWidget),
@@ -58,7 +60,9 @@ ReportWindow::ReportWindow(ReportReader& reader, const store::SharedState& state
                             pageColumns(), linkingColumns())),
       m_outside(
           new ReportTab({QStringLiteral("reportOutside"), tr("Outside links"), tr("Pages that link there")},
-                        outsideColumns(), linkingColumns())) {
+                        outsideColumns(), linkingColumns())),
+      m_sheets(*this),
+      m_checkPanel(new LinkCheckPanel(check, m_sheets, *this)) {
   setObjectName(QStringLiteral("reportWindow"));
   m_tabs->setObjectName(QStringLiteral("reportTabs"));
   m_tabs->setAccessibleName(tr("Scan Report"));
@@ -93,11 +97,16 @@ void ReportWindow::buildTabs() {
   });
   m_pages->offerColumns();
   connect(m_pages, &ReportTab::narrowed, this, &ReportWindow::explainEmptyPages);
+  m_outside->setHead(m_checkPanel);
   addLinkedTab(m_outside, tr("Outside Lin&ks"), [this](std::size_t row) {
     const report::OutsideRow& outside = m_report->outside[row];
+    const std::string reason = reasonText(outside, std::time(nullptr));
     std::string standing(stateText(outside));
-    if (const std::string reason = reasonText(outside, std::time(nullptr)); !reason.empty())
+    if (outside.is(report::LinkState::moved)) {
+      standing = reason;
+    } else if (!reason.empty()) {
       standing += ": " + reason;
+    }
     if (outside.link != nullptr)
       return Linked{{{true, outside.link->number}}, outside.link->linkedFrom, standing};
     const report::LinkingPage page{outside.check->foundOn, toUtf8(tr("(image, style or script)"))};
@@ -141,6 +150,7 @@ void ReportWindow::closeEvent(QCloseEvent* event) {
   QSettings settings(m_settingsFile, QSettings::IniFormat);
   settings.setValue(QStringLiteral("report/geometry"), saveGeometry());
   settings.setValue(QStringLiteral("report/pages"), m_pages->table().horizontalHeader()->saveState());
+  m_check.stop();
   event->accept();
 }
 
@@ -153,6 +163,12 @@ void ReportWindow::bringUp() {
   if (!wasUp || m_report == nullptr || m_report != m_reader.report()) showReport();
 }
 
+void ReportWindow::checkLinks() {
+  bringUp();
+  m_tabs->setCurrentWidget(m_outside);
+  m_check.plan();
+}
+
 /// A report is read only while somebody looks.
 void ReportWindow::showReport() {
   if (!isVisible()) return;
@@ -161,9 +177,11 @@ void ReportWindow::showReport() {
   setWindowTitle(site.isEmpty() ? tr("Scan Report") : tr("Report of %1").arg(site));
   if (site != std::exchange(m_siteShown, site)) {
     for (ReportTab* tab : {m_broken, m_changes, m_leftOut, m_pages, m_outside}) tab->forgetSelection();
+    m_checkPanel->withdrawSheet();
   }
   m_compared.reset();
   m_report = m_reader.report();
+  m_checkPanel->showReport(m_report.get());
   if (site.isEmpty()) return showEmpty(tr("Select a site to see the report of its last scan."));
   if (m_report == nullptr) return showEmpty(tr("Reading the report..."));
   if (!m_report->problem.empty()) return showEmpty(toQString(m_report->problem));
@@ -202,6 +220,7 @@ void ReportWindow::showBroken() {
 }
 
 void ReportWindow::showPages() {
+  m_pages->setHint(tr("The scan has met no page."));
   ui::showPages(m_pages->rows(), m_report);
   m_pages->setChoices(pageChoices(*m_report));
   countOn(*m_pages, m_report->now.pages.size());
@@ -278,10 +297,10 @@ void ReportWindow::explainEmptyPages() {
   const std::string typed = toUtf8(m_pages->searched());
   const int found = m_pages->rows().rowCount();
   if (found == 0 && report::looksLikeAddress(typed)) {
-    m_pages->setHint(toQString(report::whyNotListed(*m_report, m_state.qzvskFiltersArray, typed)));
+    m_pages->setNarrowedHint(toQString(report::whyNotListed(*m_report, m_state.qzvskFiltersArray, typed)));
   } else {
-    m_pages->setHint(typed.empty() ? tr("There is no such page.")
-                                   : tr("No page has this in its address or title."));
+    m_pages->setNarrowedHint(typed.empty() ? tr("There is no such page.")
+                                           : tr("No page has this in its address or title."));
   }
   if (found == 1 && !typed.empty()) m_pages->table().selectRow(0);
 }

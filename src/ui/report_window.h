@@ -10,7 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/sheet_queue.h"
 #include "store/shared_state.h"
+#include "ui/link_check_controller.h"
+#include "ui/link_check_panel.h"
 #include "ui/report_overview.h"
 #include "ui/report_reader.h"
 #include "ui/report_tab.h"
@@ -22,13 +25,17 @@ class ReportWindow : public QWidget {
   Q_OBJECT
 
  public:
-  /// The first two are borrowed and outlive the window. Its size is remembered in the file of settings.
-  ReportWindow(ReportReader& reader, const store::SharedState& state, const QString& settingsFile);
+  /// The first three are borrowed and outlive the window. Its size is remembered in the file of settings.
+  ReportWindow(ReportReader& reader, LinkCheckController& check, const store::SharedState& state,
+               const QString& settingsFile);
 
   /// Shows it, in front of others.
   void bringUp();
+  /// Likewise, and asks whether the links that lead outside are to be checked.
+  void checkLinks();
 
  protected:
+  /// Stops a check, since nothing shows how far it is any more.
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -61,6 +68,7 @@ class ReportWindow : public QWidget {
   void showPage(const QString& address);
 
   ReportReader& m_reader;
+  LinkCheckController& m_check;
   const store::SharedState& m_state;
   const QString m_settingsFile;
   std::shared_ptr<const report::LatestReport> m_report;
@@ -75,6 +83,8 @@ class ReportWindow : public QWidget {
   ReportTab* m_leftOut;
   ReportTab* m_pages;
   ReportTab* m_outside;
+  platform::SheetQueue m_sheets;
+  LinkCheckPanel* m_checkPanel;
 };
 
 }  // namespace ui

@@ -22,6 +22,7 @@ class SlowSite {
   ~SlowSite() { release(); }
 
   std::string url(const std::string& path = {}) const { return m_server.url(path); }
+  int timesAsked(const std::string& methodAndTarget) const { return m_server.timesAsked(methodAndTarget); }
   void release() {
     m_released = true;
     m_released.notify_all();
