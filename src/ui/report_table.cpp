@@ -1,5 +1,6 @@
 #include "ui/report_table.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QStyledItemDelegate>
@@ -14,7 +15,7 @@ namespace ui {
 
 namespace {
 
-constexpr int kLeastAddressLetters = 16;
+constexpr int kLeastAddressLetters = 24;
 
 /// Addresses lose their middle, which tells least, and other texts their end.
 class ReportDelegate : public QStyledItemDelegate {
@@ -31,19 +32,69 @@ class ReportDelegate : public QStyledItemDelegate {
   const ReportModel& m_model;
 };
 
-void fitColumns(QTableView& table, const ReportModel& model) {
-  QHeaderView& header = *table.horizontalHeader();
-  const int letter = table.fontMetrics().averageCharWidth();
-  header.setMinimumSectionSize(4 * letter);
-  for (int i = 0; i < model.columnCount(); ++i) {
-    const ReportColumn& column = model.columns()[static_cast<std::size_t>(i)];
-    header.resizeSection(i, std::max(header.sectionSizeHint(i) + letter, column.letters * letter));
-    header.setSectionHidden(i, column.isHiddenAtFirst);
+/// Gives the addresses what the others leave. Where that is little, other texts make room down to a
+/// half, until the user chooses widths.
+class FittedColumns : public QObject {
+ public:
+  FittedColumns(QTableView& table, const ReportModel& model)
+      : QObject(&table),
+        m_table(table),
+        m_header(*table.horizontalHeader()),
+        m_model(model),
+        m_wide(std::max(0, model.addressColumn())) {
+    m_header.setMinimumSectionSize(4 * letter());
+    for (int i = 0; i < model.columnCount(); ++i)
+      m_header.setSectionHidden(i, model.columns()[static_cast<std::size_t>(i)].isHiddenAtFirst);
+    fit();
+    table.viewport()->installEventFilter(this);
+    connect(&m_header, &QHeaderView::sectionResized, this, [this](int, int before, int now) {
+      if (m_isFitting) return;
+      m_isChosen = m_isChosen || (before != 0 && now != 0);  // else a column was hidden or shown
+      fit();
+    });
   }
-  const int wide = std::max(0, model.addressColumn());
-  header.setSectionResizeMode(wide, QHeaderView::Stretch);
-  header.resizeSection(wide, kLeastAddressLetters * letter);
-}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Resize) fit();
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  int letter() const { return m_table.fontMetrics().averageCharWidth(); }
+  int lettersOf(int column) const { return m_model.columns()[static_cast<std::size_t>(column)].letters; }
+  int least(int column) const {
+    return std::max(m_header.sectionSizeHint(column) + letter(), lettersOf(column) * letter() / 2);
+  }
+  int wanted(int column) const { return std::max(least(column), lettersOf(column) * letter()); }
+
+  void fit() {
+    m_isFitting = true;
+    int leastWidth = kLeastAddressLetters * letter();
+    int yielding = 0;
+    for (int i = 0; i < m_model.columnCount(); ++i) {
+      if (i == m_wide || m_header.isSectionHidden(i)) continue;
+      leastWidth += m_isChosen ? m_header.sectionSize(i) : least(i);
+      yielding += wanted(i) - least(i);
+    }
+    const int room = m_table.viewport()->width() - leastWidth;
+    for (int i = 0; i < m_model.columnCount() && !m_isChosen; ++i) {
+      if (i == m_wide || m_header.isSectionHidden(i)) continue;
+      const int more = wanted(i) - least(i);
+      m_header.resizeSection(
+          i, least(i) + (room < yielding && yielding > 0 ? more * std::max(0, room) / yielding : more));
+    }
+    m_header.setSectionResizeMode(m_wide, room < 0 ? QHeaderView::Interactive : QHeaderView::Stretch);
+    if (room < 0) m_header.resizeSection(m_wide, kLeastAddressLetters * letter());
+    m_isFitting = false;
+  }
+
+  QTableView& m_table;
+  QHeaderView& m_header;
+  const ReportModel& m_model;
+  const int m_wide;
+  bool m_isFitting = false;
+  bool m_isChosen = false;  // by the user
+};
 
 }  // namespace
 
@@ -62,7 +113,7 @@ void setUpReportTable(QTableView& table, ReportModel& model) {
   table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() * 3 / 2);
   table.horizontalHeader()->setHighlightSections(false);
-  fitColumns(table, model);
+  new FittedColumns(table, model);
   platform::addAddressActions(table, [&table, &model] { return selectedAddresses(table, model); });
   auto& copy = platform::control<QAction>(table, platform::kCopySelection);
   copy.setShortcut(QKeySequence::Copy);

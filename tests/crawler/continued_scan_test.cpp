@@ -1,6 +1,7 @@
 // Scans that were stopped, killed or lost their network, and those that go on with them.
 #include <atomic>
 #include <filesystem>
+#include <mutex>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -111,8 +112,10 @@ TEST(ContinuedScan, FollowsAnotherSiteOrOtherRulesNever) {
 
 TEST(ContinuedScan, WaitsForASiteThatHasGone) {
   std::atomic<bool> isGone = false;
-  std::string last;
+  std::mutex mutex;
+  std::string last;  // guarded by it
   const SiteServer server([&, pages = site()](const std::string& target, int) {
+    const std::lock_guard lock(mutex);
     isGone = isGone || target == last;
     return isGone ? support::ServedPage{.status = 0} : support::pageOf(pages, target);
   });
@@ -124,16 +127,20 @@ TEST(ContinuedScan, WaitsForASiteThatHasGone) {
   const std::string expected = run.documents(server.url());
 
   // With the last page, too, where fewer are left than it takes to be sure on the way.
+  const auto setLast = [&](std::string_view target) {
+    const std::lock_guard lock(mutex);
+    last = target;
+  };
   for (const std::size_t page : {std::size_t{2}, pages->size() - 1}) {
     SCOPED_TRACE(page);
-    last = (*pages)[page].substr(server.url().size() - 1);
+    setLast((*pages)[page].substr(server.url().size() - 1));
     run.settings.goesOn = false;
     EXPECT_EQ(run.scan().end, ScanEnd::lost);
     const std::string found = run.documents(server.url());
     run.settings.goesOn = true;
     EXPECT_EQ(run.scan().end, ScanEnd::unreachable);
     EXPECT_EQ(run.documents(server.url()), found);
-    last.clear();
+    setLast({});
     isGone = false;
     EXPECT_EQ(run.scan().end, ScanEnd::complete);
     EXPECT_EQ(run.documents(server.url()), expected);
