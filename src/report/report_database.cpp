@@ -143,7 +143,11 @@ ReportDatabase::ReportDatabase(const store::StateFolder& state, std::string_view
     if (!writes) m_refused = {platform::FileStatus::failed, std::string("The report is ") + why};
     if (!writes || !setAside(file, why)) return;
     m_database.emplace(file, access);
-  } else if (version == kVersion || !writes) {
+  } else if (version == kVersion) {
+    return;
+  } else if (!writes) {
+    // Made by a scan that had no room for more.
+    if (m_database->ok()) m_refused = {platform::FileStatus::missing};
     return;
   }
   m_database->run(kPageSize);  // counts before the first table only

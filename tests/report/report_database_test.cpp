@@ -169,6 +169,9 @@ TEST(Report, IsMissingBeforeTheFirstScan) {
   const support::TempFolder home;
   const store::StateFolder state(home.path());
   EXPECT_EQ(ReportDatabase(state, "Site", Use::read).result().status, platform::FileStatus::missing);
+  ASSERT_TRUE(platform::makeFolders(state.ofSite("Site")).ok());
+  std::ofstream(state.ofSite("Site") / "report.db");
+  EXPECT_EQ(ReportDatabase(state, "Site", Use::read).result().status, platform::FileStatus::missing);
 }
 
 }  // namespace
