@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <exception>
 #include <new>
+#include <string_view>
 
 #include "app/main_window.h"
 #include "html_editor/sitemap_page.h"
@@ -12,6 +13,36 @@
 #include "ui/icons.h"
 
 namespace {
+
+constexpr const char* kHelp = R"(Opens the window on your sites, to scan them and to edit their sitemaps.
+Usage: veskel [OPTIONS]
+
+Options:
+  -h,--help                   Print this help message and exit
+  --version                   Display program version information and exit
+
+Exit codes:
+  0    the window was closed
+  1    the window could not be opened
+
+veskel-cli works on the same sites without a window.
+)";
+
+/// Answers what needs no window system; false when the window is wanted.
+bool answer(int argc, char** argv) {
+  for (int index = 1; index < argc; ++index) {
+    const std::string_view argument = argv[index];
+    if (argument == "-h" || argument == "--help") {
+      std::fputs(kHelp, stdout);
+      return true;
+    }
+    if (argument == "--version") {
+      std::puts("veskel " VESKEL_VERSION);
+      return true;
+    }
+  }
+  return false;
+}
 
 /// Says what keeps the program from starting, and gives the exit code.
 int refuse(const QString& why) {
@@ -84,6 +115,7 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (answer(argc, argv)) return 0;
   try {
     return run(argc, argv);
   } catch (const std::exception& error) {
