@@ -42,6 +42,27 @@ test_packages=(
   xvfb
 )
 
+# packaging/make-deb, on top of the build.
+# shellcheck disable=SC2034 # used by packaging/make-deb
+packaging_packages=(
+  appstream # with the next one: checks what software centres and desktops read
+  desktop-file-utils
+  dpkg-dev # what the programs depend on
+  librsvg2-bin
+  lintian
+  python3 # makes the man pages
+)
+
+# packaging/try-deb, on top of those.
+# shellcheck disable=SC2034 # used by packaging/try-deb
+trial_packages=(
+  imagemagick # looks at the screen
+  mmdebstrap
+  x11-utils # xwininfo
+  xdotool
+  xvfb
+)
+
 # fuzz/run, on top of the build.
 # shellcheck disable=SC2034 # used by fuzz/run
 fuzz_packages=(
