@@ -20,9 +20,10 @@ enum ExitCode : int {
   exitDone = 0,
   exitFoundBroken = 1,  // a scan finished and found broken pages
   exitFoundFaults = 1,  // a sitemap was checked and is not valid
+  exitFoundNewer = 1,   // there is a newer version of the program
   exitBadInput = 2,     // bad usage or input
-  exitUnreachable = 3,  // a scan's start URL
-  exitFileFailure = 4,  // a file could not be read or written, or a scan failed
+  exitUnreachable = 3,  // a scan's start URL, or the list of versions
+  exitFileFailure = 4,  // a file could not be read or written, a scan failed, the list of versions is broken
   exitSiteBusy = 5,     // another program scans the site
   exitStopped = 130,    // by SIGINT, SIGTERM or SIGHUP
 };

@@ -19,9 +19,12 @@
 #include "cli/restore_command.h"
 #include "cli/scan_command.h"
 #include "cli/site_commands.h"
+#include "cli/update_command.h"
 #include "cli/validate_command.h"
+#include "platform/kernel_version.h"
 #include "sitemaps/layouts.h"
 #include "store/site_settings.h"
+#include "update/update_check.h"
 
 namespace {
 
@@ -439,6 +442,27 @@ void addWhereCommand(CLI::App& app, Command& chosen) {
   });
 }
 
+/// There is none in a program that was built without the address of a list of versions.
+void addCheckUpdateCommand(CLI::App& app, Command& chosen) {
+  if (update::appcastAddress().empty()) return;
+  auto* command = app.add_subcommand("check-update", "Ask whether there is a newer version of the program");
+  command->footer("Reads " + std::string(update::appcastAddress()) +
+                  "\nNothing is asked unless this command is given, and nothing is installed.\n\n"
+                  "Exit codes:\n"
+                  "  0    there is no newer version for this system\n"
+                  "  1    there is one\n"
+                  "  3    the list of versions could not be reached\n"
+                  "  4    it could not be read");
+  command->callback([&chosen] {
+    chosen = [](const CliContext&) {
+      const std::unique_ptr<platform::HttpClient> client = update::networkClient(VESKEL_VERSION);
+      return cli::checkUpdate(*client, {.address = std::string(update::appcastAddress()),
+                                        .programVersion = VESKEL_VERSION,
+                                        .systemVersion = platform::kernelVersion()});
+    };
+  });
+}
+
 /// Prints the help that was asked for, or what is wrong with the arguments.
 int reportUsage(const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() != 0 && app.get_subcommands().empty() && !app.remaining().empty()) {
@@ -480,6 +504,7 @@ int run(int argc, char** argv) {
   addExportCommand(app, chosen);
   addValidateCommand(app, chosen);
   addWhereCommand(app, chosen);
+  addCheckUpdateCommand(app, chosen);
   app.footer(kMainFooter);  // last: commands that exist later would take it over
   if (argc > 2 && argv[1] == std::string_view("complete") && argv[2] == std::string_view("--")) {
     return cli::printCompletions(app, {argv + 3, argv + argc});

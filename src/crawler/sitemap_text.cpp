@@ -36,7 +36,7 @@ class Handler : public platform::XmlHandler {
  public:
   explicit Handler(SitemapText& text) : m_text(text) {}
 
-  void startElement(const platform::XmlName& name, const std::vector<platform::XmlName>&) override {
+  void startElement(const platform::XmlName& name, const std::vector<platform::XmlAttribute>&) override {
     ++m_depth;
     if (m_depth == kRoot) {
       m_nameSpace = name.nameSpace;

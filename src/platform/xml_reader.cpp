@@ -25,11 +25,22 @@ std::string_view view(const xmlChar* text) {
 /// What the parser's callbacks know. They are called from C, so nothing may be thrown through them.
 struct Reading {
   XmlHandler& handler;
-  std::vector<XmlName> attributes = {};  // kept between elements to spare allocations
+  std::vector<XmlAttribute> attributes = {};  // kept between elements to spare allocations
 };
 
 Reading& reading(void* context) {
   return *static_cast<Reading*>(context);
+}
+
+/// The library leaves each "&" that a value means as a reference, and nothing else.
+std::string decodedValue(std::string_view value) {
+  constexpr std::string_view kReference = "&#38;";
+  std::string decoded;
+  for (std::size_t at = 0; at < value.size();) {
+    decoded += value[at];
+    at += value.substr(at).starts_with(kReference) ? kReference.size() : 1;
+  }
+  return decoded;
 }
 
 void onStartElement(void* context, const xmlChar* name, const xmlChar*, const xmlChar* nameSpace, int,
@@ -39,7 +50,9 @@ void onStartElement(void* context, const xmlChar* name, const xmlChar*, const xm
   state.attributes.clear();
   for (int i = 0; i < attributeCount; ++i) {
     const xmlChar** fields = attributes + i * kFieldsPerAttribute;
-    state.attributes.push_back({view(fields[0]), view(fields[2])});
+    const auto* value = reinterpret_cast<const char*>(fields[3]);
+    const auto length = static_cast<std::size_t>(fields[4] - fields[3]);
+    state.attributes.push_back({{view(fields[0]), view(fields[2])}, decodedValue({value, length})});
   }
   state.handler.startElement({view(name), view(nameSpace)}, state.attributes);
 }

@@ -1,6 +1,7 @@
 // Strict reading of XML in one pass, that tells every fault it finds.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,6 +13,11 @@ struct XmlName {
   std::string_view nameSpace;  // the namespace it is bound to; empty for none
 };
 
+struct XmlAttribute {
+  XmlName name;
+  std::string value;  // references decoded
+};
+
 /// Told of a document in its order. Where the text is not well-formed the reader mends it somehow and goes
 /// on.
 class XmlHandler {
@@ -19,7 +25,7 @@ class XmlHandler {
   virtual ~XmlHandler() = default;
 
   /// `attributes` without the declarations of namespaces.
-  virtual void startElement(const XmlName& name, const std::vector<XmlName>& attributes) = 0;
+  virtual void startElement(const XmlName& name, const std::vector<XmlAttribute>& attributes) = 0;
   virtual void endElement() = 0;
   /// A piece of text, entities decoded; neighbouring pieces belong together.
   virtual void text(std::string_view piece) = 0;

@@ -99,7 +99,7 @@ std::string mended(std::string_view sitemap) {
 /// Looks for faults and nothing else.
 class FaultFinder : public platform::XmlHandler {
  public:
-  void startElement(const platform::XmlName&, const std::vector<platform::XmlName>&) override {}
+  void startElement(const platform::XmlName&, const std::vector<platform::XmlAttribute>&) override {}
   void endElement() override {}
   void text(std::string_view) override {}
   void documentType() override {}

@@ -63,7 +63,8 @@ class Validation : public platform::XmlHandler {
   void checkBytes(std::string_view text, std::string_view decoded);
   std::vector<XmlFinding> takeFindings();
 
-  void startElement(const platform::XmlName& name, const std::vector<platform::XmlName>& attributes) override;
+  void startElement(const platform::XmlName& name,
+                    const std::vector<platform::XmlAttribute>& attributes) override;
   void endElement() override;
   void text(std::string_view piece) override;
   void documentType() override { note(0, "", "A document type has no place in a sitemap"); }
@@ -73,7 +74,7 @@ class Validation : public platform::XmlHandler {
   void startRoot(const platform::XmlName& name);
   void startEntry(const platform::XmlName& name);
   void startField(const platform::XmlName& name);
-  void checkAttributes(const platform::XmlName& name, const std::vector<platform::XmlName>& attributes);
+  void checkAttributes(const platform::XmlName& name, const std::vector<platform::XmlAttribute>& attributes);
   bool isOurs(const platform::XmlName& name);
   void endEntry();
   void endField();
@@ -141,7 +142,7 @@ void Validation::fault(int line, std::string_view message) {
 }
 
 void Validation::startElement(const platform::XmlName& name,
-                              const std::vector<platform::XmlName>& attributes) {
+                              const std::vector<platform::XmlAttribute>& attributes) {
   ++m_depth;
   if (m_depth == 1) {
     startRoot(name);
@@ -216,9 +217,9 @@ void Validation::startField(const platform::XmlName& name) {
 
 /// The root may say where its schema lies; the schema knows no other attribute.
 void Validation::checkAttributes(const platform::XmlName& name,
-                                 const std::vector<platform::XmlName>& attributes) {
+                                 const std::vector<platform::XmlAttribute>& attributes) {
   if (!isOurs(name)) return;
-  for (const platform::XmlName& attribute : attributes) {
+  for (const auto& [attribute, value] : attributes) {
     if (attribute.nameSpace == kInstanceNameSpace && attribute.local == "schemaLocation") continue;
     note(m_depth == 1 ? 0 : m_entry, name.local,
          "The element has an attribute " + inQuotes(attribute.local) + ", which is not allowed");
