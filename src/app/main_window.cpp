@@ -15,6 +15,7 @@
 #include <QTableView>
 #include <utility>
 
+#include "platform/kernel_version.h"
 #include "platform/named_controls.h"
 #include "platform/qt_text.h"
 #include "platform/window_cover.h"
@@ -25,6 +26,7 @@
 #include "ui/link_check_controller.h"
 #include "ui/report_reader.h"
 #include "ui/report_window.h"
+#include "ui/update_controller.h"
 #include "ui/view_forms.h"
 #include "ui_main_window.h"
 
@@ -107,6 +109,7 @@ void MainWindow::makeControllers() {
 
   makeReport();
   makeLinkCheck();
+  makeUpdateCheck();
   makeHtmlView();
   m_xmlView =
       std::make_unique<xml_editor::XMLViewController>(*this, *m_sheets, m_controls, m_stateFolder, m_state);
@@ -180,6 +183,19 @@ void MainWindow::makeLinkCheck() {
   });
   connect(check, &ui::LinkCheckController::report, this, [this](const QString& sentence) { say(sentence); });
   connect(m_ui->checkLinksMI, &QAction::triggered, this, [this] { reportWindow().checkLinks(); });
+}
+
+void MainWindow::makeUpdateCheck() {
+  if (update::appcastAddress().empty()) return m_ui->checkUpdatesMI->setVisible(false);
+  const std::string version = platform::toUtf8(QApplication::applicationVersion());
+  const update::CheckRequest request{.address = std::string(update::appcastAddress()),
+                                     .programVersion = version,
+                                     .systemVersion = platform::kernelVersion()};
+  m_update = std::make_unique<ui::UpdateController>(*this, *m_sheets, request,
+                                                    [version] { return update::networkClient(version); });
+  connect(m_update.get(), &ui::UpdateController::report, this,
+          [this](const QString& sentence) { say(sentence); });
+  connect(m_ui->checkUpdatesMI, &QAction::triggered, m_update.get(), &ui::UpdateController::check);
 }
 
 ui::ReportWindow& MainWindow::reportWindow() {

@@ -36,6 +36,7 @@ class BrokenLinksController;
 class LinkCheckController;
 class ReportReader;
 class ReportWindow;
+class UpdateController;
 }  // namespace ui
 
 namespace app {
@@ -63,6 +64,7 @@ class MainWindow : public QMainWindow {
   void makeHtmlView();
   void makeReport();
   void makeLinkCheck();
+  void makeUpdateCheck();
   ui::ReportWindow& reportWindow();
   void letScansBeLeft();
   void showSiteInHand();
@@ -103,6 +105,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<html_editor::HTMLViewController> m_htmlView;
   std::unique_ptr<xml_editor::XMLViewController> m_xmlView;
   std::unique_ptr<ui::ExportController> m_export;
+  std::unique_ptr<ui::UpdateController> m_update;  // where it is known where to ask
   std::unique_ptr<MenuCommands> m_menuCommands;
 };
 

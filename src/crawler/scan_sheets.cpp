@@ -32,20 +32,25 @@ WaitingSheet::WaitingSheet(QWidget* parent, const char* name, const char* barNam
   m_text->setTextFormat(Qt::PlainText);
   auto* bar = new QProgressBar;
   bar->setObjectName(QLatin1String(barName));
+  bar->setAccessibleName(tr("Progress"));
   bar->setRange(0, 0);
   bar->setTextVisible(false);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(m_text);
   layout->addWidget(bar);
   if (giveUp == GiveUp::impossible) return;
-  auto* cancel = new QPushButton(tr("Cancel"));
-  layout->addLayout(buttonRow({cancel}));
-  connect(cancel, &QPushButton::clicked, this, &WaitingSheet::givenUp);
+  m_cancel = new QPushButton(tr("Cancel"));
+  layout->addLayout(buttonRow({m_cancel}));
+  connect(m_cancel, &QPushButton::clicked, this, &WaitingSheet::givenUp);
 }
 
 void WaitingSheet::setText(const QString& text) {
   m_text->setText(fontMetrics().elidedText(text, Qt::ElideMiddle, kSheetWidth));
   m_text->setToolTip(text);
+}
+
+void WaitingSheet::setGiveUpText(const QString& text) {
+  if (m_cancel != nullptr) m_cancel->setText(text);
 }
 
 void WaitingSheet::reject() {

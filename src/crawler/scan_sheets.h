@@ -22,6 +22,8 @@ class WaitingSheet : public QDialog {
   WaitingSheet(QWidget* parent, const char* name, const char* barName, GiveUp giveUp);
 
   void setText(const QString& text);
+  /// What the button says, if not "Cancel".
+  void setGiveUpText(const QString& text);
   void reject() override;  // Escape and the close button give up, if that is offered
 
  signals:
@@ -29,6 +31,7 @@ class WaitingSheet : public QDialog {
 
  private:
   QLabel* m_text;
+  QPushButton* m_cancel = nullptr;  // where it is offered
   GiveUp m_giveUp;
 };
 

@@ -24,17 +24,26 @@ constexpr std::size_t kMaxList = 1u << 20;
 constexpr std::size_t kMaxNotesPage = 256u << 10;
 constexpr std::size_t kMaxNotes = 64u << 10;
 constexpr long kMaxRedirects = 10;
+constexpr std::size_t kMaxShownAddress = 100;
+constexpr std::size_t kMaxProblem = 200;
 
 bool isHttps(std::string_view address) {
   const std::optional<web::Url> url = web::parseUrl(address);
   return url && url->scheme() == web::Scheme::https;
 }
 
+/// Strangers may write as much as they like.
+std::string bounded(std::string text, std::size_t maxBytes) {
+  if (text.size() <= maxBytes) return text;
+  text.resize(maxBytes);
+  return text.append("...");
+}
+
 /// Without its full stop; empty when there is an answer of use.
 std::string whyNot(const HttpAnswer& answer) {
   if (answer.failure != FetchFailure::none) return std::string(platform::failureText(answer.failure));
   if (answer.status / 100 == 3 && !answer.redirectedTo.empty())
-    return "The server leads to " + answer.redirectedTo + ", which is not https";
+    return "The server leads to " + bounded(answer.redirectedTo, kMaxShownAddress) + ", which is not https";
   if (answer.status / 100 != 2)
     return "The server answers " + std::to_string(answer.status) + " - " +
            std::string(platform::reasonPhrase(answer.status));
@@ -114,7 +123,8 @@ CheckResult check(platform::HttpClient& client, const CheckRequest& request, con
     return {.end = CheckEnd::notReached, .problem = std::move(problem)};
   Appcast appcast = parseAppcast(platform::decodeUtf8(std::move(answer.body)));
   if (appcast.problem.empty() && appcast.releases.empty()) appcast.problem = "It names no version";
-  if (!appcast.problem.empty()) return {.end = CheckEnd::notRead, .problem = std::move(appcast.problem)};
+  if (!appcast.problem.empty())
+    return {.end = CheckEnd::notRead, .problem = bounded(std::move(appcast.problem), kMaxProblem)};
   CheckResult result = judge(appcast.releases, request);
   const bool isElsewhere = result.release.notes.empty() && !result.release.notesAddress.empty();
   if (result.end == CheckEnd::newer && isElsewhere && !fetchNotes(client, request, result, stop)) return {};

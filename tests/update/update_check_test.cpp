@@ -94,6 +94,8 @@ TEST(CheckForUpdate, SaysWhyAListIsOfNoUse) {
       {"/none", {.body = appcastOf("<item><title>3.0</title></item>")}},
       {"/plain", leadingTo(elsewhere.url("list"))},
       {"/chain", leadingTo("/plain")},
+      {"/far", leadingTo("http://a.test/" + std::string(5000, 'a'))},
+      {"/named", {.body = "<rss>&" + std::string(5000, 'a') + ";</rss>"}},
       {"/file", leadingTo("file:///etc/passwd")},
       {"/circle", leadingTo("/circle")},
       {"/closed", {.status = 0}},
@@ -111,6 +113,8 @@ TEST(CheckForUpdate, SaysWhyAListIsOfNoUse) {
       {"missing", CheckEnd::notReached, "The server answers 404 - Not Found"},
       {"plain", CheckEnd::notReached, "The server leads to " + elsewhere.url("list") + notHttps},
       {"chain", CheckEnd::notReached, "The server leads to " + elsewhere.url("list") + notHttps},
+      {"far", CheckEnd::notReached, "The server leads to http://a.test/a"},
+      {"named", CheckEnd::notRead, "Line 1: "},
       {"file", CheckEnd::notReached, "The server leads to file:///etc/passwd" + notHttps},
       {"circle", CheckEnd::notReached, "Too many redirects"},
       {"closed", CheckEnd::notReached, "The answer was broken off or malformed"},
@@ -121,6 +125,7 @@ TEST(CheckForUpdate, SaysWhyAListIsOfNoUse) {
     const CheckResult result = checkOn(server, request);
     EXPECT_EQ(result.end, c.end);
     EXPECT_THAT(result.problem, StartsWith(c.problem));
+    EXPECT_LE(result.problem.size(), 210u);
     EXPECT_EQ(textOf(result, request).message, request.address + ": " + result.problem + ".");
   }
   EXPECT_TRUE(elsewhere.requests().empty());
