@@ -8,6 +8,7 @@ build_packages=(
   ca-certificates # to scan https sites
   ccache
   cmake
+  cmark-gfm # the guide
   libcli11-dev
   libcpp-httplib-dev
   libcurl4-openssl-dev
@@ -59,6 +60,16 @@ trial_packages=(
   imagemagick # looks at the screen
   mmdebstrap
   x11-utils # xwininfo
+  xdotool
+  xvfb
+)
+
+# docs/make-pictures, on top of the build.
+# shellcheck disable=SC2034 # used by docs/make-pictures
+picture_packages=(
+  imagemagick # takes them
+  qt6ct       # a dark palette
+  xauth
   xdotool
   xvfb
 )

@@ -3,6 +3,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -13,6 +14,7 @@
 #include <QStatusTipEvent>
 #include <QStyle>
 #include <QTableView>
+#include <QUrl>
 #include <utility>
 
 #include "platform/kernel_version.h"
@@ -22,6 +24,7 @@
 #include "report/report_writer.h"
 #include "ui/broken_links_controller.h"
 #include "ui/elided_label.h"
+#include "ui/guide.h"
 #include "ui/icons.h"
 #include "ui/link_check_controller.h"
 #include "ui/report_reader.h"
@@ -334,6 +337,8 @@ void MainWindow::rememberPlace() const {
 }
 
 void MainWindow::showGuide() {
+  const QString guide = ui::guideFile();
+  if (!guide.isEmpty() && QDesktopServices::openUrl(QUrl::fromLocalFile(guide))) return;
   m_sheets->tell(
       tr("How to build a sitemap"),
       tr("1. Add a website: its name, and the address where it starts.\n"
