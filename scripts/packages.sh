@@ -23,7 +23,10 @@ build_packages=(
   nlohmann-json3-dev
   pkg-config
   qt6-base-dev
+  qt6-l10n-tools # lrelease
   qt6-svg-dev
+  qt6-tools-dev # where CMake finds lrelease
+  qt6-translations-l10n # Qt's own texts
   qt6-webengine-dev
   util-linux # flock, unshare
   zlib1g-dev

@@ -1,11 +1,13 @@
 // veskel: the desktop application.
 #include <QApplication>
+#include <QLocale>
 #include <QMessageBox>
 #include <cstdio>
 #include <exception>
 #include <new>
 #include <string_view>
 
+#include "app/language.h"
 #include "app/main_window.h"
 #include "html_editor/sitemap_page.h"
 #include "platform/qt_text.h"
@@ -60,7 +62,7 @@ class Application : public QApplication {
     try {
       return QApplication::notify(receiver, event);
     } catch (const std::bad_alloc&) {
-      tell("There is not enough memory.");
+      tell(QT_TRANSLATE_NOOP("QObject", "There is not enough memory."));
     } catch (const std::exception& error) {
       tell(error.what());
     }
@@ -72,11 +74,11 @@ class Application : public QApplication {
     std::fprintf(stderr, "veskel: %s\n", what);
     if (m_isTelling) return;
     m_isTelling = true;
-    const QString sentence = QString::fromUtf8(what);
+    const QString sentence = QObject::tr(what);
     const auto show = [this, sentence] {
       auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Veskel"),
-                                  tr("The last action could not be done: %1").arg(sentence), QMessageBox::Ok,
-                                  activeWindow());
+                                  QObject::tr("The last action could not be done: %1").arg(sentence),
+                                  QMessageBox::Ok, activeWindow());
       box->setAttribute(Qt::WA_DeleteOnClose);
       connect(box, &QDialog::finished, this, [this] { m_isTelling = false; });
       box->open();
@@ -93,6 +95,7 @@ int run(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("veskel"));
   QApplication::setApplicationVersion(QStringLiteral(VESKEL_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("veskel"));
+  app::speakLanguageOf(QLocale::system());
   ui::loadIcons();
   QApplication::setWindowIcon(ui::applicationIcon());
   QApplication::setQuitOnLastWindowClosed(false);  // a window that closes during a scan may have to wait

@@ -7,10 +7,13 @@
 
 #include "crawler/known_endings.h"
 #include "crawler/site_identity.h"
+#include "platform/phrases.h"
 
 namespace crawler {
 
 namespace {
+
+using platform::Phrases;
 
 constexpr std::array<std::string_view, 3> kIndexNames = {"index.html", "index.htm", "index.php"};
 
@@ -55,12 +58,15 @@ BrowserLinkRules::BrowserLinkRules(const ScanSettings& settings, const platform:
 }
 
 std::string BrowserLinkRules::refusal() const {
-  constexpr std::string_view kHowever = ". With robots.txt ignored it is scanned nevertheless";
   std::size_t rule = 0;
-  if (m_robotsUnreachable) return "The server could not tell its robots.txt" + std::string(kHowever);
+  if (m_robotsUnreachable) {
+    return Phrases::tr(
+        "The server could not tell its robots.txt. With robots.txt ignored it is scanned nevertheless");
+  }
   if (isAllowed(platform::splitUri(m_start), rule)) return {};
-  return "robots.txt forbids the start page (" + m_robots.group.rules[rule].text + ")" +
-         std::string(kHowever);
+  return Phrases::tr(
+      "robots.txt forbids the start page (%1). With robots.txt ignored it is scanned nevertheless",
+      {m_robots.group.rules[rule].text});
 }
 
 /// A Crawl-delay is a wish from outside the protocol, and must not make a scan last for weeks.

@@ -82,8 +82,8 @@ void FilterController::leaveOut(const QStringList& addresses) {
     emit report(tr("Added the filter %1. The next scan leaves out what has that in its address.")
                     .arg(platform::shortened(added.first())));
   } else {
-    emit report(tr("Added %1 filters. The next scan leaves out what has one of them in its address.")
-                    .arg(added.size()));
+    emit report(tr("Added %Ln filters. The next scan leaves out what has one of them in its address.",
+                   nullptr, static_cast<int>(added.size())));
   }
 }
 

@@ -2,9 +2,13 @@
 
 #include <algorithm>
 
+#include "platform/phrases.h"
+
 namespace crawler {
 
 namespace {
+
+using platform::Phrases;
 
 enum class Weight {
   pagesMayMiss,
@@ -16,8 +20,8 @@ struct ReasonText {
   LinkReason reason;
   std::string_view name;
   Weight weight;
-  std::string_view one;   // behind "1 link"
-  std::string_view many;  // behind "2 links"
+  const char* one;   // behind "1 link"
+  const char* many;  // behind "2 links"
   bool isOfPages = false;
 };
 
@@ -26,37 +30,49 @@ using enum Weight;
 
 /// In the order in which reasons are told.
 constexpr std::array kReasonTexts = {
-    ReasonText{foreignExtension, "ending", pagesMayMiss, "by its ending", "by their ending"},
-    ReasonText{withoutPort, "withoutPort", pagesMayMiss, "to the site's host without its port",
-               "to the site's host without its port"},
-    ReasonText{filter, "filter", pagesMayMiss, "by the filter", "by the filter"},
-    ReasonText{robots, "robots", pagesMayMiss, "by the robots.txt rule", "by the robots.txt rule"},
-    ReasonText{tooLong, "tooLong", pagesMayMiss, "as its address is too long",
-               "as their addresses are too long"},
-    ReasonText{surplusLink, "surplusLink", pagesMayMiss, "as too many stand on one page",
-               "as too many stand on one page"},
-    ReasonText{surplusPage, "surplusPage", pagesMayMiss, "as there are more pages than a scan can remember",
-               "as there are more pages than a scan can remember"},
-    ReasonText{tooDeep, "tooDeep", pagesMayMiss, "below the deepest level", "below the deepest level"},
-    ReasonText{otherPort, "otherPort", worthTelling, "to another port", "to another port"},
-    ReasonText{aboveStart, "aboveStart", worthTelling, "above the start folder", "above the start folder"},
-    ReasonText{notFollowed, "notFollowed", worthTelling, "as the site asks not to follow it",
-               "as the site asks not to follow them"},
-    ReasonText{noIndex, "noIndex", worthTelling, "as it asks to be left out", "as they ask to be left out",
-               true},
-    ReasonText{redirectedOutside, "redirectedOutside", worthTelling, "that leads out of the site",
-               "that lead out of the site", true},
-    ReasonText{folderOfKnownIndex, "folderOfKnownIndex", untold, "to the folder of a known index page",
-               "to folders of known index pages"},
-    ReasonText{empty, "empty", untold, "that leads nowhere", "that lead nowhere"},
-    ReasonText{otherHost, "otherHost", untold, "to another host", "to other hosts"},
-    ReasonText{otherType, "otherType", untold, "of another type", "of other types"},
-    ReasonText{redirected, "redirected", untold, "that leads to another page", "that lead to other pages",
-               true},
-    ReasonText{sameAsIndex, "sameAsIndex", untold, "that is the folder's page again",
-               "that are their folder's page again", true},
-    ReasonText{canonicalElsewhere, "canonicalElsewhere", untold, "that names another page in its place",
-               "that name other pages in their place", true},
+    ReasonText{foreignExtension, "ending", pagesMayMiss, Phrases::noop("by its ending"),
+               Phrases::noop("by their ending")},
+    ReasonText{withoutPort, "withoutPort", pagesMayMiss, Phrases::noop("to the site's host without its port"),
+               Phrases::noop("to the site's host without its port")},
+    ReasonText{filter, "filter", pagesMayMiss, Phrases::noop("by the filter"),
+               Phrases::noop("by the filter")},
+    ReasonText{robots, "robots", pagesMayMiss, Phrases::noop("by the robots.txt rule"),
+               Phrases::noop("by the robots.txt rule")},
+    ReasonText{tooLong, "tooLong", pagesMayMiss, Phrases::noop("as its address is too long"),
+               Phrases::noop("as their addresses are too long")},
+    ReasonText{surplusLink, "surplusLink", pagesMayMiss, Phrases::noop("as too many stand on one page"),
+               Phrases::noop("as too many stand on one page")},
+    ReasonText{surplusPage, "surplusPage", pagesMayMiss,
+               Phrases::noop("as there are more pages than a scan can remember"),
+               Phrases::noop("as there are more pages than a scan can remember")},
+    ReasonText{tooDeep, "tooDeep", pagesMayMiss, Phrases::noop("below the deepest level"),
+               Phrases::noop("below the deepest level")},
+    ReasonText{otherPort, "otherPort", worthTelling, Phrases::noop("to another port"),
+               Phrases::noop("to another port")},
+    ReasonText{aboveStart, "aboveStart", worthTelling, Phrases::noop("above the start folder"),
+               Phrases::noop("above the start folder")},
+    ReasonText{notFollowed, "notFollowed", worthTelling, Phrases::noop("as the site asks not to follow it"),
+               Phrases::noop("as the site asks not to follow them")},
+    ReasonText{noIndex, "noIndex", worthTelling, Phrases::noop("as it asks to be left out"),
+               Phrases::noop("as they ask to be left out"), true},
+    ReasonText{redirectedOutside, "redirectedOutside", worthTelling,
+               Phrases::noop("that leads out of the site"), Phrases::noop("that lead out of the site"), true},
+    ReasonText{folderOfKnownIndex, "folderOfKnownIndex", untold,
+               Phrases::noop("to the folder of a known index page"),
+               Phrases::noop("to folders of known index pages")},
+    ReasonText{empty, "empty", untold, Phrases::noop("that leads nowhere"),
+               Phrases::noop("that lead nowhere")},
+    ReasonText{otherHost, "otherHost", untold, Phrases::noop("to another host"),
+               Phrases::noop("to other hosts")},
+    ReasonText{otherType, "otherType", untold, Phrases::noop("of another type"),
+               Phrases::noop("of other types")},
+    ReasonText{redirected, "redirected", untold, Phrases::noop("that leads to another page"),
+               Phrases::noop("that lead to other pages"), true},
+    ReasonText{sameAsIndex, "sameAsIndex", untold, Phrases::noop("that is the folder's page again"),
+               Phrases::noop("that are their folder's page again"), true},
+    ReasonText{canonicalElsewhere, "canonicalElsewhere", untold,
+               Phrases::noop("that names another page in its place"),
+               Phrases::noop("that name other pages in their place"), true},
 };
 static_assert(kReasonTexts.size() == kLinkReasons - 1);
 
@@ -82,8 +98,7 @@ std::string shortened(std::string_view text) {
 }
 
 std::string numberOf(std::int64_t count, bool isOfPages) {
-  const char* one = isOfPages ? " page" : " link";
-  return std::to_string(count) + one + (count == 1 ? "" : "s");
+  return isOfPages ? Phrases::tr("%n page", "%n pages", count) : Phrases::tr("%n link", "%n links", count);
 }
 
 }  // namespace
@@ -111,11 +126,10 @@ std::optional<LinkReason> reasonNamed(std::string_view name) {
 
 std::string LeftOutGroup::reasonText(std::int64_t several) const {
   if (isByWhich(reason) && which.empty())
-    return reason == filter ? "by further filters" : "by further robots.txt rules";
+    return reason == filter ? Phrases::tr("by further filters") : Phrases::tr("by further robots.txt rules");
   const ReasonText& text = textOf(reason);
-  std::string phrase(several == 1 ? text.one : text.many);
-  if (!which.empty()) phrase.append(" \"").append(shortened(which)).append("\"");
-  return phrase;
+  const std::string phrase = Phrases::tr(several == 1 ? text.one : text.many);
+  return which.empty() ? phrase : Phrases::tr("%1 \"%2\"", {phrase, shortened(which)});
 }
 
 bool LeftOutGroup::mayMissPages() const {
@@ -148,19 +162,21 @@ std::string LeftOut::sentence() const {
       continue;
     }
     const bool isNamed = told == 0 || text.isOfPages != lastIsOfPages;
-    sentence += told == 0 ? "Left out: " : ", ";
-    sentence += isNamed ? numberOf(group.count, text.isOfPages) : std::to_string(group.count);
+    sentence += told == 0 ? Phrases::tr("Left out: ") : ", ";
+    sentence += isNamed ? numberOf(group.count, text.isOfPages) : Phrases::tr("%n", "%n", group.count);
     sentence.append(" ").append(group.reasonText(group.count));
     if (!group.examples.empty()) {
-      sentence.append(told == 0 ? " (for example " : " (");
-      sentence.append(shortened(group.examples.front().address)).append(")");
+      const std::string example = shortened(group.examples.front().address);
+      sentence += told == 0 ? Phrases::tr(" (for example %1)", {example}) : " (" + example + ")";
     }
     lastIsOfPages = text.isOfPages;
     ++told;
   }
   if (others > 0) {
-    sentence.append(" and ").append(std::to_string(others));
-    sentence.append(otherReasons == 1 ? " more for another reason" : " more for other reasons");
+    sentence +=
+        otherReasons == 1
+            ? Phrases::tr(" and %n more for another reason", " and %n more for another reason", others)
+            : Phrases::tr(" and %n more for other reasons", " and %n more for other reasons", others);
   }
   return told == 0 ? sentence : sentence + ".";
 }

@@ -3,6 +3,7 @@
 #include <functional>
 #include <system_error>
 
+#include "platform/phrases.h"
 #include "store/text_lines.h"
 
 namespace crawler {
@@ -112,9 +113,10 @@ void PageJournal::add(std::string_view url, const FetchedPage& page, const std::
 
 void PageJournal::write() {
   m_size += m_unwritten.size();
-  FileResult result = m_size <= m_maxBytes
-                          ? m_appender.append(m_unwritten)
-                          : FileResult{FileStatus::failed, "The site holds too much for that"};
+  FileResult result =
+      m_size <= m_maxBytes
+          ? m_appender.append(m_unwritten)
+          : FileResult{FileStatus::failed, platform::Phrases::tr("The site holds too much for that")};
   m_unwritten.clear();
   m_lastWritten = std::chrono::steady_clock::now();
   if (!result.ok()) giveUp(std::move(result));

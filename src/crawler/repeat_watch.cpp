@@ -4,6 +4,8 @@
 #include <functional>
 #include <unordered_set>
 
+#include "platform/phrases.h"
+
 namespace crawler {
 
 namespace {
@@ -54,7 +56,8 @@ std::optional<std::uint64_t> growthOf(std::string_view url, std::uint64_t finger
 }  // namespace
 
 std::string EndlessHint::text() const {
-  return "This scan may not end: " + std::to_string(addresses) + " addresses gave the same page as " + url;
+  return platform::Phrases::tr("This scan may not end: %1 addresses gave the same page as %2",
+                               {std::to_string(addresses), url});
 }
 
 RepeatWatch::RepeatWatch() : m_slots(kSlots) {}

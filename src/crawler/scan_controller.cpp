@@ -9,12 +9,14 @@
 #include "crawler/site_identity.h"
 #include "crawler/site_scanner.h"
 #include "platform/curl_http_client.h"
+#include "platform/http_client.h"
 #include "platform/qt_text.h"
 #include "store/site_list.h"
 
 namespace crawler {
 
 using platform::toQString;
+using platform::translated;
 
 /// All that one scan needs, in the order in which it is taken apart last.
 struct ScanController::Scan {
@@ -176,7 +178,7 @@ void ScanController::loopingError(bool isUp) {
 
 bool ScanController::askAboutLooping() {
   loopingError(true);
-  m_sheets.ask(toQString(kLoopingTitle), toQString(kLoopingMessage), tr("Continue"), tr("Cancel Scan"),
+  m_sheets.ask(translated(kLoopingTitle), translated(kLoopingMessage), tr("Continue"), tr("Cancel Scan"),
                [this](bool goOn) {
                  if (!m_scan) return;
                  loopingError(false);
@@ -243,6 +245,7 @@ void ScanController::scanFinished(const ScanResult& result) {
 }
 
 void ScanController::tellEnd(const ScanResult& result) {
+  const QLocale locale;
   const QString site = toQString(result.siteName);
   QStringList unwritten;
   for (const sitemaps::FileProblem& problem : result.problems) {
@@ -260,28 +263,28 @@ void ScanController::tellEnd(const ScanResult& result) {
     case ScanEnd::lost:
       sentence = tr("The scan of \"%1\" was stopped: the site does not answer any more").arg(site);
       m_sheets.alert(
-          toQString(kLostTitle),
+          translated(kLostTitle),
           tr("%1 of %2 pages found were scanned. Once the site answers again, Continue Scan goes on "
              "from there.")
-              .arg(result.progress.pagesScanned)
-              .arg(result.progress.pagesFound));
+              .arg(locale.toString(result.progress.pagesScanned),
+                   locale.toString(result.progress.pagesFound)));
       break;
     case ScanEnd::failed:
       sentence = tr("The scan of \"%1\" failed").arg(site);
       m_sheets.alert(tr("The scan of \"%1\" failed after %2 of %3 pages found.")
-                         .arg(site)
-                         .arg(result.progress.pagesScanned)
-                         .arg(result.progress.pagesFound),
-                     toQString(result.failure));
+                         .arg(site, locale.toString(result.progress.pagesScanned),
+                              locale.toString(result.progress.pagesFound)),
+                     translated(result.failure));
       break;
     case ScanEnd::unreachable:
       sentence = tr("\"%1\" could not be reached").arg(site);
-      m_sheets.alert(toQString(kUnreachableTitle),
-                     toQString(kUnreachablePrefix) + toQString(result.unreachableReason));
+      m_sheets.alert(
+          translated(kUnreachableTitle),
+          translated(kUnreachablePrefix) + toQString(platform::reasonInLanguage(result.unreachableReason)));
       break;
     case ScanEnd::forbidden:
       sentence = tr("\"%1\" may not be scanned").arg(site);
-      m_sheets.alert(toQString(kForbiddenTitle), tr("%1.").arg(toQString(result.refusal)));
+      m_sheets.alert(translated(kForbiddenTitle), tr("%1.").arg(toQString(result.refusal)));
       m_notice.add(tr("%1.").arg(toQString(result.refusal)));
       break;
     case ScanEnd::busy:
@@ -313,9 +316,7 @@ void ScanController::tellEnd(const ScanResult& result) {
   }
   if (!m_settingsProblems.isEmpty()) sentence += tr(". %1").arg(m_settingsProblems);
   if (result.edits.valuesTakenOver > 0)
-    sentence += result.edits.valuesTakenOver == 1
-                    ? tr(". 1 edited value was taken over")
-                    : tr(". %1 edited values were taken over").arg(result.edits.valuesTakenOver);
+    sentence += tr(". %Ln edited value(s) were taken over", nullptr, result.edits.valuesTakenOver);
   if (result.edits.isSetKept)
     m_notice.add(tr("The edited sitemaps of before are kept. Restore Previous Sitemaps puts them back."));
   for (const std::string& problem : result.sitemapProblems) m_notice.add(toQString(problem));

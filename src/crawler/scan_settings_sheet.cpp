@@ -23,6 +23,7 @@ namespace crawler {
 
 using platform::toQString;
 using platform::toUtf8;
+using platform::translated;
 
 namespace {
 
@@ -86,7 +87,7 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingFi
                                                           const store::WholeNumber& number) {
   auto* box = new QSpinBox;
   box->setRange(number.least, number.most);
-  box->setSpecialValueText(toQString(number.leastMeans));
+  box->setSpecialValueText(translated(number.leastMeans));
   box->setGroupSeparatorShown(true);
   box->setAccelerated(true);
   const auto member = number.member;
@@ -104,7 +105,7 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingFi
   box->setRange(0, static_cast<double>(seconds.most.count()));
   box->setSingleStep(0.5);
   box->setSuffix(tr(" s"));
-  box->setSpecialValueText(toQString(seconds.noneMeans));
+  box->setSpecialValueText(translated(seconds.noneMeans));
   const auto member = seconds.member;
   return {box,
           [=](const store::SiteSettings& settings) {
@@ -119,7 +120,7 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingFi
 ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingField&,
                                                           const store::Choice& choice) {
   auto* box = new QComboBox;
-  for (const store::Choice::Option& option : choice.options) box->addItem(toQString(option.caption));
+  for (const store::Choice::Option& option : choice.options) box->addItem(translated(option.caption));
   return {box,
           [=](const store::SiteSettings& settings) {
             box->setCurrentIndex(static_cast<int>(choice.get(settings)));
@@ -133,7 +134,7 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingFi
 ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingField& field,
                                                           const store::Text& text) {
   auto* line = new QLineEdit;
-  line->setPlaceholderText(toQString(text.emptyMeans));
+  line->setPlaceholderText(translated(text.emptyMeans));
   const auto member = text.member;
   return {
       line,
@@ -148,7 +149,7 @@ ScanSettingsSheet::Control ScanSettingsSheet::makeControl(const store::SettingFi
                                                           const store::Lines& lines) {
   constexpr int kLinesShown = 3;
   auto* edit = new QPlainTextEdit;
-  edit->setPlaceholderText(toQString(lines.form));
+  edit->setPlaceholderText(translated(lines.form));
   edit->setLineWrapMode(QPlainTextEdit::NoWrap);
   edit->setTabChangesFocus(true);
   edit->setFixedHeight(kLinesShown * edit->fontMetrics().lineSpacing() + 2 * edit->frameWidth() +

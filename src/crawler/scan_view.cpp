@@ -1,10 +1,12 @@
 #include "crawler/scan_view.h"
 
+#include "platform/phrases.h"
+
 namespace crawler {
 
 std::string waitingText(std::chrono::seconds wait) {
-  const std::string count = std::to_string(wait.count());
-  return "Waiting: the server asks for patience, " + count + (wait.count() == 1 ? " second" : " seconds");
+  return platform::Phrases::tr("Waiting: the server asks for patience, %n second",
+                               "Waiting: the server asks for patience, %n seconds", wait.count());
 }
 
 }  // namespace crawler

@@ -10,6 +10,7 @@
 #include "crawler/left_out.h"
 #include "crawler/page_queue.h"
 #include "crawler/repeat_watch.h"
+#include "platform/phrases.h"
 #include "sitemaps/edit_keeper.h"
 #include "sitemaps/site_documents.h"
 #include "store/broken_reasons.h"
@@ -123,12 +124,14 @@ class ScanView {
 std::string waitingText(std::chrono::seconds wait);
 
 /// The texts of the two alerts, the same in every view.
-inline constexpr std::string_view kUnreachableTitle = "The Site URL Could Not Be Reached";
-inline constexpr std::string_view kUnreachablePrefix = "Error Code: ";
-inline constexpr std::string_view kForbiddenTitle = "The Site May Not Be Scanned";
-inline constexpr std::string_view kLostTitle = "The Site Does Not Answer Any More";
-inline constexpr std::string_view kLoopingTitle = "There may be an issue with the site you are scanning.";
+inline constexpr std::string_view kUnreachableTitle =
+    platform::Phrases::noop("The Site URL Could Not Be Reached");
+inline constexpr std::string_view kUnreachablePrefix = platform::Phrases::noop("Error Code: ");
+inline constexpr std::string_view kForbiddenTitle = platform::Phrases::noop("The Site May Not Be Scanned");
+inline constexpr std::string_view kLostTitle = platform::Phrases::noop("The Site Does Not Answer Any More");
+inline constexpr std::string_view kLoopingTitle =
+    platform::Phrases::noop("There may be an issue with the site you are scanning.");
 inline constexpr std::string_view kLoopingMessage =
-    "URL parameters have been found containing multiple ?s which may be invalid.";
+    platform::Phrases::noop("URL parameters have been found containing multiple ?s which may be invalid.");
 
 }  // namespace crawler

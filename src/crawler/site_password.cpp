@@ -1,6 +1,7 @@
 #include "crawler/site_password.h"
 
 #include "platform/idna.h"
+#include "platform/phrases.h"
 #include "platform/uri.h"
 
 namespace crawler {
@@ -25,7 +26,8 @@ std::optional<std::string> SitePassword::get(const std::stop_token& stop) {
 std::string SitePassword::problem() const {
   const std::lock_guard lock(m_mutex);
   if (!m_answer || m_answer->ok()) return {};
-  return m_answer->outcome == SecretOutcome::missing ? "none is kept" : m_answer->error;
+  return m_answer->outcome == SecretOutcome::missing ? platform::Phrases::tr("none is kept")
+                                                     : m_answer->error;
 }
 
 SecretAnswer PasswordKeeper::lookUp(const SecretKey& key, const std::stop_token& stop) {

@@ -8,6 +8,7 @@
 #include "crawler/simple_link_rules.h"
 #include "crawler/sitemap_starts.h"
 #include "crawler/titles.h"
+#include "platform/phrases.h"
 #include "platform/text.h"
 #include "platform/uri.h"
 #include "sitemaps/completion.h"
@@ -18,6 +19,8 @@ namespace crawler {
 
 namespace {
 
+using platform::Phrases;
+
 constexpr std::size_t kRobotsBytes = 1u << 20;
 
 /// Given back when memory runs out, so that the documents can be closed.
@@ -27,15 +30,15 @@ constexpr std::size_t kReserve = 1u << 20;
 constexpr int kUnansweredBelieved = 20;
 
 std::string whyUnauthorized(const platform::HttpAnswer& answer, const ScanSettings& settings) {
-  if (answer.sentPassword) return "name or password were refused";
+  if (answer.sentPassword) return Phrases::tr("name or password were refused");
   const std::string problem = settings.password ? settings.password->problem() : std::string();
   if (!problem.empty())
-    return "the site asks for the password of \"" + settings.site.httpUser + "\" (" + problem + ")";
+    return Phrases::tr("the site asks for the password of \"%1\" (%2)", {settings.site.httpUser, problem});
   if (settings.password && !answer.redirectedTo.empty()) {
-    return platform::originOf(answer.redirectedTo) +
-           " asks for a name and a password, and these are for the start address alone";
+    return Phrases::tr("%1 asks for a name and a password, and these are for the start address alone",
+                       {platform::originOf(answer.redirectedTo)});
   }
-  return "the site asks for a name and a password";
+  return Phrases::tr("the site asks for a name and a password");
 }
 
 /// Why the start address did not do.
@@ -155,7 +158,7 @@ void SiteScanner::attempt(Work work) {
   try {
     work();
   } catch (const std::bad_alloc&) {
-    fail("out of memory");
+    fail(Phrases::noop("out of memory"));
   } catch (const std::exception& failure) {
     fail(failure.what());
   }
@@ -202,8 +205,8 @@ void SiteScanner::queueSitemapPages() {
   for (const SiteSitemap& sitemap :
        readSiteSitemaps(m_services.client, *start, m_links->sitemaps(), queue, m_stop.get_token())) {
     if (sitemap.problem.empty()) continue;
-    m_result.sitemapProblems.push_back("The sitemap " + sitemap.address +
-                                       " was not read in full: " + sitemap.problem + ".");
+    m_result.sitemapProblems.push_back(
+        Phrases::tr("The sitemap %1 was not read in full: %2.", {sitemap.address, sitemap.problem}));
   }
 }
 

@@ -7,11 +7,14 @@
 
 #include "crawler/site_bounds.h"
 #include "crawler/sitemap_text.h"
+#include "platform/phrases.h"
 #include "sitemaps/xml_validation.h"
 
 namespace crawler {
 
 namespace {
+
+using platform::Phrases;
 
 /// A scan that waits for sitemaps does nothing else.
 constexpr std::chrono::minutes kTimeout{2};
@@ -67,7 +70,7 @@ SitemapText Reader::fetch(const std::string& address) {
   if (answer.failure == FetchFailure::none) {
     none.problem = std::to_string(answer.status) + " - " + std::string(platform::reasonPhrase(answer.status));
   } else {
-    none.problem = platform::failureText(answer.failure);
+    none.problem = Phrases::tr(platform::failureText(answer.failure));
   }
   return none;
 }
@@ -77,12 +80,14 @@ void Reader::follow(const web::Url& index, const std::vector<std::string>& addre
   const auto note = [&](std::string_view problem) {
     if (m_sitemaps[place].problem.empty()) m_sitemaps[place].problem = problem;
   };
-  if (depth > kDeepestIndex) return note("It is an index within an index of indexes, which is not followed");
+  if (depth > kDeepestIndex)
+    return note(Phrases::tr("It is an index within an index of indexes, which is not followed"));
   for (const std::string& address : addresses) {
-    if (m_asked.size() == kMaxSitemapFiles) return note("No more than 1,000 sitemaps of a site are read");
+    if (m_asked.size() == kMaxSitemapFiles)
+      return note(Phrases::tr("No more than 1,000 sitemaps of a site are read"));
     const std::optional<web::Url> url = web::parseUrl(address, &index);
     if (url && !isSameSite(*url, index)) {
-      note("It names sitemaps of another site, which are not read");
+      note(Phrases::tr("It names sitemaps of another site, which are not read"));
     } else {
       read(url, Presence::named, depth + 1);
     }

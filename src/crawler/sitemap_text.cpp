@@ -6,6 +6,7 @@
 
 #include "platform/ascii.h"
 #include "platform/gzip.h"
+#include "platform/phrases.h"
 #include "platform/text.h"
 #include "platform/xml_reader.h"
 #include "sitemaps/xml_references.h"
@@ -15,18 +16,18 @@ namespace crawler {
 
 namespace {
 
+using platform::Phrases;
+
 constexpr std::size_t kMaxAddressBytes = 8'192;
 
 constexpr std::size_t kMaxXmlBytes = sitemaps::kMaxSitemapBytes / 4 * 5;
-
-constexpr std::string_view kTooManyAddresses = "It holds more than 50,000 addresses; the first ones count";
 
 void addAddress(SitemapText& to, std::string_view address) {
   if (address.empty() || address.size() > kMaxAddressBytes) return;
   if (to.addresses.size() < sitemaps::kMaxSitemapEntries) {
     to.addresses.emplace_back(address);
   } else if (to.problem.empty()) {
-    to.problem = kTooManyAddresses;
+    to.problem = Phrases::tr("It holds more than 50,000 addresses; the first ones count");
   }
 }
 
@@ -65,7 +66,7 @@ class Handler : public platform::XmlHandler {
 
   void fault(int line, std::string_view message) override {
     m_inAddress = false;  // what it was is not known
-    if (m_text.problem.empty()) m_text.problem = "Line " + std::to_string(line) + ": " + std::string(message);
+    if (m_text.problem.empty()) m_text.problem = Phrases::tr("Line %1: %2", {std::to_string(line), message});
   }
 
  private:
@@ -148,14 +149,15 @@ SitemapText readSitemapText(std::string content) {
   if (platform::isGzip(content)) {
     platform::Gunzipped unpacked = platform::gunzipped(content, sitemaps::kMaxSitemapBytes);
     if (unpacked.failure == platform::GunzipFailure::damaged)
-      return problem("The compressed file is damaged");
-    if (unpacked.failure == platform::GunzipFailure::tooLarge) return problem("It is larger than 50 MB");
+      return problem(Phrases::tr("The compressed file is damaged"));
+    if (unpacked.failure == platform::GunzipFailure::tooLarge)
+      return problem(Phrases::tr("It is larger than 50 MB"));
     content = std::move(unpacked.text);
   }
   content = platform::decodeUtf8(std::move(content));
   const bool isMarkup = platform::trimmed(std::string_view(content).substr(0, 1'024)).starts_with('<');
   SitemapText text = isMarkup ? readXmlSitemap(content) : readLines(content);
-  return text.kind == SitemapKind::none ? problem("It is no sitemap") : text;
+  return text.kind == SitemapKind::none ? problem(Phrases::tr("It is no sitemap")) : text;
 }
 
 }  // namespace crawler

@@ -4,12 +4,13 @@
 #include <array>
 #include <charconv>
 
+#include "platform/phrases.h"
 #include "platform/regex.h"
 
 namespace html_editor {
 
-const std::string_view kHexFieldMessage =
-    "The colour much be 6 characters, (7 with begining #) please check the colour hex value you entered.";
+const std::string_view kHexFieldMessage = platform::Phrases::noop(
+    "The colour much be 6 characters, (7 with begining #) please check the colour hex value you entered.");
 
 namespace {
 

@@ -2,9 +2,13 @@
 
 #include <string_view>
 
+#include "platform/phrases.h"
+
 namespace html_editor {
 
 namespace {
+
+using platform::Phrases;
 
 std::string page(std::string_view message) {
   constexpr std::string_view kBlankLine = "<h2 align=\"center\">&nbsp;</h2>";
@@ -20,25 +24,27 @@ std::string page(std::string_view message) {
 }  // namespace
 
 std::string noSitePage() {
-  return page("Please Select A Site To View It's Sitemap");
+  return page(Phrases::tr("Please Select A Site To View It's Sitemap"));
 }
 
 std::string nothingToShowPage(DocumentState state, std::size_t bytes) {
   constexpr std::size_t kMegabyte = 1u << 20;
   switch (state) {
     case DocumentState::missing:
-      return page("No Sitemap Is Available<br />Please scan this website to create the html sitemap.");
+      return page(
+          Phrases::tr("No Sitemap Is Available<br />Please scan this website to create the html sitemap."));
     case DocumentState::tooLarge:
-      return page("This Sitemap Is Too Large To Show<br />It has " + std::to_string(bytes / kMegabyte) +
-                  " MB, and up to " + std::to_string(kMostShown / kMegabyte) +
-                  " MB can be shown and edited here. It can be exported; a layout with pages only may be "
-                  "small enough.");
+      return page(
+          Phrases::tr("This Sitemap Is Too Large To Show<br />It has %1 MB, and up to %2 MB can be shown and "
+                      "edited here. It can be exported; a layout with pages only may be "
+                      "small enough.",
+                      {std::to_string(bytes / kMegabyte), std::to_string(kMostShown / kMegabyte)}));
     case DocumentState::noEntries:
-      return page("This Sitemap Is Empty<br />The last scan of this website found no pages.");
+      return page(Phrases::tr("This Sitemap Is Empty<br />The last scan of this website found no pages."));
     default:
       return page(
-          "The Last Scan Did Not Finish<br />Please scan this website again to create the html "
-          "sitemap.");
+          Phrases::tr("The Last Scan Did Not Finish<br />Please scan this website again to create the html "
+                      "sitemap."));
   }
 }
 

@@ -5,6 +5,7 @@
 #include "html_editor/anchor_edit.h"
 #include "html_editor/layouts.h"
 #include "html_editor/table_rebuild.h"
+#include "platform/phrases.h"
 #include "store/site_lock.h"
 #include "store/site_record.h"
 
@@ -102,7 +103,7 @@ platform::FileResult HtmlDocument::write() {
   if (lock.result().status == platform::FileStatus::busy) return lock.result();
   const platform::FileContent onDisk = platform::readFile(file());
   if (onDisk.result.ok() && onDisk.text != m_original)
-    return {platform::FileStatus::failed, "Another program has changed it."};
+    return {platform::FileStatus::failed, platform::Phrases::tr("Another program has changed it.")};
   return platform::replaceFile(file(), text());
 }
 

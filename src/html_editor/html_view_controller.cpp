@@ -14,6 +14,7 @@ namespace html_editor {
 using platform::enableUnless;
 using platform::toQString;
 using platform::toUtf8;
+using platform::translated;
 
 namespace {
 
@@ -33,7 +34,7 @@ HTMLViewController::HTMLViewController(const HTMLViewServices& services)
       m_pl(services.mainWindow, EntryClass::pageLink),
       m_view{services.mainWindow} {
   for (const LayoutItem& item : sitemapTypeItems) {
-    m_view.sitemapTypePopup.addItem(toQString(item.title), toQString(item.representedObject));
+    m_view.sitemapTypePopup.addItem(translated(item.title), toQString(item.representedObject));
   }
   // It can be copied from, but is no field to type in.
   QPalette plain = m_view.urlToLoad.palette();

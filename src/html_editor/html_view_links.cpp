@@ -13,6 +13,7 @@ namespace html_editor {
 
 using platform::toQString;
 using platform::toUtf8;
+using platform::translated;
 
 namespace {
 
@@ -137,7 +138,7 @@ void HTMLViewController::editLinkAndTitle() {
 void HTMLViewController::refuseBlank(std::string_view message) {
   constexpr int kOk = 0;
   constexpr int kDelete = 1;
-  m_sheets.choose(toQString(message), {}, {tr("OK"), tr("Delete This Link")}, kOk,
+  m_sheets.choose(translated(message), {}, {tr("OK"), tr("Delete This Link")}, kOk,
                   [this, link = *m_document.selection()](int answer) {
                     if (answer == kDelete) later(link, &HTMLViewController::beginLinkDeletion);
                   });

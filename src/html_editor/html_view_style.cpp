@@ -8,6 +8,7 @@ namespace html_editor {
 
 using platform::toQString;
 using platform::toUtf8;
+using platform::translated;
 
 void HTMLViewController::changeFontFamily(StyleControlsView& controls) {
   useStyled(withFontFamily(m_document.text(), controls.entries, toUtf8(controls.fontFace.currentText())));
@@ -76,7 +77,7 @@ void HTMLViewController::applyTypedColour(StyleControlsView& controls) {
 void HTMLViewController::complainAboutColour(StyleControlsView& controls) {
   constexpr int kOk = 0;
   constexpr int kReset = 1;
-  m_sheets.choose(toQString(kHexFieldMessage), {}, {tr("OK"), tr("Reset")}, kOk, [&controls](int answer) {
+  m_sheets.choose(translated(kHexFieldMessage), {}, {tr("OK"), tr("Reset")}, kOk, [&controls](int answer) {
     if (answer == kReset) controls.colourField.setText(toQString(getHEXValue(controls.colour())));
   });
 }

@@ -2,15 +2,16 @@
 
 #include <utility>
 
+#include "platform/phrases.h"
 #include "platform/regex.h"
 #include "sitemaps/html_format.h"
 
 namespace html_editor {
 
 const std::string_view kTitleBlankMessage =
-    "The title field cannot be left blank, please enter a title for this page.";
+    platform::Phrases::noop("The title field cannot be left blank, please enter a title for this page.");
 const std::string_view kLinkBlankMessage =
-    "The link field cannot be left blank, please enter the link for this page.";
+    platform::Phrases::noop("The link field cannot be left blank, please enter the link for this page.");
 
 std::string anchorMarkup(std::string_view target, std::string_view text, std::string_view number) {
   std::string result = "<a href=\"";

@@ -16,6 +16,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/phrases.h"
+
 namespace platform {
 namespace {
 
@@ -44,14 +46,14 @@ FileResult outcome(int returned) {
 FileResult tooLarge(std::size_t maxBytes) {
   constexpr std::size_t kMegabyte = 1u << 20;
   const std::size_t megabytes = (maxBytes + kMegabyte - 1) / kMegabyte;
-  return {FileStatus::failed, "The file is larger than " + std::to_string(megabytes) + " MB"};
+  return {FileStatus::failed, Phrases::tr("The file is larger than %1 MB", {std::to_string(megabytes)})};
 }
 
 /// Opening anything else may wait for ever, as with a pipe, or set off something, as with a device.
 FileResult whetherRegular(const struct stat& status) {
   if (S_ISREG(status.st_mode)) return {};
   if (S_ISDIR(status.st_mode)) return failure(EISDIR);
-  return {FileStatus::failed, "Not a regular file"};
+  return {FileStatus::failed, Phrases::tr("Not a regular file")};
 }
 
 /// Calls again as long as a signal comes between.
@@ -286,7 +288,8 @@ FileResult syncFolder(const fs::path& folder) {
   // Not every file system can do this. Where none can, nothing better is to be had.
   if (errno == EINVAL || errno == EOPNOTSUPP) return {};
   FileResult result = failure(errno);
-  result.error = "the new content is in place, but its folder could not be synced: " + result.error;
+  result.error =
+      Phrases::tr("the new content is in place, but its folder could not be synced: %1", {result.error});
   return result;
 }
 
@@ -377,7 +380,7 @@ FileResult FileAppender::append(std::string_view text) {
   FileResult result = writeAll(m_descriptor, text);
   if (result.ok()) return result;
   if (withoutInterruption([&] { return ftruncate(m_descriptor, status.st_size); }) != 0) {
-    result.error += "; the file could not be cut back: " + failure(errno).error;
+    result.error += Phrases::tr("; the file could not be cut back: %1", {failure(errno).error});
   }
   return result;
 }

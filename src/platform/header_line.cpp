@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/ascii.h"
+#include "platform/phrases.h"
 #include "platform/text.h"
 
 namespace platform {
@@ -38,25 +39,27 @@ std::string headerLineProblem(std::string_view line) {
   if (std::string problem = headerTextProblem(line); !problem.empty()) return problem;
   const HeaderLine header = splitHeaderLine(line);
   if (line.find(':') == std::string_view::npos || !isToken(header.name))
-    return "it has to look like \"Name: value\", with a name of letters, digits and hyphens";
+    return Phrases::tr("it has to look like \"Name: value\", with a name of letters, digits and hyphens");
   const std::string name = lowerAscii(header.name);
-  if (name == "user-agent") return "the user agent is a setting of its own";
-  if (name == "authorization") return "name and password for HTTP authentication are given in another way";
+  if (name == "user-agent") return Phrases::tr("the user agent is a setting of its own");
+  if (name == "authorization")
+    return Phrases::tr("name and password for HTTP authentication are given in another way");
   if (name.starts_with("proxy-") || std::find(kOwnNames.begin(), kOwnNames.end(), name) != kOwnNames.end())
-    return "the program sees to \"" + header.name + "\" itself";
+    return Phrases::tr("the program sees to \"%1\" itself", {header.name});
   return {};
 }
 
 std::string headerTextProblem(std::string_view text) {
   const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\x7F'; };
   if (std::any_of(text.begin(), text.end(), isControl) || decodeUtf8(std::string(text)) != text)
-    return "it cannot contain line breaks, other control characters or invalid UTF-8";
-  if (text.size() > kMostBytes) return "it is longer than " + std::to_string(kMostBytes) + " bytes";
+    return Phrases::tr("it cannot contain line breaks, other control characters or invalid UTF-8");
+  if (text.size() > kMostBytes)
+    return Phrases::tr("it is longer than %1 bytes", {std::to_string(kMostBytes)});
   return {};
 }
 
 std::string userNameProblem(std::string_view name) {
-  if (name.find(':') != std::string_view::npos) return "it cannot contain a colon";
+  if (name.find(':') != std::string_view::npos) return Phrases::tr("it cannot contain a colon");
   return headerTextProblem(name);
 }
 

@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/phrases.h"
+
 namespace platform {
 
 namespace {
@@ -104,43 +106,49 @@ std::string_view failureText(FetchFailure failure) {
     case FetchFailure::none:
       return "";
     case FetchFailure::stopped:
-      return "Stopped";
+      return Phrases::noop("Stopped");
     case FetchFailure::invalidAddress:
-      return "The address is not a valid http or https URL";
+      return Phrases::noop("The address is not a valid http or https URL");
     case FetchFailure::nameNotResolved:
-      return "The host name could not be resolved";
+      return Phrases::noop("The host name could not be resolved");
     case FetchFailure::connectionFailed:
-      return "The server could not be reached";
+      return Phrases::noop("The server could not be reached");
     case FetchFailure::tlsFailed:
-      return "No secure connection: handshake or certificate failed";
+      return Phrases::noop("No secure connection: handshake or certificate failed");
     case FetchFailure::noCertificates:
-      return "No certificates of trusted authorities are installed (package ca-certificates)";
+      return Phrases::noop("No certificates of trusted authorities are installed (package ca-certificates)");
     case FetchFailure::timedOut:
-      return "The server took too long";
+      return Phrases::noop("The server took too long");
     case FetchFailure::tookTooLong:
-      return "The page took longer than ten minutes";
+      return Phrases::noop("The page took longer than ten minutes");
     case FetchFailure::connectionClosed:
-      return "The answer was broken off or malformed";
+      return Phrases::noop("The answer was broken off or malformed");
     case FetchFailure::tooLarge:
-      return "The answer is too large";
+      return Phrases::noop("The answer is too large");
     case FetchFailure::tooManyRedirects:
-      return "Too many redirects";
+      return Phrases::noop("Too many redirects");
     case FetchFailure::privateAddress:
-      return "The address is a private one";
+      return Phrases::noop("The address is a private one");
     case FetchFailure::forbiddenRedirect:
-      return "Redirected to an address that is not http or https";
+      return Phrases::noop("Redirected to an address that is not http or https");
     case FetchFailure::undecodable:
-      return "The content encoding is broken or unknown";
+      return Phrases::noop("The content encoding is broken or unknown");
     case FetchFailure::other:
       break;
   }
-  return "The transfer failed";
+  return Phrases::noop("The transfer failed");
 }
 
 std::string_view reasonPhrase(int status) {
   const Reason* found =
       std::lower_bound(std::begin(kReasons), std::end(kReasons), Reason(status, {}), codeLess);
   return found != std::end(kReasons) && found->first == status ? found->second : classText(status);
+}
+
+std::string reasonInLanguage(std::string_view reason) {
+  constexpr std::string_view kNoAnswer = "0 - ";
+  if (!reason.starts_with(kNoAnswer)) return std::string(reason);
+  return std::string(kNoAnswer) + Phrases::tr(reason.substr(kNoAnswer.size()));
 }
 
 }  // namespace platform

@@ -48,7 +48,7 @@ enum class FetchFailure {
   connectionClosed,  // before the answer was complete, or the answer breaks the protocol
   tooLarge,          // body or headers
   tooManyRedirects,
-  privateAddress,  // only public ones were to be asked
+  privateAddress,     // only public ones were to be asked
   forbiddenRedirect,  // to a scheme other than http and https, or to no usable URL
   undecodable,        // the content encoding is broken or unknown
   other,
@@ -71,11 +71,11 @@ struct [[nodiscard]] HttpAnswer {
   std::string lastModified = {};  // likewise
   std::string robotsTag = {};     // likewise, X-Robots-Tag; several are joined by ", "
   std::string redirectedTo =
-      {};                     // the address that answered, if not the one asked, or was not to be followed
-  std::chrono::milliseconds time{0};  // from the request to the first byte of the answer
-  std::string body = {};      // decoded (gzip, br), characters as sent
+      {};  // the address that answered, if not the one asked, or was not to be followed
+  std::chrono::milliseconds time{0};        // from the request to the first byte of the answer
+  std::string body = {};                    // decoded (gzip, br), characters as sent
   std::chrono::seconds certificateEnds{0};  // since 1970-01-01 UTC; 0 unless the client tells certificates
-  bool sentPassword = false;  // the server that answered was told the site's name and password
+  bool sentPassword = false;                // the server that answered was told the site's name and password
   // What its Retry-After asks for, as seconds or as a date (RFC 9110, section 10.2.3). Never negative; 0 also
   // for none, for a date that has passed and for what is neither.
   std::chrono::seconds retryAfter{0};
@@ -84,6 +84,10 @@ struct [[nodiscard]] HttpAnswer {
 /// The standard English reason phrase of a status code (RFC 9110 and the IANA registry): "Not Found" for 404.
 /// A code without one gets the text of its class ("Client Error"), one outside 100 to 599 "Unknown Status".
 std::string_view reasonPhrase(int status);
+
+/// "404 - Not Found", "0 - The server could not be reached": why a page is broken, as documents and files say
+/// it, in the user's language. The standard's phrases stay as they are.
+std::string reasonInLanguage(std::string_view reason);
 
 /// Fetches from sites. Borrowed by a scan; `fetch` may be called from several threads at once.
 class HttpClient {

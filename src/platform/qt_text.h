@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/phrases.h"
+
 namespace platform {
 
 inline QString toQString(std::string_view utf8) {
@@ -13,6 +15,11 @@ inline QString toQString(std::string_view utf8) {
 
 inline std::string toUtf8(const QString& text) {
   return text.toStdString();
+}
+
+/// A text of the engine that was marked for translation, in the user's language.
+inline QString translated(std::string_view marked) {
+  return toQString(Phrases::tr(marked));
 }
 
 /// A text that may be long, as a sheet shows it: without its middle, which tells least of an address.

@@ -14,6 +14,8 @@
 
 #include <libsecret/secret.h>
 
+#include "platform/phrases.h"
+
 namespace platform {
 
 namespace {
@@ -74,11 +76,11 @@ bool hasSessionBus() {
 }
 
 SecretAnswer unavailable() {
-  return {SecretOutcome::unavailable, {}, "there is no secret service"};
+  return {SecretOutcome::unavailable, {}, Phrases::tr("there is no secret service")};
 }
 
 SecretAnswer locked() {
-  return {SecretOutcome::locked, {}, "the secret service is locked"};
+  return {SecretOutcome::locked, {}, Phrases::tr("the secret service is locked")};
 }
 
 SecretAnswer answerFor(const Error& error) {
@@ -115,7 +117,7 @@ SecretAnswer bounded(Work work, const std::stop_token& stop) {
   lock.lock();
   call->ended.wait_for(lock, kLongestFarewell, hasEnded);
   if (stop.stop_requested()) return {SecretOutcome::stopped, {}, "stopped"};
-  return {SecretOutcome::failed, {}, "the secret service did not answer in time"};
+  return {SecretOutcome::failed, {}, Phrases::tr("the secret service did not answer in time")};
 }
 
 /// Whether there is an entry, locked or not.

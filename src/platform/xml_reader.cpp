@@ -11,6 +11,8 @@
 #include <libxml/parserInternals.h>
 #include <libxml/xmlerror.h>
 
+#include "platform/phrases.h"
+
 namespace platform {
 
 namespace {
@@ -71,16 +73,17 @@ void onDocumentType(void* context, const xmlChar*, const xmlChar*, const xmlChar
 
 void onError(void* context, xmlErrorPtr error) {
   if (error->level == XML_ERR_WARNING) return;
-  std::string_view message = error->message == nullptr ? "The text is not well-formed" : error->message;
+  std::string message =
+      error->message == nullptr ? Phrases::tr("The text is not well-formed") : error->message;
   // What the parser says of the commonest faults needs a reader who knows its inside.
   const bool noName = error->code == XML_ERR_NAME_REQUIRED;
   if (error->code == XML_ERR_ENTITYREF_SEMICOL_MISSING ||
       (noName && message.starts_with("xmlParseEntityRef"))) {
-    message = "A bare \"&\" stands in the text";
+    message = Phrases::tr("A bare \"&\" stands in the text");
   } else if (noName && message.starts_with("StartTag")) {
-    message = "A bare \"<\" stands in the text";
+    message = Phrases::tr("A bare \"<\" stands in the text");
   }
-  while (!message.empty() && (message.back() == '\n' || message.back() == ' ')) message.remove_suffix(1);
+  while (!message.empty() && (message.back() == '\n' || message.back() == ' ')) message.pop_back();
   reading(context).handler.fault(error->line, message);
 }
 
@@ -121,19 +124,19 @@ std::size_t findLongTag(std::string_view text) {
 
 void readXml(std::string_view utf8, XmlHandler& handler) {
   const std::string_view text = utf8.substr(0, findLongTag(utf8));
-  if (text.size() > INT_MAX) return handler.fault(1, "The text is too long to be read");
+  if (text.size() > INT_MAX) return handler.fault(1, Phrases::tr("The text is too long to be read"));
   xmlInitParser();
   Reading state{handler};
   xmlSAXHandler callbacks = makeCallbacks();
   const std::unique_ptr<xmlParserCtxt, FreeContext> parser(xmlCreateMemoryParserCtxt(
       text.empty() ? " " : text.data(), text.empty() ? 1 : static_cast<int>(text.size())));
-  if (!parser) return handler.fault(1, "There is not enough memory to read the text");
+  if (!parser) return handler.fault(1, Phrases::tr("There is not enough memory to read the text"));
   xmlCtxtUseOptions(parser.get(), XML_PARSE_RECOVER | XML_PARSE_NONET | XML_PARSE_IGNORE_ENC);
   *parser->sax = callbacks;
   parser->userData = &state;
   xmlParseDocument(parser.get());
   if (text.size() < utf8.size())
-    handler.fault(parser->input == nullptr ? 1 : parser->input->line, "A tag is too long");
+    handler.fault(parser->input == nullptr ? 1 : parser->input->line, Phrases::tr("A tag is too long"));
 }
 
 }  // namespace platform

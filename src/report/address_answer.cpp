@@ -8,12 +8,16 @@
 #include "crawler/known_endings.h"
 #include "crawler/link_rules.h"
 #include "platform/ascii.h"
+#include "platform/http_client.h"
+#include "platform/phrases.h"
 #include "report/figures.h"
 #include "report/left_out_advice.h"
 
 namespace report {
 
 namespace {
+
+using platform::Phrases;
 
 using crawler::LinkReason;
 using crawler::PageStanding;
@@ -53,7 +57,7 @@ std::string inQuotes(std::string_view text) {
 }
 
 std::string withAdvice(std::string text, LinkReason reason) {
-  const std::string_view advice = adviceFor(reason, Reader::window);
+  const std::string advice = adviceFor(reason, Reader::window);
   if (!advice.empty()) text.append(" ").append(advice);
   return text;
 }
@@ -70,8 +74,11 @@ std::optional<std::string> asLeftOut(const LatestReport& report, std::string_vie
   for (const crawler::LeftOutGroup& group : report.leftOut.groups) {
     for (const crawler::LeftOutExample& example : group.examples) {
       if (!isSame(example.address, typed)) continue;
-      const std::string where = example.page.empty() ? "" : " on " + shortened(example.page);
-      return withAdvice("Found" + where + ", but left out " + group.reasonText() + ".", group.reason);
+      const std::string reason = group.reasonText();
+      return withAdvice(example.page.empty()
+                            ? Phrases::tr("Found, but left out %1.", {reason})
+                            : Phrases::tr("Found on %1, but left out %2.", {shortened(example.page), reason}),
+                        group.reason);
     }
   }
   return {};
@@ -80,32 +87,37 @@ std::optional<std::string> asLeftOut(const LatestReport& report, std::string_vie
 std::optional<std::string> asOutside(const LatestReport& report, std::string_view typed) {
   for (const OutsideAddress& address : report.now.outside) {
     if (!isSame(address.address, typed)) continue;
-    return "It lies outside of the site: " + counted(address.linkedFrom, "page links", "pages link") +
-           " to it, and sitemaps name pages of the site only.";
+    return Phrases::tr(
+        "It lies outside of the site: %Ln page links to it, and sitemaps name pages of the site only.",
+        "It lies outside of the site: %Ln pages link to it, and sitemaps name pages of the site only.",
+        address.linkedFrom);
   }
   const bool isWhole = platform::startsWithAnyCase(platform::trimmed(typed), "http");
   if (!isWhole || report.now.pages.empty()) return {};
   const std::string_view host = hostOf(report.now.pages.front().address);
   if (platform::lowerAscii(hostOf(typed)) == platform::lowerAscii(host)) return {};
-  return "It lies outside of the site, which is all below " + inQuotes(host) + ".";
+  return Phrases::tr("It lies outside of the site, which is all below %1.", {inQuotes(host)});
 }
 
 /// What keeps such an address out, whether the scan met it or not.
 std::optional<std::string> asKeptOut(const LatestReport& report, const std::vector<std::string>& filters,
                                      std::string_view typed) {
   if (const auto which = crawler::Exclusions(filters).find(platform::trimmed(typed)))
-    return withAdvice("The filter " + inQuotes(filters[*which]) + " keeps it out.", LinkReason::filter);
+    return withAdvice(Phrases::tr("The filter %1 keeps it out.", {inQuotes(filters[*which])}),
+                      LinkReason::filter);
   const std::string_view ending = endingOf(typed);
   if (ending.empty()) return {};
   for (const crawler::LeftOutGroup& group : report.leftOut.groups) {
     if (group.reason != LinkReason::foreignExtension && group.reason != LinkReason::otherType) continue;
     for (const crawler::LeftOutExample& example : group.examples) {
       if (endingOf(example.address) != ending) continue;
-      return withAdvice("Addresses that end in " + inQuotes(ending) + " are left out.", group.reason);
+      return withAdvice(Phrases::tr("Addresses that end in %1 are left out.", {inQuotes(ending)}),
+                        group.reason);
     }
   }
   if (crawler::hasKnownOtherEnding(ending))
-    return withAdvice("Addresses that end in " + inQuotes(ending) + " are left out.", LinkReason::otherType);
+    return withAdvice(Phrases::tr("Addresses that end in %1 are left out.", {inQuotes(ending)}),
+                      LinkReason::otherType);
   return {};
 }
 
@@ -124,28 +136,29 @@ std::int64_t leftOutUnnamed(const LatestReport& report) {
 std::string standingText(const Page& page) {
   switch (page.standing) {
     case PageStanding::listed:
-      return "In the sitemaps";
+      return Phrases::tr("In the sitemaps");
     case PageStanding::broken:
-      return "Broken: " + page.brokenReason;
+      return Phrases::tr("Broken: %1", {platform::reasonInLanguage(page.brokenReason)});
     case PageStanding::folderListing:
-      return "Left out, as it is a list of files that the server made";
+      return Phrases::tr("Left out, as it is a list of files that the server made");
     case PageStanding::leftOut:
       break;
   }
   switch (page.leftOutBy) {
     case LinkReason::redirected:
     case LinkReason::redirectedOutside:
-      return "Left out, as it leads to " + (page.redirectedTo.empty() ? "another page" : page.redirectedTo);
+      if (page.redirectedTo.empty()) return Phrases::tr("Left out, as it leads to another page");
+      return Phrases::tr("Left out, as it leads to %1", {page.redirectedTo});
     case LinkReason::sameAsIndex:
-      return "Left out, as it is its folder's page again";
+      return Phrases::tr("Left out, as it is its folder's page again");
     case LinkReason::canonicalElsewhere:
-      return "Left out, as it names another page in its place";
+      return Phrases::tr("Left out, as it names another page in its place");
     case LinkReason::otherType:
-      return "Left out, as it is of another type";
+      return Phrases::tr("Left out, as it is of another type");
     case LinkReason::none:
-      return "Left out";
+      return Phrases::tr("Left out");
     default:
-      return "Left out, " + crawler::LeftOutGroup{.reason = page.leftOutBy}.reasonText();
+      return Phrases::tr("Left out, %1", {crawler::LeftOutGroup{.reason = page.leftOutBy}.reasonText()});
   }
 }
 
@@ -161,9 +174,10 @@ std::string whyNotListed(const LatestReport& report, const std::vector<std::stri
   if (auto text = asLeftOut(report, typed)) return *text;
   if (auto text = asOutside(report, typed)) return *text;
   if (auto text = asKeptOut(report, filters, typed)) return *text;
-  std::string text = "No page of the last complete scan links to it.";
+  std::string text = Phrases::tr("No page of the last complete scan links to it.");
   if (const std::int64_t unnamed = leftOutUnnamed(report); unnamed > 0)
-    text += " Or it is one of " + grouped(unnamed) + " links that were left out and are only counted.";
+    text +=
+        Phrases::tr(" Or it is one of %1 links that were left out and are only counted.", {grouped(unnamed)});
   return text;
 }
 

@@ -4,11 +4,14 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "platform/phrases.h"
 #include "report/figures.h"
 
 namespace report {
 
 namespace {
+
+using platform::Phrases;
 
 using crawler::PageStanding;
 using PagesByAddress = std::unordered_map<std::string_view, const Page*>;
@@ -62,12 +65,14 @@ Changes compare(const ScanContents& before, const ScanContents& now) {
 
 std::string changesText(const Changes& changes) {
   if (!changes.areKnown) return {};
-  std::string text = counted(changes.added.size(), "page", "pages") + " new, " +
-                     grouped(changes.gone.size()) + " gone, " + grouped(changes.renamed.size()) +
-                     " renamed.\nNewly broken: " + grouped(changes.newlyBroken.size());
+  const std::string added =
+      Phrases::tr("%Ln page new", "%Ln pages new", static_cast<std::int64_t>(changes.added.size()));
+  std::string broken = grouped(changes.newlyBroken.size());
   if (!changes.newlyBroken.empty())
-    text += " (" + shortened(changes.newlyBroken.front().page().address) + ")";
-  return text + ", repaired: " + grouped(changes.repaired.size()) + ".";
+    broken += " (" + shortened(changes.newlyBroken.front().page().address) + ")";
+  return Phrases::tr("%1, %2 gone, %3 renamed.\nNewly broken: %4, repaired: %5.",
+                     {added, grouped(changes.gone.size()), grouped(changes.renamed.size()), broken,
+                      grouped(changes.repaired.size())});
 }
 
 }  // namespace report

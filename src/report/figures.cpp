@@ -1,29 +1,23 @@
 #include "report/figures.h"
 
-#include <array>
-#include <cstdio>
-#include <ctime>
-
 #include "crawler/left_out.h"
+#include "platform/phrases.h"
 
 namespace report {
+
+using platform::Phrases;
 
 namespace {
 
 /// With one digit behind the point where that says something.
 std::string rounded(double number, const char* unit) {
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), number < 9.95 ? "%.1f %s" : "%.0f %s", number, unit);
-  return text.data();
+  return Phrases::language().number(number, number < 9.95 ? 1 : 0) + " " + unit;
 }
 
 }  // namespace
 
 std::string grouped(std::int64_t number) {
-  std::string text = std::to_string(number);
-  const std::size_t first = number < 0 ? 1 : 0;
-  for (std::size_t at = text.size(); at > first + 3;) text.insert(at -= 3, ",");
-  return text;
+  return Phrases::language().number(number);
 }
 
 std::string grouped(std::size_t number) {
@@ -52,11 +46,11 @@ std::string sizeText(std::int64_t bytes) {
 }
 
 std::string dateText(std::int64_t secondsSince1970) {
-  const auto time = static_cast<std::time_t>(secondsSince1970);
-  std::tm parts{};
-  std::array<char, 64> text{};
-  if (localtime_r(&time, &parts) == nullptr) return {};
-  return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts)};
+  return Phrases::language().dateAndTime(secondsSince1970);
+}
+
+std::string dayText(std::int64_t secondsSince1970) {
+  return Phrases::language().date(secondsSince1970);
 }
 
 std::string shortened(std::string_view text) {

@@ -1,4 +1,4 @@
-// Numbers, times and sizes as people read them.
+// Numbers, times and sizes as people read them: numbers and dates as their language writes them.
 #pragma once
 
 #include <chrono>
@@ -13,7 +13,7 @@ namespace report {
 std::string grouped(std::int64_t number);
 std::string grouped(std::size_t number);
 
-/// "1 page", "1,204 pages"
+/// "1 page", "1,204 pages", in English.
 std::string counted(std::size_t number, std::string_view one, std::string_view many);
 
 /// "350 ms", "1.2 s"
@@ -27,6 +27,9 @@ std::string sizeText(std::int64_t bytes);
 
 /// "2026-03-01 14:05", in the machine's own time zone.
 std::string dateText(std::int64_t secondsSince1970);
+
+/// "2026-03-01", likewise.
+std::string dayText(std::int64_t secondsSince1970);
 
 /// The first hundred bytes of a text, with "..." where some are missing; no character is cut apart.
 std::string shortened(std::string_view text);

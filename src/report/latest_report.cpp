@@ -3,9 +3,12 @@
 #include <algorithm>
 
 #include "crawler/left_out_file.h"
+#include "platform/phrases.h"
 #include "report/figures.h"
 
 namespace report {
+
+using platform::Phrases;
 
 const Page* LatestReport::find(std::string_view address) const {
   const auto found = std::find_if(now.pages.begin(), now.pages.end(),
@@ -29,9 +32,9 @@ std::shared_ptr<const LatestReport> readLatestReport(const store::StateFolder& s
   }
   // What is wrong inside shows only when it is read.
   if (database.isDamaged()) {
-    report->problem = "The report is damaged. The next scan makes a new one.";
+    report->problem = Phrases::tr("The report is damaged. The next scan makes a new one.");
   } else if (!database.result().ok() && database.result().status != platform::FileStatus::missing) {
-    report->problem = "The report cannot be read: " + database.result().error;
+    report->problem = Phrases::tr("The report cannot be read: %1", {database.result().error});
   }
   report->summary = summarise(report->now);
   report->outside = outsideRows(report->now, report->checks);
@@ -44,9 +47,11 @@ std::shared_ptr<const LatestReport> readLatestReport(const store::StateFolder& s
 std::string whyNoLinks(const LatestReport& report) {
   if (!report.problem.empty()) return report.problem;
   if (report.history.empty())
-    return "Nothing is known of the links of this scan. The next scan will keep where they stand.";
+    return Phrases::tr(
+        "Nothing is known of the links of this scan. The next scan will keep where they stand.");
   if (!report.isOfLatestScan())
-    return "The last scan did not come to its end. Where links stand is kept of complete scans only.";
+    return Phrases::tr(
+        "The last scan did not come to its end. Where links stand is kept of complete scans only.");
   return {};
 }
 

@@ -12,6 +12,6 @@ enum class Reader { window, commandLine };
 
 /// The setting that would change it, in a sentence or two. Empty where nothing is missing: those are other
 /// sites, second names of pages, and what is no page.
-std::string_view adviceFor(crawler::LinkReason reason, Reader reader);
+std::string adviceFor(crawler::LinkReason reason, Reader reader);
 
 }  // namespace report

@@ -2,11 +2,15 @@
 
 #include <algorithm>
 
+#include "platform/http_client.h"
+#include "platform/phrases.h"
 #include "report/figures.h"
 
 namespace report {
 
 namespace {
+
+using platform::Phrases;
 
 constexpr std::string_view kNoAnswer = "0 - ";
 
@@ -15,10 +19,6 @@ const LinkCheck* find(const std::vector<LinkCheck>& checks, const std::string& a
       checks.begin(), checks.end(), address,
       [](const LinkCheck& check, const std::string& wanted) { return check.address < wanted; });
   return found == checks.end() || found->address != address ? nullptr : &*found;
-}
-
-std::string dayText(std::chrono::seconds time) {
-  return dateText(time.count()).substr(0, sizeof("2026-03-01") - 1);
 }
 
 }  // namespace
@@ -45,19 +45,19 @@ std::vector<OutsideRow> firstOutside(std::vector<OutsideRow> rows, std::size_t c
   return rows;
 }
 
-std::string_view stateText(const OutsideRow& row) {
-  if (row.check == nullptr) return "";
+std::string stateText(const OutsideRow& row) {
+  if (row.check == nullptr) return {};
   switch (row.check->state) {
     case LinkState::fine:
-      return "Fine";
+      return Phrases::tr("Fine");
     case LinkState::moved:
-      return "Moved";
+      return Phrases::tr("Moved");
     case LinkState::broken:
-      return "Broken";
+      return Phrases::tr("Broken");
     case LinkState::unchecked:
-      return "Could not be checked";
+      return Phrases::tr("Could not be checked");
   }
-  return "";
+  return {};
 }
 
 bool certificateEndsSoon(const OutsideRow& row, std::int64_t now) {
@@ -69,15 +69,19 @@ std::string reasonText(const OutsideRow& row, std::int64_t now) {
   if (row.check == nullptr) return {};
   std::string text;
   if (row.is(LinkState::moved)) {
-    text = "Moved to " + row.check->movedTo;
+    text = Phrases::tr("Moved to %1", {row.check->movedTo});
   } else if (!row.is(LinkState::fine)) {
-    text = row.check->reason;
+    text = platform::reasonInLanguage(row.check->reason);
     if (text.starts_with(kNoAnswer)) text.erase(0, kNoAnswer.size());
   }
   if (!certificateEndsSoon(row, now)) return text;
   const bool hasEnded = row.check->certificateEnds.count() < now;
-  return text + (text.empty() ? "The" : "; the") + " certificate " + (hasEnded ? "ended" : "ends") + " on " +
-         dayText(row.check->certificateEnds);
+  const std::string day = dayText(row.check->certificateEnds.count());
+  if (text.empty())
+    return hasEnded ? Phrases::tr("The certificate ended on %1", {day})
+                    : Phrases::tr("The certificate ends on %1", {day});
+  return text + (hasEnded ? Phrases::tr("; the certificate ended on %1", {day})
+                          : Phrases::tr("; the certificate ends on %1", {day}));
 }
 
 std::string checkText(const CheckFacts& last, const std::vector<OutsideRow>& rows) {
@@ -87,15 +91,21 @@ std::string checkText(const CheckFacts& last, const std::vector<OutsideRow>& row
     if (row.check != nullptr) counts.add(row.check->state);
     left += row.isToBeAsked() ? 1 : 0;
   }
-  if (!last.isKnown()) return "These links were not checked yet.";
-  std::string text = last.isUnfinished() ? "The check of " + dateText(last.started) + " was stopped: "
-                                         : "Checked on " + dateText(last.ended) + ": ";
-  text += grouped(counts.all()) + " asked, " + grouped(counts.of(LinkState::broken)) + " broken, " +
-          grouped(counts.of(LinkState::moved)) + " moved, " + grouped(counts.of(LinkState::unchecked)) +
-          " could not be checked.";
+  if (!last.isKnown()) return Phrases::tr("These links were not checked yet.");
+  const char* sentence =
+      last.isUnfinished()
+          ? Phrases::noop(
+                "The check of %1 was stopped: %2 asked, %3 broken, %4 moved, %5 could not be checked.")
+          : Phrases::noop("Checked on %1: %2 asked, %3 broken, %4 moved, %5 could not be checked.");
+  std::string text =
+      Phrases::tr(sentence, {dateText(last.isUnfinished() ? last.started : last.ended), grouped(counts.all()),
+                             grouped(counts.of(LinkState::broken)), grouped(counts.of(LinkState::moved)),
+                             grouped(counts.of(LinkState::unchecked))});
   if (left > 0) {
-    text += " " + counted(left, "link was", "links were") +
-            (last.isUnfinished() ? " not asked yet." : " met since then.");
+    const auto number = static_cast<std::int64_t>(left);
+    text += last.isUnfinished()
+                ? Phrases::tr(" %Ln link was not asked yet.", " %Ln links were not asked yet.", number)
+                : Phrases::tr(" %Ln link was met since then.", " %Ln links were met since then.", number);
   }
   return text;
 }

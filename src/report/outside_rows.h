@@ -33,7 +33,7 @@ std::vector<OutsideRow> outsideRows(const ScanContents& scan, const std::vector<
 std::vector<OutsideRow> firstOutside(std::vector<OutsideRow> rows, std::size_t count);
 
 /// "Fine", "Moved", "Broken", "Could not be checked"; empty for what was not asked.
-std::string_view stateText(const OutsideRow& row);
+std::string stateText(const OutsideRow& row);
 
 /// Whether the certificate ends soon, or has ended. `now` is in seconds since 1970-01-01 UTC.
 bool certificateEndsSoon(const OutsideRow& row, std::int64_t now);

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include "platform/phrases.h"
 #include "report/figures.h"
 #include "sitemaps/html_format.h"
 
@@ -19,6 +20,8 @@ const std::string_view kPlotStyle =
     "svg.plot .bar{fill:var(--bar)}svg.plot .trouble{fill:var(--trouble)}\n";
 
 namespace {
+
+using platform::Phrases;
 
 constexpr double kWidth = 400;  // of every plot, in its own units; its texts are legible on a phone then
 constexpr double kTop = 30;     // of what stands below the title
@@ -118,7 +121,7 @@ void draw(Drawing& drawing, const Panel& panel, const std::vector<ScanFacts>& sc
   const double base = panel.top + panel.height;
   const double step = (kWidth - kColumnsLeft) / static_cast<double>(std::max(scans.size(), kFewColumns));
   const bool isNumbered = static_cast<double>(scans.size()) <= kNumberedColumns;
-  drawing.text(0, base - panel.height / 2 + 4, panel.name, Paint::quiet);
+  drawing.text(0, base - panel.height / 2 + 4, Phrases::tr(panel.name), Paint::quiet);
   drawing.box(kColumnsLeft, base, kWidth - kColumnsLeft, 1, Paint::line);
   for (std::size_t i = 0; i < scans.size(); ++i) {
     const std::int64_t number = scans[i].*panel.number;
@@ -134,7 +137,7 @@ void draw(Drawing& drawing, const Panel& panel, const std::vector<ScanFacts>& sc
 }
 
 std::string dayOf(const ScanFacts& scan) {
-  return dateText(scan.ended).substr(0, 10);
+  return dayText(scan.ended);
 }
 
 /// Below each column where there is room for that, else below the first and the last one.
@@ -157,7 +160,8 @@ void drawDates(Drawing& drawing, const std::vector<ScanFacts>& scans, double y) 
 std::string descriptionOf(const std::vector<ScanFacts>& scans) {
   std::string text;
   for (const ScanFacts& scan : scans) {
-    text += dayOf(scan) + ": " + grouped(scan.pagesUsed) + " pages, " + grouped(scan.broken) + " broken. ";
+    text += Phrases::tr("%1: %2 pages, %3 broken. ",
+                        {dayOf(scan), grouped(scan.pagesUsed), grouped(scan.broken)});
   }
   return text;
 }
@@ -165,13 +169,13 @@ std::string descriptionOf(const std::vector<ScanFacts>& scans) {
 }  // namespace
 
 std::string historyPlot(const std::vector<ScanFacts>& history, Palette palette) {
-  constexpr Panel kPages = {"Pages", &ScanFacts::pagesUsed, Paint::bar, 50, 80};
-  constexpr Panel kBroken = {"Broken", &ScanFacts::broken, Paint::trouble, 160, 40};
+  constexpr Panel kPages = {Phrases::noop("Pages"), &ScanFacts::pagesUsed, Paint::bar, 50, 80};
+  constexpr Panel kBroken = {Phrases::noop("Broken"), &ScanFacts::broken, Paint::trouble, 160, 40};
   constexpr double kHeight = 225;
   const std::vector<ScanFacts> scans = latest(history);
-  Drawing drawing("Pages over the scans", descriptionOf(scans), kHeight, palette);
+  Drawing drawing(Phrases::tr("Pages over the scans"), descriptionOf(scans), kHeight, palette);
   if (scans.empty()) {
-    drawing.text(0, kTop + 10, "There is no complete scan yet.", Paint::quiet);
+    drawing.text(0, kTop + 10, Phrases::tr("There is no complete scan yet."), Paint::quiet);
     return std::move(drawing).finished();
   }
   draw(drawing, kPages, scans);
@@ -191,8 +195,8 @@ std::string barPlot(std::string_view title, const std::vector<Bar>& bars, Palett
     description += bar.label + ": " + grouped(bar.pages) + ". ";
   }
   const double height = kTop + kRow * static_cast<double>(std::max<std::size_t>(bars.size(), 1));
-  Drawing drawing(title, description, height, palette);
-  if (bars.empty()) drawing.text(0, kTop + 10, "There are no pages.", Paint::quiet);
+  Drawing drawing(Phrases::tr(title), description, height, palette);
+  if (bars.empty()) drawing.text(0, kTop + 10, Phrases::tr("There are no pages."), Paint::quiet);
   double y = kTop;
   for (const Bar& bar : bars) {
     const double width = shareOf(bar.pages, most, kWidth - kBarsLeft - kNumberRoom);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/phrases.h"
+
 namespace report {
 
 namespace {
@@ -10,6 +12,7 @@ namespace {
 using crawler::LinkReason;
 using crawler::PageStanding;
 using platform::Database;
+using platform::Phrases;
 using platform::Statement;
 
 constexpr std::int64_t kVersion = 3;
@@ -137,10 +140,10 @@ ReportDatabase::ReportDatabase(const store::StateFolder& state, std::string_view
   const std::int64_t version = m_database->version();
   const bool isDamaged = m_database->isDamaged() || use == Use::writeInPlace;
   if (isDamaged || (version != kVersion && version != 0)) {
-    const char* why = isDamaged            ? "damaged"
-                      : version > kVersion ? "written by a newer version of this program"
-                                           : "written by an older version of this program";
-    if (!writes) m_refused = {platform::FileStatus::failed, std::string("The report is ") + why};
+    const std::string why = isDamaged            ? Phrases::tr("damaged")
+                            : version > kVersion ? Phrases::tr("written by a newer version of this program")
+                                                 : Phrases::tr("written by an older version of this program");
+    if (!writes) m_refused = {platform::FileStatus::failed, Phrases::tr("The report is %1", {why})};
     if (!writes || !setAside(file, why)) return;
     m_database.emplace(file, access);
   } else if (version == kVersion) {
@@ -163,8 +166,8 @@ bool ReportDatabase::setAside(const std::filesystem::path& file, std::string_vie
   static_cast<void>(platform::removeFile(aside));
   m_refused = platform::moveTo(file, aside);
   if (!m_refused.ok()) return m_database.emplace(file, Database::Access::read), false;
-  m_notice = "The report of the scans before is " + std::string(why) + "; it was set aside as " +
-             aside.native() + ".";
+  m_notice =
+      Phrases::tr("The report of the scans before is %1; it was set aside as %2.", {why, aside.native()});
   return true;
 }
 

@@ -181,9 +181,9 @@ void Writer::overview() {
   figure(m_report.now.facts.links, "links");
   add("</ul>\n<div class=\"plots\">");
   add(historyPlot(m_report.history, Palette::page));
-  add(barPlot("Pages by status", m_summary.byStatus, Palette::page));
-  add(barPlot("Pages by links from the start page", m_summary.byLevel, Palette::page));
-  add(barPlot("Pages by time to answer", m_summary.byTime, Palette::page));
+  add(barPlot(kByStatus, m_summary.byStatus, Palette::page));
+  add(barPlot(kByLevel, m_summary.byLevel, Palette::page));
+  add(barPlot(kByTime, m_summary.byTime, Palette::page));
   add("</div>");
 }
 

@@ -5,6 +5,7 @@
 #include "crawler/patient_client.h"
 #include "crawler/site_identity.h"
 #include "platform/curl_http_client.h"
+#include "platform/phrases.h"
 #include "platform/private_address.h"
 #include "platform/text.h"
 #include "report/page_resources.h"
@@ -13,6 +14,8 @@
 namespace report {
 
 namespace {
+
+using platform::Phrases;
 
 using platform::FileStatus;
 
@@ -44,13 +47,13 @@ std::string whyNotChecked(CheckEnd end, const platform::FileResult& file, std::s
     case CheckEnd::stopped:
       break;
     case CheckEnd::noScan:
-      return "No complete scan of " + site + " is kept: scan it first.";
+      return Phrases::tr("No complete scan of %1 is kept: scan it first.", {site});
     case CheckEnd::checked:
-      return "The links of " + site + " are being checked already.";
+      return Phrases::tr("The links of %1 are being checked already.", {site});
     case CheckEnd::beingScanned:
-      return "The site " + site + " is being scanned.";
+      return Phrases::tr("The site %1 is being scanned.", {site});
     case CheckEnd::failed:
-      return "The report of " + site + " cannot be used: " + file.error + ".";
+      return Phrases::tr("The report of %1 cannot be used: %2.", {site, file.error});
   }
   return {};
 }
@@ -188,7 +191,7 @@ void SiteLinkCheck::keep() {
   if (!m_result.file.ok() || m_unwritten.empty()) return;
   // A site that was deleted or renamed meanwhile must not come back by what is kept of it.
   if (!platform::somethingAt(m_controls.siteFolder(m_request.scan.siteName))) {
-    m_result.file = {FileStatus::missing, "The site is not there any more"};
+    m_result.file = {FileStatus::missing, Phrases::tr("The site is not there any more")};
   } else {
     ReportDatabase database(m_state, m_request.scan.siteName, ReportDatabase::Use::write);
     database.keepChecks(m_unwritten);
@@ -201,7 +204,7 @@ void SiteLinkCheck::keep() {
 
 void SiteLinkCheck::keepAll() {
   for (int i = 0; i < kTimesKept && !m_unwritten.empty(); ++i) keep();
-  if (!m_unwritten.empty()) m_result.file = {FileStatus::busy, "Another program writes it"};
+  if (!m_unwritten.empty()) m_result.file = {FileStatus::busy, Phrases::tr("Another program writes it")};
 }
 
 }  // namespace report

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "crawler/left_out_file.h"
+#include "platform/phrases.h"
 #include "report/outside_rows.h"
 
 namespace report {
@@ -44,7 +45,8 @@ ReadReport readSiteReport(const store::StateFolder& state, std::string_view site
     report.leftOut = crawler::readLeftOut(state, siteName);
   }
   // What is wrong inside shows only when it is read.
-  if (database.isDamaged()) return {{platform::FileStatus::failed, "The report is damaged"}};
+  if (database.isDamaged())
+    return {{platform::FileStatus::failed, platform::Phrases::tr("The report is damaged")}};
   if (!database.result().ok()) return {database.result()};
   if (kept.empty()) return {{platform::FileStatus::missing}};
   return {{}, std::move(report)};

@@ -7,10 +7,13 @@
 #include <unordered_set>
 
 #include "crawler/titles.h"
+#include "platform/phrases.h"
 
 namespace report {
 
 namespace {
+
+using platform::Phrases;
 
 using crawler::PageStanding;
 using std::chrono::milliseconds;
@@ -22,11 +25,14 @@ struct TimeClass {
   const char* label;
 };
 
-constexpr std::array kTimeClasses = {
-    TimeClass{milliseconds(50), "Under 50 ms"},    TimeClass{milliseconds(100), "50 to 100 ms"},
-    TimeClass{milliseconds(200), "100 to 200 ms"}, TimeClass{milliseconds(500), "200 to 500 ms"},
-    TimeClass{milliseconds(1000), "0.5 to 1 s"},   TimeClass{milliseconds(2000), "1 to 2 s"},
-    TimeClass{milliseconds(5000), "2 to 5 s"},     TimeClass{milliseconds::max(), "5 s and more"}};
+constexpr std::array kTimeClasses = {TimeClass{milliseconds(50), Phrases::noop("Under 50 ms")},
+                                     TimeClass{milliseconds(100), Phrases::noop("50 to 100 ms")},
+                                     TimeClass{milliseconds(200), Phrases::noop("100 to 200 ms")},
+                                     TimeClass{milliseconds(500), Phrases::noop("200 to 500 ms")},
+                                     TimeClass{milliseconds(1000), Phrases::noop("0.5 to 1 s")},
+                                     TimeClass{milliseconds(2000), Phrases::noop("1 to 2 s")},
+                                     TimeClass{milliseconds(5000), Phrases::noop("2 to 5 s")},
+                                     TimeClass{milliseconds::max(), Phrases::noop("5 s and more")}};
 
 std::string_view withoutFragment(std::string_view address) {
   return address.substr(0, address.find('#'));
@@ -41,9 +47,10 @@ std::vector<Bar> withoutEmptyEnds(std::vector<Bar> bars) {
 }
 
 std::vector<Bar> countStatus(const std::vector<Page>& pages) {
-  std::vector<Bar> bars = {{"2xx answered"},           {"3xx redirected"},
-                           {"4xx not there", 0, true}, {"5xx server error", 0, true},
-                           {"No answer", 0, true},     {"Other", 0, true}};
+  std::vector<Bar> bars = {
+      {Phrases::tr("2xx answered")},           {Phrases::tr("3xx redirected")},
+      {Phrases::tr("4xx not there"), 0, true}, {Phrases::tr("5xx server error"), 0, true},
+      {Phrases::tr("No answer"), 0, true},     {Phrases::tr("Other"), 0, true}};
   for (const Page& page : pages) {
     const int group = page.status / 100;
     const bool isRedirected = group == 2 && !page.redirectedTo.empty();
@@ -59,8 +66,8 @@ std::vector<Bar> countStatus(const std::vector<Page>& pages) {
 std::vector<Bar> countLevels(const std::vector<Page>& pages) {
   std::vector<Bar> bars;
   for (std::size_t level = 0; level < kLevelsShown; ++level)
-    bars.push_back({"Level " + std::to_string(level)});
-  bars.push_back({"Level " + std::to_string(kLevelsShown) + " and more"});
+    bars.push_back({Phrases::tr("Level %1", {std::to_string(level)})});
+  bars.push_back({Phrases::tr("Level %1 and more", {std::to_string(kLevelsShown)})});
   for (const Page& page : pages) {
     ++bars[std::min(static_cast<std::size_t>(std::max(0, page.level)), kLevelsShown)].pages;
   }
@@ -69,7 +76,7 @@ std::vector<Bar> countLevels(const std::vector<Page>& pages) {
 
 std::vector<Bar> countTimes(const std::vector<Page>& pages) {
   std::vector<Bar> bars;
-  for (const TimeClass& each : kTimeClasses) bars.push_back({each.label});
+  for (const TimeClass& each : kTimeClasses) bars.push_back({Phrases::tr(each.label)});
   for (const Page& page : pages) {
     if (page.status == 0) continue;
     const auto place = std::find_if(kTimeClasses.begin(), kTimeClasses.end(),

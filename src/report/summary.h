@@ -12,7 +12,7 @@ namespace report {
 
 /// So many pages of one kind.
 struct Bar {
-  std::string label = {};  // "4xx not found", "Level 3", "0.5 to 1 s"
+  std::string label = {};  // "4xx not there", "Level 3", "0.5 to 1 s", in the user's language
   std::int64_t pages = 0;
   bool isTrouble = false;
 };

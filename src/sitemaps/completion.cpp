@@ -1,5 +1,7 @@
 #include "sitemaps/completion.h"
 
+#include "platform/phrases.h"
+
 namespace sitemaps {
 
 std::string badLinksText(const std::vector<std::string>& badLinks) {
@@ -24,7 +26,7 @@ platform::FileResult writeStatistics(const store::GlobalControls& controls, std:
   const platform::FileContent record = platform::readFile(file, platform::kMaxListBytes);
   if (!record.result.ok()) return record.result;
   const std::optional<std::string> updated = store::withStatistics(record.text, statistics);
-  if (!updated) return {platform::FileStatus::failed, "the record lacks a counter"};
+  if (!updated) return {platform::FileStatus::failed, platform::Phrases::tr("the record lacks a counter")};
   return platform::replaceFile(file, *updated);
 }
 

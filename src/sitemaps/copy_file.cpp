@@ -6,6 +6,8 @@
 #include <ctime>
 #include <string>
 
+#include "platform/phrases.h"
+
 namespace sitemaps {
 
 namespace {
@@ -40,7 +42,8 @@ platform::FileResult copyFile(const std::filesystem::path& source, const std::fi
   if (!content.result.ok()) return content.result;
   std::filesystem::path copy = destination;
   if (platform::somethingAt(copy)) copy = timedName(destination, localTimeOfDay(), extension);
-  if (platform::somethingAt(copy)) return {platform::FileStatus::exists, "a file of this name exists"};
+  if (platform::somethingAt(copy))
+    return {platform::FileStatus::exists, platform::Phrases::tr("a file of this name exists")};
   return platform::replaceFile(copy, content.text);
 }
 

@@ -2,20 +2,23 @@
 
 #include <utility>
 
+#include "platform/phrases.h"
 #include "sitemaps/xml_format.h"
 
 namespace sitemaps {
 
 using platform::FileResult;
 using platform::FileStatus;
+using platform::Phrases;
 
 std::string KeptEdits::problem() const {
-  if (!kept.ok()) return "The edited sitemaps of before could not be kept: " + kept.error;
+  if (!kept.ok()) return Phrases::tr("The edited sitemaps of before could not be kept: %1", {kept.error});
   if (!remembered.ok()) {
-    return "What was written could not be remembered, so that the next scan takes it for edited: " +
-           remembered.error;
+    return Phrases::tr(
+        "What was written could not be remembered, so that the next scan takes it for edited: %1",
+        {remembered.error});
   }
-  if (!valuesKept.ok()) return "The edited values could not be kept: " + valuesKept.error;
+  if (!valuesKept.ok()) return Phrases::tr("The edited values could not be kept: %1", {valuesKept.error});
   return {};
 }
 

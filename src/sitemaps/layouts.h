@@ -7,6 +7,8 @@
 #include <array>
 #include <string_view>
 
+#include "platform/phrases.h"
+
 namespace sitemaps {
 
 /// What a document lists.
@@ -27,12 +29,18 @@ struct Layout {
 
 /// All of them, in the order in which a scan starts and closes them.
 inline constexpr auto kLayouts = std::to_array<Layout>({
-    {"sitemap1cpo.html", "1cpo", "Single Column, Pages Only", "oneCST", 1, Listing::pagesOnly},
-    {"sitemap1c.html", "1c", "Single Column, All Links", "oneCSF", 1, Listing::allLinks},
-    {"sitemap2cpo.html", "2cpo", "Two Columns, Pages Only", "twoCST", 2, Listing::pagesOnly},
-    {"sitemap2c.html", "2c", "Two Columns, All Links", "twoCSF", 2, Listing::allLinks},
-    {"sitemap3cpo.html", "3cpo", "Three Columns, Pages Only", "threeCST", 3, Listing::pagesOnly},
-    {"sitemap3c.html", "3c", "Three Columns, All Links", "threeCSF", 3, Listing::allLinks},
+    {"sitemap1cpo.html", "1cpo", platform::Phrases::noop("Single Column, Pages Only"), "oneCST", 1,
+     Listing::pagesOnly},
+    {"sitemap1c.html", "1c", platform::Phrases::noop("Single Column, All Links"), "oneCSF", 1,
+     Listing::allLinks},
+    {"sitemap2cpo.html", "2cpo", platform::Phrases::noop("Two Columns, Pages Only"), "twoCST", 2,
+     Listing::pagesOnly},
+    {"sitemap2c.html", "2c", platform::Phrases::noop("Two Columns, All Links"), "twoCSF", 2,
+     Listing::allLinks},
+    {"sitemap3cpo.html", "3cpo", platform::Phrases::noop("Three Columns, Pages Only"), "threeCST", 3,
+     Listing::pagesOnly},
+    {"sitemap3c.html", "3c", platform::Phrases::noop("Three Columns, All Links"), "threeCSF", 3,
+     Listing::allLinks},
 });
 
 /// Pointers into kLayouts in the order in which they are offered: the fullest first, so that the first is the

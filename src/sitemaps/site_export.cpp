@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/gzip.h"
+#include "platform/phrases.h"
 #include "platform/utf8.h"
 #include "sitemaps/xml_cleaning.h"
 #include "sitemaps/xml_format.h"
@@ -29,7 +30,8 @@ ExportedDocument readDocument(const store::GlobalControls& controls, std::string
     return failed(folder / fileName, ExportFailure::missing, content.result.error);
   if (!content.result.ok()) return failed(folder / fileName, ExportFailure::unusable, content.result.error);
   if (!platform::isUtf8(content.text))
-    return failed(folder / fileName, ExportFailure::unusable, "The file is not valid UTF-8.");
+    return failed(folder / fileName, ExportFailure::unusable,
+                  platform::Phrases::tr("The file is not valid UTF-8."));
   return {ExportFailure::none, folder / fileName, {}, std::move(content.text)};
 }
 
@@ -77,7 +79,8 @@ SplitResult writeSplit(const SplitSitemap& sitemap, std::string_view startUrl, C
     std::string text = sitemap.part(i);
     if (compression == Compression::gzip) {
       std::optional<std::string> compressed = platform::gzipped(text);
-      if (!compressed) return {{platform::FileStatus::failed, "not enough memory"}, file};
+      if (!compressed)
+        return {{platform::FileStatus::failed, platform::Phrases::tr("not enough memory")}, file};
       text = *std::move(compressed);
     }
     if (platform::FileResult result = platform::replaceFile(file, text); !result.ok())

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "platform/phrases.h"
 #include "sitemaps/html_cleaning.h"
 #include "sitemaps/layouts.h"
 #include "sitemaps/split_sitemaps.h"
@@ -15,11 +16,11 @@
 namespace sitemaps {
 
 /// What the user is told when a document is not there, or cannot be used.
-inline constexpr std::string_view kExportMissing =
+inline constexpr std::string_view kExportMissing = platform::Phrases::noop(
     "The sitemap you are trying to export could not be found, please make sure you have scanned your site "
-    "before exporting.";
-inline constexpr std::string_view kExportUnusable =
-    "An error has occurred while exporting your sitemap, you may need to re-scan the site.\n";
+    "before exporting.");
+inline constexpr std::string_view kExportUnusable = platform::Phrases::noop(
+    "An error has occurred while exporting your sitemap, you may need to re-scan the site.\n");
 
 enum class ExportFailure {
   none,

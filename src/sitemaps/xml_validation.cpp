@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/ascii.h"
+#include "platform/phrases.h"
 #include "platform/regex.h"
 #include "platform/text.h"
 #include "platform/uri.h"
@@ -17,6 +18,8 @@
 namespace sitemaps {
 
 namespace {
+
+using platform::Phrases;
 
 constexpr std::string_view kNameSpace = "http://www.sitemaps.org/schemas/sitemap/0.9";
 constexpr std::string_view kInstanceNameSpace = "http://www.w3.org/2001/XMLSchema-instance";
@@ -29,14 +32,25 @@ constexpr std::size_t kNoField = kFields.size();
 
 /// How the two documents of the protocol differ.
 struct Grammar {
-  std::string_view document;  // as it is called in sentences
+  const char* noEntry;
+  const char* tooMany;
   std::string_view root;
   std::string_view entry;
   std::size_t fieldCount;  // so many of kFields, from the first on
   std::string_view order;
 };
-constexpr Grammar kSitemap = {"sitemap", "urlset", "url", 4, "loc, lastmod, changefreq, priority"};
-constexpr Grammar kIndex = {"index", "sitemapindex", "sitemap", 2, "loc, lastmod"};
+constexpr Grammar kSitemap = {Phrases::noop("The sitemap has no entry"),
+                              Phrases::noop("The sitemap has %1 entries; at most 50000 are allowed"),
+                              "urlset",
+                              "url",
+                              4,
+                              "loc, lastmod, changefreq, priority"};
+constexpr Grammar kIndex = {Phrases::noop("The index has no entry"),
+                            Phrases::noop("The index has %1 entries; at most 50000 are allowed"),
+                            "sitemapindex",
+                            "sitemap",
+                            2,
+                            "loc, lastmod"};
 
 std::size_t fieldNumber(std::string_view name, std::size_t count) {
   const auto end = kFields.begin() + static_cast<std::ptrdiff_t>(count);
@@ -67,7 +81,7 @@ class Validation : public platform::XmlHandler {
                     const std::vector<platform::XmlAttribute>& attributes) override;
   void endElement() override;
   void text(std::string_view piece) override;
-  void documentType() override { note(0, "", "A document type has no place in a sitemap"); }
+  void documentType() override { note(0, "", Phrases::tr("A document type has no place in a sitemap")); }
   void fault(int line, std::string_view message) override;
 
  private:
@@ -109,21 +123,22 @@ void Validation::note(std::size_t entry, std::string_view element, std::string m
 }
 
 void Validation::checkBytes(std::string_view text, std::string_view decoded) {
-  if (text.size() > kMaxSitemapBytes) note(0, "", "The file is larger than 50 MB (52,428,800 bytes)");
+  if (text.size() > kMaxSitemapBytes)
+    note(0, "", Phrases::tr("The file is larger than 50 MB (52,428,800 bytes)"));
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-  if (text != decoded) note(0, "", "The text is not UTF-8");
+  if (text != decoded) note(0, "", Phrases::tr("The text is not UTF-8"));
   static const platform::Regex kDeclared("^<\\?xml[^>]*\\sencoding\\s*=\\s*[\"']([^\"'>]*)[\"']");
   const auto declared = kDeclared.find(decoded.substr(0, 512));
   if (declared && platform::lowerAscii(declared->groups[0]) != "utf-8") {
-    note(0, "", "The encoding is declared as " + inQuotes(declared->groups[0]) + "; it has to be UTF-8");
+    note(0, "",
+         Phrases::tr("The encoding is declared as %1; it has to be UTF-8", {inQuotes(declared->groups[0])}));
   }
 }
 
 std::vector<XmlFinding> Validation::takeFindings() {
-  const std::string document = "The " + std::string(m_grammar.document) + " has ";
-  if (m_entry == 0) note(0, m_grammar.root, document + "no entry");
+  if (m_entry == 0) note(0, m_grammar.root, Phrases::tr(m_grammar.noEntry));
   if (m_entry > kMaxSitemapEntries) {
-    note(0, m_grammar.root, document + std::to_string(m_entry) + " entries; at most 50000 are allowed");
+    note(0, m_grammar.root, Phrases::tr(m_grammar.tooMany, {std::to_string(m_entry)}));
   }
   // Those of an entry are told when it ends, behind those of its fields.
   std::stable_sort(m_findings.begin(), m_findings.end(),
@@ -138,7 +153,7 @@ void Validation::fault(int line, std::string_view message) {
   if (++m_syntaxFaults > kMaxSyntaxFaults) return;
   const std::size_t entry = m_entryDepth == 0 ? 0 : m_entry;
   note(entry, m_fieldDepth == 0 ? "" : kFields[m_field],
-       "Line " + std::to_string(line) + ": " + platform::decodeUtf8(std::string(message)));
+       Phrases::tr("Line %1: %2", {std::to_string(line), platform::decodeUtf8(std::string(message))}));
 }
 
 void Validation::startElement(const platform::XmlName& name,
@@ -150,14 +165,14 @@ void Validation::startElement(const platform::XmlName& name,
     startEntry(name);
   } else if (m_fieldDepth != 0) {
     m_broken = true;
-    noteHere(kFields[m_field], "The element holds another one, " + inQuotes(name.local));
+    noteHere(kFields[m_field], Phrases::tr("The element holds another one, %1", {inQuotes(name.local)}));
     return;
   } else if (m_entryDepth != 0 && m_depth == m_entryDepth + 1) {
     startField(name);
   } else if (m_depth == 2) {
     note(0, m_grammar.root,
-         "An element " + inQuotes(name.local) + " stands where only entries (" +
-             std::string(m_grammar.entry) + ") may stand");
+         Phrases::tr("An element %1 stands where only entries (%2) may stand",
+                     {inQuotes(name.local), m_grammar.entry}));
   }
   checkAttributes(name, attributes);
 }
@@ -171,12 +186,12 @@ void Validation::startRoot(const platform::XmlName& name) {
   m_rootNameSpace = name.nameSpace;
   const std::string root(m_grammar.root);
   if (name.local != root) {
-    note(0, root, "The outermost element is " + inQuotes(name.local) + " instead of " + root);
+    note(0, root, Phrases::tr("The outermost element is %1 instead of %2", {inQuotes(name.local), root}));
   } else if (name.nameSpace.empty()) {
-    note(0, root, "The namespace is missing: xmlns=\"" + std::string(kNameSpace) + "\"");
+    note(0, root, Phrases::tr("The namespace is missing: xmlns=\"%1\"", {kNameSpace}));
   } else if (name.nameSpace != kNameSpace) {
     note(0, root,
-         "The namespace is " + inQuotes(name.nameSpace) + " instead of \"" + std::string(kNameSpace) + "\"");
+         Phrases::tr("The namespace is %1 instead of \"%2\"", {inQuotes(name.nameSpace), kNameSpace}));
   }
 }
 
@@ -189,24 +204,27 @@ void Validation::startEntry(const platform::XmlName&) {
   m_seen = {};
   m_strayText = false;
   if (m_depth != 2) {
-    noteHere(m_grammar.entry, "The entry stands within another element than " + std::string(m_grammar.root));
+    noteHere(m_grammar.entry,
+             Phrases::tr("The entry stands within another element than %1", {m_grammar.root}));
   }
 }
 
 void Validation::startField(const platform::XmlName& name) {
   const std::size_t field = isOurs(name) ? fieldNumber(name.local, m_grammar.fieldCount) : kNoField;
   if (field == kNoField) {
-    return noteHere(m_grammar.entry, isOurs(name)
-                                         ? "An entry has no element " + inQuotes(name.local)
-                                         : "The element " + inQuotes(name.local) +
-                                               " is of another namespace, " + inQuotes(name.nameSpace) +
-                                               ", which the schema of sitemaps does not cover");
+    return noteHere(
+        m_grammar.entry,
+        isOurs(name)
+            ? Phrases::tr("An entry has no element %1", {inQuotes(name.local)})
+            : Phrases::tr(
+                  "The element %1 is of another namespace, %2, which the schema of sitemaps does not cover",
+                  {inQuotes(name.local), inQuotes(name.nameSpace)}));
   }
   if (m_seen[field]) {
-    noteHere(kFields[field], "The element stands twice in its entry");
+    noteHere(kFields[field], Phrases::tr("The element stands twice in its entry"));
   } else if (std::find(m_seen.begin() + static_cast<std::ptrdiff_t>(field), m_seen.end(), true) !=
              m_seen.end()) {
-    noteHere(kFields[field], "The element is out of order: " + std::string(m_grammar.order));
+    noteHere(kFields[field], Phrases::tr("The element is out of order: %1", {m_grammar.order}));
   }
   m_seen[field] = true;
   m_field = field;
@@ -222,7 +240,7 @@ void Validation::checkAttributes(const platform::XmlName& name,
   for (const auto& [attribute, value] : attributes) {
     if (attribute.nameSpace == kInstanceNameSpace && attribute.local == "schemaLocation") continue;
     note(m_depth == 1 ? 0 : m_entry, name.local,
-         "The element has an attribute " + inQuotes(attribute.local) + ", which is not allowed");
+         Phrases::tr("The element has an attribute %1, which is not allowed", {inQuotes(attribute.local)}));
   }
 }
 
@@ -233,7 +251,7 @@ void Validation::text(std::string_view piece) {
     m_strayText = true;
     const bool inEntry = m_entryDepth != 0;
     note(inEntry ? m_entry : 0, inEntry ? m_grammar.entry : m_grammar.root,
-         "Text stands between the elements");
+         Phrases::tr("Text stands between the elements"));
   }
 }
 
@@ -244,7 +262,7 @@ void Validation::endElement() {
 }
 
 void Validation::endEntry() {
-  if (!m_seen[0]) noteHere("loc", "The entry has no address (loc)");
+  if (!m_seen[0]) noteHere("loc", Phrases::tr("The entry has no address (loc)"));
   m_entryDepth = 0;
   m_fieldDepth = 0;
   m_strayText = false;
@@ -267,7 +285,7 @@ void Validation::endField() {
 
 void Validation::checkEmptyOr(std::optional<std::string> fault) {
   if (platform::trimmed(m_value).empty()) {
-    fault = "The element is empty; it needs a value, or has to be left out";
+    fault = Phrases::tr("The element is empty; it needs a value, or has to be left out");
   }
   if (fault) noteHere(kFields[m_field], std::move(*fault));
 }
@@ -280,12 +298,13 @@ void Validation::checkLoc() {
   if (!host) return;
   if (!m_host) m_host = host;
   if (*host != *m_host) {
-    noteHere("loc", inQuotes(address) + " is not on the host of " +
-                        (m_base.siteUrl.empty() ? std::string("the first entry") : "the site") + ", " +
-                        *m_host);
+    const char* whose = m_base.siteUrl.empty() ? Phrases::noop("%1 is not on the host of the first entry, %2")
+                                               : Phrases::noop("%1 is not on the host of the site, %2");
+    noteHere("loc", Phrases::tr(whose, {inQuotes(address), *m_host}));
   }
   const auto [known, isNew] = m_entryOfAddress.emplace(addressKey(address, *host), m_entry);
-  if (!isNew) noteHere("loc", "The address stands in entry " + std::to_string(known->second) + " already");
+  if (!isNew)
+    noteHere("loc", Phrases::tr("The address stands in entry %1 already", {std::to_string(known->second)}));
 }
 
 std::vector<XmlFinding> validate(std::string_view text, const Grammar& grammar,

@@ -5,11 +5,14 @@
 #include <charconv>
 
 #include "platform/ascii.h"
+#include "platform/phrases.h"
 #include "platform/uri.h"
 
 namespace sitemaps {
 
 namespace {
+
+using platform::Phrases;
 
 using platform::trimmed;
 
@@ -131,7 +134,8 @@ std::optional<std::chrono::minutes> readZone(Scanner& text) {
 }
 
 std::string noDate(std::string_view text) {
-  return inQuotes(text) + " is not a date of the form YYYY-MM-DD or YYYY-MM-DDThh:mm:ss+hh:mm";
+  return Phrases::tr("%1 is not a date of the form YYYY-MM-DD or YYYY-MM-DDThh:mm:ss+hh:mm",
+                     {inQuotes(text)});
 }
 
 }  // namespace
@@ -150,21 +154,21 @@ std::optional<std::string> hostOf(std::string_view address) {
 
 std::optional<std::string> locFault(std::string_view value) {
   const std::string_view address = trimmed(value);
-  if (address.empty()) return "The address is empty";
+  if (address.empty()) return Phrases::tr("The address is empty");
   const std::size_t length = characterCount(address);
   if (length > kMaxLocCharacters) {
-    return "The address has " + std::to_string(length) + " characters; at most 2047 are allowed";
+    return Phrases::tr("The address has %1 characters; at most 2047 are allowed", {std::to_string(length)});
   }
   const std::string_view foreign = foreignCharacter(address);
   if (!foreign.empty()) {
-    return "The address holds " + (foreign == " " ? std::string("a blank") : inQuotes(foreign)) +
-           ", which has to be percent-encoded";
+    if (foreign == " ") return Phrases::tr("The address holds a blank, which has to be percent-encoded");
+    return Phrases::tr("The address holds %1, which has to be percent-encoded", {inQuotes(foreign)});
   }
   if (!platform::isUriReference(address) || !splitHost(address)) {
-    return inQuotes(address) + " is not an absolute address of http or https";
+    return Phrases::tr("%1 is not an absolute address of http or https", {inQuotes(address)});
   }
   if (length < kMinLocCharacters)
-    return "The address has fewer than 12 characters, the least that the schema takes";
+    return Phrases::tr("The address has fewer than 12 characters, the least that the schema takes");
   return std::nullopt;
 }
 
@@ -191,15 +195,17 @@ std::optional<std::string> lastmodFault(std::string_view value, std::chrono::sys
 
   const year_month_day calendar{year(*yearNumber), month(static_cast<unsigned>(*monthNumber)),
                                 day(static_cast<unsigned>(*dayNumber))};
-  if (*yearNumber == 0 || !calendar.ok()) return inQuotes(date) + " is not a day of the calendar";
+  if (*yearNumber == 0 || !calendar.ok())
+    return Phrases::tr("%1 is not a day of the calendar", {inQuotes(date)});
   const sys_seconds moment = time ? sys_days(calendar) + *time : sys_days(calendar) - zone;
-  if (moment > now) return inQuotes(date) + " lies in the future";
+  if (moment > now) return Phrases::tr("%1 lies in the future", {inQuotes(date)});
   return std::nullopt;
 }
 
 std::optional<std::string> changefreqFault(std::string_view value) {
   if (std::find(kFrequencies.begin(), kFrequencies.end(), value) != kFrequencies.end()) return std::nullopt;
-  return inQuotes(value) + " is none of always, hourly, daily, weekly, monthly, yearly and never";
+  return Phrases::tr("%1 is none of always, hourly, daily, weekly, monthly, yearly and never",
+                     {inQuotes(value)});
 }
 
 std::optional<std::string> priorityFault(std::string_view value) {
@@ -213,7 +219,7 @@ std::optional<std::string> priorityFault(std::string_view value) {
       places.size() <= kMaxPlaces &&
       std::all_of(places.begin(), places.end(), [&](char c) { return isOne ? c == '0' : isDigit(c); });
   if (isShort || isLong) return std::nullopt;
-  return inQuotes(value) + " is not a number from 0.0 to 1.0";
+  return Phrases::tr("%1 is not a number from 0.0 to 1.0", {inQuotes(value)});
 }
 
 }  // namespace sitemaps

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/phrases.h"
 #include "store/site_lock.h"
 #include "store/site_record.h"
 #include "store/working_folder.h"
@@ -13,6 +14,7 @@ namespace {
 
 using platform::FileResult;
 using platform::FileStatus;
+using platform::Phrases;
 
 SaveResult failed(const std::filesystem::path& path, FileResult file) {
   return {SaveOutcome::failed, path, std::move(file)};
@@ -31,10 +33,11 @@ struct EditedRecord {
 EditedRecord edited(std::string text, const SiteEdit& edit) {
   if (edit.name) text = withRecordValue(text, kSiteName, *edit.name);
   if (edit.url) text = withRecordValue(text, kSiteUrl, *edit.url);
-  if (edit.url && recordValue(text, kSiteUrl) != *edit.url) return {{}, "The record has no URL."};
+  if (edit.url && recordValue(text, kSiteUrl) != *edit.url)
+    return {{}, Phrases::tr("The record has no URL.")};
   if (edit.ignoreRobots) text = withIgnoreRobots(text, *edit.ignoreRobots);
   if (edit.ignoreRobots && ignoresRobots(text) != *edit.ignoreRobots)
-    return {{}, "The record has no robots switch."};
+    return {{}, Phrases::tr("The record has no robots switch.")};
   return {std::move(text)};
 }
 
@@ -68,10 +71,9 @@ bool staysBelowDataFolder(std::string_view name) {
 }  // namespace
 
 std::string renameNameTaken(std::string_view name) {
-  std::string sentence = "A site with the name \"";
-  sentence.append(name).append(
-      "\" already exists, please delete this site first or select a different name.");
-  return sentence;
+  return Phrases::tr(
+      "A site with the name \"%1\" already exists, please delete this site first or select a different name.",
+      {name});
 }
 
 AddEditDeleteSites::AddEditDeleteSites(GlobalControls controls, StateFolder state)
@@ -129,7 +131,8 @@ SaveResult AddEditDeleteSites::rename(std::string_view from, std::string_view to
   const auto oldRecord = m_controls.returnFullFileLocation(from).filename();
   const auto newRecord = m_controls.returnFullFileLocation(to).filename();
   if (platform::somethingAt(folder / newRecord)) {
-    return failed(folder / newRecord, {FileStatus::exists, "A file of this name is in the way."});
+    return failed(folder / newRecord,
+                  {FileStatus::exists, Phrases::tr("A file of this name is in the way.")});
   }
   SaveResult result;
   result.state = m_state.remove(to);  // left by a former site of the name
@@ -155,7 +158,8 @@ SaveResult AddEditDeleteSites::rename(std::string_view from, std::string_view to
 
 SaveResult AddEditDeleteSites::deleteSite(std::string_view name) const {
   const auto folder = m_controls.siteFolder(name);
-  if (!staysBelowDataFolder(name)) return failed(folder, {FileStatus::missing, "No site has such a name."});
+  if (!staysBelowDataFolder(name))
+    return failed(folder, {FileStatus::missing, Phrases::tr("No site has such a name.")});
   const SiteLock lock(m_controls, name);
   if (!lock.result().ok()) return notLocked(folder, lock.result());
   const auto recordFile = m_controls.returnFullFileLocation(name);

@@ -8,14 +8,15 @@
 #include <string_view>
 
 #include "platform/files.h"
+#include "platform/phrases.h"
 #include "store/global_controls.h"
 #include "store/state_folder.h"
 
 namespace store {
 
 /// The sentences a user sees when a name is taken.
-inline constexpr std::string_view kCreateNameTaken =
-    "The site you are trying to create already exists, please select a different name.";
+inline constexpr std::string_view kCreateNameTaken = platform::Phrases::noop(
+    "The site you are trying to create already exists, please select a different name.");
 std::string renameNameTaken(std::string_view name);
 
 enum class SaveOutcome {

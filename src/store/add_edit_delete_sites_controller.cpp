@@ -18,6 +18,7 @@ namespace {
 
 using platform::toQString;
 using platform::toUtf8;
+using platform::translated;
 
 constexpr int kFieldWidth = 360;
 
@@ -53,7 +54,7 @@ void AddEditDeleteSitesController::buildSheet() {
   m_siteURL->setPlaceholderText(QStringLiteral("http://www.example.com/"));
   m_siteURL->setMinimumWidth(kFieldWidth);
   m_links = new QComboBox;
-  for (const Choice::Option& option : kLinkStyles) m_links->addItem(toQString(option.caption));
+  for (const Choice::Option& option : kLinkStyles) m_links->addItem(translated(option.caption));
   m_defaultButton = new QPushButton;
   m_defaultButton->setObjectName(QStringLiteral("defaultButton"));
   m_defaultButton->setDefault(true);
@@ -97,7 +98,7 @@ void AddEditDeleteSitesController::editSiteStart() {
   const platform::FileContent record = platform::readFile(file, platform::kMaxListBytes);
   if (!record.result.ok()) {
     m_calledBy.clear();
-    return tellFailure(m_sheets, tr("Could not read"), file, record.result);
+    return tellFailure(m_sheets, tr("Could not read %1"), file, record.result);
   }
   m_siteName->setText(toQString(m_originalName));
   m_siteURL->setText(toQString(recordValue(record.text, kSiteUrl).value_or("")));
@@ -144,8 +145,8 @@ void AddEditDeleteSitesController::checkInputIsOK() {
 void AddEditDeleteSitesController::createNewSite(const std::string& passedSiteName,
                                                  const std::string& passedSiteURL) {
   const SaveResult result = m_sites.createNewSite(passedSiteName, passedSiteURL);
-  if (result.outcome == SaveOutcome::nameTaken) return m_sheetsOfSheet.alert(toQString(kCreateNameTaken));
-  if (!tellUnlessSaved(m_sheetsOfSheet, tr("Could not write"), passedSiteName, result)) return;
+  if (result.outcome == SaveOutcome::nameTaken) return m_sheetsOfSheet.alert(translated(kCreateNameTaken));
+  if (!tellUnlessSaved(m_sheetsOfSheet, tr("Could not write %1"), passedSiteName, result)) return;
   finishSaving(tr("Added \"%1\"").arg(toQString(passedSiteName)), passedSiteName, result);
 }
 
@@ -160,7 +161,7 @@ void AddEditDeleteSitesController::saveEditedSite(const std::string& passedName,
     }
     m_sheets.alert(toQString(renameNameTaken(passedName)), why);
     resetAndClose();
-  } else if (tellUnlessSaved(m_sheetsOfSheet, tr("Could not save"), m_originalName, result)) {
+  } else if (tellUnlessSaved(m_sheetsOfSheet, tr("Could not save %1"), m_originalName, result)) {
     finishSaving(tr("Saved \"%1\"").arg(toQString(passedName)), passedName, result);
   }
 }
@@ -170,7 +171,7 @@ void AddEditDeleteSitesController::finishSaving(const QString& sentence, const s
                                                 const SaveResult& result) {
   reportDone(sentence, result);
   if (const platform::FileResult links = saveLinks(siteName); !links.ok()) {
-    tellFailure(m_sheets, tr("Could not save"), settingsFile(m_stateFolder, siteName), links);
+    tellFailure(m_sheets, tr("Could not save %1"), settingsFile(m_stateFolder, siteName), links);
   }
   resetAndClose();
   emit siteNamed(toQString(siteName));
@@ -194,7 +195,7 @@ void AddEditDeleteSitesController::deleteSite() {
 void AddEditDeleteSitesController::sheetDidEndShouldDelete(bool deleteIt, const std::string& name) {
   if (!deleteIt) return;
   const SaveResult result = m_sites.deleteSite(name);
-  if (tellUnlessSaved(m_sheets, tr("Could not delete"), name, result)) {
+  if (tellUnlessSaved(m_sheets, tr("Could not delete %1"), name, result)) {
     reportDone(tr("Deleted \"%1\"").arg(toQString(name)), result);
   } else if (result.outcome == SaveOutcome::busy) {
     return;
@@ -234,7 +235,7 @@ void AddEditDeleteSitesController::reportDone(const QString& sentence, const Sav
 void AddEditDeleteSitesController::tellFailure(platform::SheetQueue& sheets, const QString& what,
                                                const std::filesystem::path& path,
                                                const platform::FileResult& result) {
-  sheets.alert(QStringLiteral("%1 %2").arg(what, toQString(path.native())), toQString(result.error));
+  sheets.alert(what.arg(toQString(path.native())), toQString(result.error));
 }
 
 }  // namespace store

@@ -9,6 +9,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/phrases.h"
 #include "store/site_lock.h"
 #include "store/site_record.h"
 
@@ -19,6 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using platform::FileResult;
 using platform::FileStatus;
+using platform::Phrases;
 
 constexpr std::string_view kOlderExtension = ".qzvsk";
 /// Of a new record while the older one goes. No longer than theirs, so that it fits wherever they do.
@@ -28,18 +30,17 @@ constexpr std::string_view kUpgradeExtension = ".qzNEW";
 constexpr std::array<std::string_view, 6> kOlderDocuments = {
     "sitemap.html", "sitemap2.html", "sitemap3.html", "sitemap4.html", "sitemap5.html", "sitemap6.html"};
 
-/// Notes what failed; true when nothing did.
-bool passes(const FileResult& result, std::string_view what, const fs::path& path, Problems& problems) {
+/// Notes what failed, "Could not write %1: %2"; true when nothing did.
+bool passes(const FileResult& result, const char* sentence, const fs::path& path, Problems& problems) {
   if (result.ok()) return true;
-  std::string sentence(what);
-  sentence.append(" ").append(path.native()).append(": ").append(result.error);
-  problems.push_back(std::move(sentence));
+  problems.push_back(Phrases::tr(sentence, {path.native(), result.error}));
   return false;
 }
 
 bool remove(const fs::path& file, Problems& problems) {
   const FileResult removed = platform::removeFile(file);
-  return removed.status == FileStatus::missing || passes(removed, "Could not delete", file, problems);
+  return removed.status == FileStatus::missing ||
+         passes(removed, Phrases::noop("Could not delete %1: %2"), file, problems);
 }
 
 fs::path recordBeside(fs::path file) {
@@ -51,23 +52,27 @@ void finishUpgrade(const fs::path& newText, Problems& problems) {
   for (const std::string_view document : kOlderDocuments) remove(newText.parent_path() / document, problems);
   const fs::path record = recordBeside(newText);
   if (!remove(record, problems)) return;
-  passes(platform::moveTo(newText, record), "Could not write the upgraded record", record, problems);
+  passes(platform::moveTo(newText, record), Phrases::noop("Could not write the upgraded record %1: %2"),
+         record, problems);
 }
 
 void upgradeRecord(const fs::path& olderFile, Problems& problems) {
   const auto older = platform::readFile(olderFile, platform::kMaxListBytes);
   if (older.result.status == FileStatus::missing) return;  // somebody else was faster
-  if (!passes(older.result, "Could not read the older record", olderFile, problems)) return;
+  if (!passes(older.result, Phrases::noop("Could not read the older record %1: %2"), olderFile, problems))
+    return;
   const auto record = upgradedRecord(older.text);
   if (!record) {
-    const FileResult foreign{FileStatus::failed, "It is not a site record."};
-    passes(foreign, "Could not upgrade", olderFile, problems);
+    const FileResult foreign{FileStatus::failed, Phrases::tr("It is not a site record.")};
+    passes(foreign, Phrases::noop("Could not upgrade %1: %2"), olderFile, problems);
     return;
   }
   fs::path newText = olderFile;
   newText.replace_extension(kUpgradeExtension);
   const FileResult written = platform::replaceFile(newText, *record);
-  if (!passes(written, "Could not write the upgraded record", recordBeside(newText), problems)) return;
+  if (!passes(written, Phrases::noop("Could not write the upgraded record %1: %2"), recordBeside(newText),
+              problems))
+    return;
   if (remove(olderFile, problems)) {
     finishUpgrade(newText, problems);
   } else {
@@ -113,7 +118,8 @@ class Mending {
     const auto name = recordValue(content.text, kSiteName);
     if (!name || recordName(*name) != records[0]) return false;
     takeStateFrom(*name);
-    return passes(platform::moveTo(file, m_record), "Could not finish the renaming to", m_record, m_problems);
+    return passes(platform::moveTo(file, m_record), Phrases::noop("Could not finish the renaming to %1: %2"),
+                  m_record, m_problems);
   }
 
   /// Makes `record` say the folder's name. False when it has no place for that.
@@ -123,7 +129,8 @@ class Mending {
     std::string mended = withRecordValue(record, kSiteName, m_name);
     if (recordValue(mended, kSiteName) != m_name) return false;
     record = std::move(mended);
-    return passes(platform::replaceFile(m_record, record), "Could not write", m_record, m_problems);
+    return passes(platform::replaceFile(m_record, record), Phrases::noop("Could not write %1: %2"), m_record,
+                  m_problems);
   }
 
   /// A renaming writes the record under the new name, renames the folder, and then removes the old record.
@@ -147,7 +154,8 @@ class Mending {
         platform::somethingAt(m_state.ofSite(m_name)) || !platform::somethingAt(m_state.ofSite(former))) {
       return;
     }
-    passes(m_state.rename(former, m_name), "Could not take along", m_state.ofSite(former), m_problems);
+    passes(m_state.rename(former, m_name), Phrases::noop("Could not take along %1: %2"),
+           m_state.ofSite(former), m_problems);
   }
 
   const GlobalControls& m_controls;

@@ -7,10 +7,11 @@
 namespace store {
 
 using platform::toQString;
+using platform::translated;
 
 void addSettingRow(QFormLayout& form, const SettingField& field, QWidget& control) {
-  const QString caption = toQString(field.caption);
-  const QString help = toQString(field.help);
+  const QString caption = translated(field.caption);
+  const QString help = translated(field.help);
   control.setObjectName(toQString(field.key));
   control.setAccessibleName(QString(caption).remove(QLatin1Char('&')));
   control.setAccessibleDescription(help);

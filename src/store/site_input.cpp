@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "platform/phrases.h"
 #include "platform/regex.h"
 #include "platform/text.h"
 #include "platform/uri.h"
@@ -10,6 +11,8 @@
 namespace store {
 
 namespace {
+
+using platform::Phrases;
 
 constexpr std::array<std::string_view, 4> kForbiddenInNames = {"/", "\\", ".", "?"};
 
@@ -47,11 +50,11 @@ std::string_view schemeOf(std::string_view url) {
 CheckedText checkSiteName(std::string_view typed) {
   const std::string_view name = trimmed(typed);
   CheckedText checked{std::string(name), {}};
-  if (name.empty()) checked.error = "The site name field cannot be left blank.";
+  if (name.empty()) checked.error = Phrases::tr("The site name field cannot be left blank.");
   for (const std::string_view forbidden : kForbiddenInNames) {
     // Once for each kind of character, so that the message tells how many there are to look for.
     if (name.find(forbidden) != std::string_view::npos) {
-      checked.error += "\nThe site name cannot contain the following characters: / \\ . or ?";
+      checked.error += Phrases::tr("\nThe site name cannot contain the following characters: / \\ . or ?");
     }
   }
   return checked;
@@ -60,13 +63,13 @@ CheckedText checkSiteName(std::string_view typed) {
 CheckedText checkSiteUrl(std::string_view typed) {
   std::string url(trimmed(typed));
   std::string error;
-  if (url.empty()) error += "\nThe site URL field cannot be left blank.";
+  if (url.empty()) error += Phrases::tr("\nThe site URL field cannot be left blank.");
 
   // Schemes are compared as written: "HTTP" counts as none, and the address gets a prefix that makes it fail
   // visibly.
   const std::string_view scheme = schemeOf(url);
   if (scheme == "ftp" || scheme == "ftps") {
-    error += "\nURLs must begin http:// or https://\nftp:// etc scans are not available.";
+    error += Phrases::tr("\nURLs must begin http:// or https://\nftp:// etc scans are not available.");
     url.clear();
   } else if (scheme != "http" && scheme != "https") {
     url.insert(0, "http://");

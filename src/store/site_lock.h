@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/files.h"
+#include "platform/phrases.h"
 #include "store/global_controls.h"
 
 namespace store {
@@ -14,7 +15,8 @@ class SiteLock {
   SiteLock(const GlobalControls& controls, std::string_view siteName)
       : m_lock(controls.siteFolder(siteName)) {
     m_result = m_lock.result();
-    if (m_result.status == platform::FileStatus::busy) m_result.error = "The site is being scanned.";
+    if (m_result.status == platform::FileStatus::busy)
+      m_result.error = platform::Phrases::tr("The site is being scanned.");
   }
 
   /// `busy` when somebody else has the lock, `missing` when there is no such site.

@@ -76,36 +76,37 @@ bool setFrom(const Choice& choice, SiteSettings& settings, std::string_view text
 }
 
 std::string allowedBy(const WholeNumber& number) {
-  std::string text = std::to_string(number.least);
-  if (!number.leastMeans.empty()) text.append(" (").append(number.leastMeans).append(")");
-  if (number.most == std::numeric_limits<int>::max()) return text + " or more";
-  return text + " to " + std::to_string(number.most);
+  std::string least = std::to_string(number.least);
+  if (!number.leastMeans.empty()) least.append(" (").append(Phrases::tr(number.leastMeans)).append(")");
+  if (number.most == std::numeric_limits<int>::max()) return Phrases::tr("%1 or more", {least});
+  return Phrases::tr("%1 to %2", {least, std::to_string(number.most)});
 }
 
 std::string allowedBy(const Seconds& seconds) {
-  return "0 (" + std::string(seconds.noneMeans) + ") to " + std::to_string(seconds.most.count()) + " seconds";
+  return Phrases::tr("0 (%1) to %2 seconds",
+                     {Phrases::tr(seconds.noneMeans), std::to_string(seconds.most.count())});
 }
 
 std::string allowedBy(const Choice& choice) {
   std::string text;
   for (const Choice::Option& option : choice.options) {
-    if (!text.empty()) text += " or ";
+    if (!text.empty()) text += Phrases::tr(" or ");
     text += option.name;
   }
   return text;
 }
 
 std::string allowedBy(const Text& text) {
-  return "text, or nothing (" + std::string(text.emptyMeans) + ")";
+  return Phrases::tr("text, or nothing (%1)", {Phrases::tr(text.emptyMeans)});
 }
 
 std::string allowedBy(const Lines& lines) {
-  return "\"" + std::string(lines.form) + "\"";
+  return "\"" + Phrases::tr(lines.form) + "\"";
 }
 
 template <typename Kind>
 std::string problemSetting(const Kind& kind, SiteSettings& settings, std::string_view text) {
-  return setFrom(kind, settings, text) ? "" : "it has to be " + allowedBy(kind);
+  return setFrom(kind, settings, text) ? "" : Phrases::tr("it has to be %1", {allowedBy(kind)});
 }
 
 std::string problemSetting(const Text& kind, SiteSettings& settings, std::string_view text) {
@@ -182,8 +183,7 @@ StoredSettings parseSettings(std::string_view text) {
     }
     const std::string problem = field->setText(stored.settings, trimmed(entry.substr(key.size())));
     if (problem.empty()) continue;
-    stored.problems.push_back("The site's setting \"" + std::string(key) + "\" was ignored: " + problem +
-                              ".");
+    stored.problems.push_back(Phrases::tr("The site's setting \"%1\" was ignored: %2.", {key, problem}));
   }
   return stored;
 }
@@ -205,8 +205,8 @@ StoredSettings readSettings(const StateFolder& state, std::string_view siteName)
   if (content.result.status == FileStatus::missing) return {};
   StoredSettings stored = parseSettings(content.text);
   if (!content.result.ok()) {
-    stored.problems.push_back("The site's settings were ignored: " + file.native() + ": " +
-                              content.result.error + ".");
+    stored.problems.push_back(
+        Phrases::tr("The site's settings were ignored: %1: %2.", {file.native(), content.result.error}));
   }
   stored.result = std::move(content.result);
   return stored;

@@ -20,10 +20,13 @@
 
 #include "platform/files.h"
 #include "platform/header_line.h"
+#include "platform/phrases.h"
 #include "store/global_controls.h"
 #include "store/state_folder.h"
 
 namespace store {
+
+using platform::Phrases;
 
 /// How links are read and followed.
 enum class LinkStyle {
@@ -109,7 +112,7 @@ struct Lines {
   std::string (*problem)(std::string_view line);  // likewise
 };
 
-/// All there is to know of one setting.
+/// All there is to know of one setting. Its words are English, and marked for translation.
 struct SettingField {
   std::string_view key;      // in the file; "--" and it is the option of the command line
   std::string_view caption;  // in the window, "&" before the letter of its key
@@ -125,73 +128,79 @@ struct SettingField {
   std::string allowed() const;
 };
 
-inline constexpr std::array kLinkStyles = {Choice::Option{"simple", "Simple"},
-                                           Choice::Option{"browser", "As browsers do"}};
+inline constexpr std::array kLinkStyles = {Choice::Option{"simple", Phrases::noop("Simple")},
+                                           Choice::Option{"browser", Phrases::noop("As browsers do")}};
 
 constexpr std::string_view nameOf(LinkStyle links) {
   return kLinkStyles[static_cast<std::size_t>(links)].name;
 }
 
-inline constexpr std::array kOwnSitemaps = {Choice::Option{"no", "Passed over"},
-                                            Choice::Option{"yes", "Their pages are scanned, too"}};
+inline constexpr std::array kOwnSitemaps = {
+    Choice::Option{"no", Phrases::noop("Passed over")},
+    Choice::Option{"yes", Phrases::noop("Their pages are scanned, too")}};
 
-inline constexpr std::array kEditedValues = {Choice::Option{"no", "Dropped"},
-                                             Choice::Option{"yes", "Taken over"}};
+inline constexpr std::array kEditedValues = {Choice::Option{"no", Phrases::noop("Dropped")},
+                                             Choice::Option{"yes", Phrases::noop("Taken over")}};
 
 inline constexpr SettingField kLinksSetting = {
     .key = "links",
-    .caption = "&Links",
-    .help = "As browsers do, every page is found that a browser reaches",
+    .caption = Phrases::noop("&Links"),
+    .help = Phrases::noop("As browsers do, every page is found that a browser reaches"),
     .value = Choice::of<&SiteSettings::links>(kLinkStyles)};
 
 /// The table of settings, in the order in which they are shown.
 inline constexpr std::array kSiteSettings = {
     kLinksSetting,
-    SettingField{.key = "sitemaps",
-                 .caption = "Its &sitemaps",
-                 .help = "The sitemaps that the site has already may name pages to which no link leads",
-                 .value = Choice::of<&SiteSettings::sitemaps>(kOwnSitemaps)},
+    SettingField{
+        .key = "sitemaps",
+        .caption = Phrases::noop("Its &sitemaps"),
+        .help = Phrases::noop("The sitemaps that the site has already may name pages to which no link leads"),
+        .value = Choice::of<&SiteSettings::sitemaps>(kOwnSitemaps)},
     SettingField{.key = "keep-values",
-                 .caption = "&Edited values",
-                 .help = "Change frequencies and priorities that were edited go into the new entries of the "
-                         "same addresses",
+                 .caption = Phrases::noop("&Edited values"),
+                 .help = Phrases::noop(
+                     "Change frequencies and priorities that were edited go into the new entries of the "
+                     "same addresses"),
                  .value = Choice::of<&SiteSettings::values>(kEditedValues)},
-    SettingField{.key = "max-pages",
-                 .caption = "Most &pages",
-                 .help = "A scan stops after so many pages",
-                 .value = WholeNumber{.member = &SiteSettings::maxPages, .leastMeans = "no limit"}},
-    SettingField{.key = "levels",
-                 .caption = "Deepest le&vel",
-                 .help = "Pages up to so many links away from the start page are scanned",
-                 .value = WholeNumber{.member = &SiteSettings::levels, .leastMeans = "no limit"}},
+    SettingField{
+        .key = "max-pages",
+        .caption = Phrases::noop("Most &pages"),
+        .help = Phrases::noop("A scan stops after so many pages"),
+        .value = WholeNumber{.member = &SiteSettings::maxPages, .leastMeans = Phrases::noop("no limit")}},
+    SettingField{
+        .key = "levels",
+        .caption = Phrases::noop("Deepest le&vel"),
+        .help = Phrases::noop("Pages up to so many links away from the start page are scanned"),
+        .value = WholeNumber{.member = &SiteSettings::levels, .leastMeans = Phrases::noop("no limit")}},
     SettingField{.key = "connections",
-                 .caption = "&Connections",
-                 .help = "So many pages are fetched at the same time",
+                 .caption = Phrases::noop("&Connections"),
+                 .help = Phrases::noop("So many pages are fetched at the same time"),
                  .value = WholeNumber{.member = &SiteSettings::connections, .least = 1, .most = 64}},
     SettingField{.key = "delay",
-                 .caption = "&Delay",
-                 .help = "Between the starts of two requests passes at least so long",
+                 .caption = Phrases::noop("&Delay"),
+                 .help = Phrases::noop("Between the starts of two requests passes at least so long"),
                  .value = Seconds{.member = &SiteSettings::delay,
                                   .most = std::chrono::seconds(60),
-                                  .noneMeans = "no delay"}},
+                                  .noneMeans = Phrases::noop("no delay")}},
     SettingField{.key = "user-agent",
-                 .caption = "&User agent",
-                 .help = "So the program calls itself, to servers and to rules in robots.txt",
+                 .caption = Phrases::noop("&User agent"),
+                 .help = Phrases::noop("So the program calls itself, to servers and to rules in robots.txt"),
                  .value = Text{.member = &SiteSettings::userAgent,
-                               .emptyMeans = "its own name and version",
+                               .emptyMeans = Phrases::noop("its own name and version"),
                                .problem = platform::headerTextProblem}},
     SettingField{.key = "header",
-                 .caption = "&Header lines",
-                 .help = "Sent with every request to the site's own server, and to no other",
+                 .caption = Phrases::noop("&Header lines"),
+                 .help = Phrases::noop("Sent with every request to the site's own server, and to no other"),
                  .value = Lines{.member = &SiteSettings::headers,
-                                .form = "Name: value",
+                                .form = Phrases::noop("Name: value"),
                                 .problem = platform::headerLineProblem}},
-    SettingField{.key = "http-user",
-                 .caption = "&Name",
-                 .help = "For a site that asks for a name and a password (HTTP authentication)",
-                 .value = Text{.member = &SiteSettings::httpUser,
-                               .emptyMeans = "none",
-                               .problem = platform::userNameProblem}},
+    SettingField{
+        .key = "http-user",
+        .caption = Phrases::noop("&Name"),
+        .help = Phrases::noop("For a site that asks for a name and a password (HTTP authentication)"),
+        .value = Text{.member = &SiteSettings::httpUser,
+                      .emptyMeans = Phrases::noop("none"),
+                      .problem = platform::userNameProblem}},
 };
 
 /// What differs from the defaults, as options of the command line: "--max-pages 50 --connections 2". Texts

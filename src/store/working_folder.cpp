@@ -2,6 +2,8 @@
 
 #include <system_error>
 
+#include "platform/phrases.h"
+
 namespace store {
 
 namespace {
@@ -71,7 +73,7 @@ WorkingFolder::WorkingFolder(const GlobalControls& controls) {
       return;
     }
   }
-  m_result = {FileStatus::failed, "No new folder could be made."};
+  m_result = {FileStatus::failed, platform::Phrases::tr("No new folder could be made.")};
 }
 
 WorkingFolder::~WorkingFolder() {

@@ -35,6 +35,7 @@ BrokenLinksController::BrokenLinksController(const QMainWindow& mainWindow, cons
 void BrokenLinksController::buildTable() {
   QTableView& table = m_view.badLinkTable;
   m_found.setSourceModel(&m_pages);
+  m_found.setSortLocaleAware(true);
   m_found.setSortCaseSensitivity(Qt::CaseInsensitive);
   m_found.setFilterCaseSensitivity(Qt::CaseInsensitive);
   m_found.setFilterKeyColumn(-1);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/http_client.h"
 #include "platform/qt_text.h"
 
 namespace ui {
@@ -23,7 +24,8 @@ int BrokenLinksModel::columnCount(const QModelIndex& parent) const {
 QVariant BrokenLinksModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
   const store::BrokenPage& page = m_pages[static_cast<std::size_t>(index.row())];
-  return platform::toQString(index.column() == urlColumn ? page.url : page.reason);
+  return platform::toQString(index.column() == urlColumn ? page.url
+                                                         : platform::reasonInLanguage(page.reason));
 }
 
 QVariant BrokenLinksModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -24,6 +24,7 @@ namespace ui {
 using platform::control;
 using platform::toQString;
 using platform::toUtf8;
+using platform::translated;
 
 namespace {
 
@@ -282,11 +283,11 @@ void ExportController::giveUp() {
 void ExportController::tellFailure(const sitemaps::ExportedDocument& document) {
   switch (document.failure) {
     case sitemaps::ExportFailure::missing:
-      return m_sheets.alert(toQString(sitemaps::kExportMissing));
+      return m_sheets.alert(translated(sitemaps::kExportMissing));
     case sitemaps::ExportFailure::busy:
       return m_sheets.alert(tr("The site is being scanned."), tr("Export it when the scan has finished."));
     default:
-      m_sheets.alert(toQString(sitemaps::kExportUnusable),
+      m_sheets.alert(translated(sitemaps::kExportUnusable),
                      tr("If this problem persists, please contact support."));
   }
 }

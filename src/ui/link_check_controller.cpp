@@ -21,17 +21,12 @@ constexpr std::chrono::milliseconds kLookInterval{100};
 
 QString endText(const QString& site, const report::CheckResult& result) {
   const report::CheckProgress& progress = result.progress;
-  const auto asked = static_cast<qulonglong>(progress.asked.all());
-  const auto all = static_cast<qulonglong>(progress.all);
+  const auto numeral = [](std::size_t number) { return QLocale().toString(static_cast<qulonglong>(number)); };
   if (result.end == CheckEnd::stopped)
     return LinkCheckController::tr("Stopped checking the outside links of \"%1\": %2 of %3 were asked")
-        .arg(site)
-        .arg(asked)
-        .arg(all);
+        .arg(site, numeral(progress.asked.all()), numeral(progress.all));
   return LinkCheckController::tr("Checked the outside links of \"%1\": %2 of %3 are broken")
-      .arg(site)
-      .arg(static_cast<qulonglong>(progress.asked.of(report::LinkState::broken)))
-      .arg(all);
+      .arg(site, numeral(progress.asked.of(report::LinkState::broken)), numeral(progress.all));
 }
 
 }  // namespace

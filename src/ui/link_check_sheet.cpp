@@ -16,14 +16,18 @@ namespace {
 
 constexpr int kSheetWidth = 460;
 
+QString addresses(std::size_t number) {
+  return LinkCheckSheet::tr("%Ln address(es)", nullptr, static_cast<int>(number));
+}
+
 QString planText(const std::string& siteName, const report::CheckPlan& plan) {
   const QString site = toQString(siteName);
-  const QString links = toQString(report::counted(plan.links, "address", "addresses"));
+  const QString links = addresses(plan.links);
   if (plan.last.isUnfinished())
     return LinkCheckSheet::
         tr("The last check was stopped after %1. \"%2\" links to %3 outside of it: each is asked once, and "
            "each host at most once a second.")
-            .arg(toQString(report::counted(plan.asked, "address", "addresses")), site, links);
+            .arg(addresses(plan.asked), site, links);
   return plan.links == 0 ? LinkCheckSheet::tr("\"%1\" links to no web address outside of it.").arg(site)
                          : LinkCheckSheet::tr(
                                "\"%1\" links to %2 outside of it: each is asked once whether it is still "
@@ -77,8 +81,8 @@ void LinkCheckSheet::showPlan(const std::string& siteName, const report::CheckPl
   m_hasLinks = plan.links > 0;
   m_text->setText(planText(siteName, plan));
   m_resources->setChecked(false);
-  m_resourcesHint->setText(tr("To find them, %1 of the site are read once more.")
-                               .arg(toQString(report::counted(plan.pages, "page", "pages"))));
+  m_resourcesHint->setText(
+      tr("To find them, %Ln page(s) of the site are read once more.", nullptr, static_cast<int>(plan.pages)));
   const bool goesOn = plan.last.isUnfinished();
   m_goOn->setVisible(goesOn);
   m_begin->setText(goesOn ? tr("&Begin Anew") : tr("&Check"));

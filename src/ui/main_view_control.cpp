@@ -19,7 +19,9 @@ using platform::toQString;
 
 namespace {
 
-const QString kNoSites = QStringLiteral("No Sites Have Been Scanned");
+QString noSites() {
+  return MainViewControl::tr("No Sites Have Been Scanned");
+}
 
 }  // namespace
 
@@ -148,7 +150,7 @@ void MainViewControl::clearLinkEdits() {
 }
 
 void MainViewControl::enableExports() {
-  const bool any = m_sitePickerPopUpArray.first() != kNoSites;
+  const bool any = m_sitePickerPopUpArray.first() != noSites();
   for (QPushButton* button : {&m_view.htmlExportButton, &m_view.xmlExportButton}) {
     button->setEnabled(any);
     button->setToolTip(any ? QString() : tr("Scan a site first"));
@@ -195,11 +197,11 @@ void MainViewControl::populateSitePicker() {
     if (slash > 0) m_sitePickerPopUpArray.append(path.left(slash));
   }
   const bool present = m_sitePickerPopUpArray.contains(siteInHand);
-  if (m_sitePickerPopUpArray.isEmpty()) m_sitePickerPopUpArray.append(kNoSites);
+  if (m_sitePickerPopUpArray.isEmpty()) m_sitePickerPopUpArray.append(noSites());
   QComboBox& picker = m_view.sitePickerPopUp;
   picker.clear();
   picker.addItems(m_sitePickerPopUpArray);
-  picker.setDisabled(m_sitePickerPopUpArray.first() == kNoSites);
+  picker.setDisabled(m_sitePickerPopUpArray.first() == noSites());
   if (present) picker.setCurrentText(siteInHand);
 }
 

@@ -1,5 +1,6 @@
 #include "ui/report_model.h"
 
+#include <QCollator>
 #include <QLocale>
 #include <algorithm>
 #include <numeric>
@@ -87,10 +88,14 @@ bool ReportModel::isFound(std::size_t row) const {
 
 void ReportModel::arrange() {
   if (m_sortColumn < 0) return;
-  if (isText(m_columns[static_cast<std::size_t>(m_sortColumn)])) {
-    sortBy(m_order, m_sortOrder, [this](std::size_t row) {
-      return platform::toQString(m_cells(row, m_sortColumn).text).toCaseFolded();
-    });
+  const auto text = [this](std::size_t row) { return platform::toQString(m_cells(row, m_sortColumn).text); };
+  const Kind kind = m_columns[static_cast<std::size_t>(m_sortColumn)].kind;
+  if (kind == Kind::address) {  // in which every character counts
+    sortBy(m_order, m_sortOrder, [&](std::size_t row) { return text(row).toCaseFolded(); });
+  } else if (kind == Kind::text) {
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    sortBy(m_order, m_sortOrder, [&](std::size_t row) { return collator.sortKey(text(row)); });
   } else {
     sortBy(m_order, m_sortOrder, [this](std::size_t row) { return m_cells(row, m_sortColumn).number; });
   }

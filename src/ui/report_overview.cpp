@@ -92,9 +92,9 @@ void ReportOverview::showReport(std::shared_ptr<const LatestReport> report) {
     return [report, title, &all](Palette palette) { return report::barPlot(title, all, palette); };
   };
   m_plots[0]->setDrawing([report](Palette palette) { return report::historyPlot(report->history, palette); });
-  m_plots[1]->setDrawing(bars("Pages by status", report->summary.byStatus));
-  m_plots[2]->setDrawing(bars("Pages by links from the start page", report->summary.byLevel));
-  m_plots[3]->setDrawing(bars("Pages by time to answer", report->summary.byTime));
+  m_plots[1]->setDrawing(bars(report::kByStatus, report->summary.byStatus));
+  m_plots[2]->setDrawing(bars(report::kByLevel, report->summary.byLevel));
+  m_plots[3]->setDrawing(bars(report::kByTime, report->summary.byTime));
   for (PlotView* plot : m_plots) plot->show();
 }
 

@@ -7,6 +7,8 @@
 #include <numeric>
 #include <utility>
 
+#include "platform/http_client.h"
+#include "platform/qt_text.h"
 #include "report/address_answer.h"
 
 namespace ui {
@@ -18,19 +20,19 @@ using report::Page;
 
 namespace {
 
-QString tr(const char* text) {
-  return QObject::tr(text);
+std::string said(const char* text) {
+  return platform::toUtf8(QObject::tr(text));
 }
 
 std::string shortStanding(const Page& page) {
   switch (page.standing) {
     case PageStanding::listed:
-      return "Yes";
+      return said(QT_TRANSLATE_NOOP("QObject", "Yes"));
     case PageStanding::broken:
-      return "Broken";
+      return said(QT_TRANSLATE_NOOP("QObject", "Broken"));
     case PageStanding::leftOut:
     case PageStanding::folderListing:
-      return "Left out";
+      return said(QT_TRANSLATE_NOOP("QObject", "Left out"));
   }
   return {};
 }
@@ -45,8 +47,9 @@ ReportCell numberCell(std::int64_t number) {
 
 /// "404 - Not Found" without its number, which has a column of its own.
 std::string phraseOf(const Page& page) {
-  const std::size_t dash = page.brokenReason.find(" - ");
-  return dash == std::string::npos ? page.brokenReason : page.brokenReason.substr(dash + 3);
+  const std::string reason = platform::reasonInLanguage(page.brokenReason);
+  const std::size_t dash = reason.find(" - ");
+  return dash == std::string::npos ? reason : reason.substr(dash + 3);
 }
 
 std::size_t rowOf(const LatestReport& report, const Page* page) {
@@ -98,10 +101,10 @@ std::size_t changeCount(const report::Changes& changes) {
 }  // namespace
 
 std::vector<ReportColumn> brokenColumns() {
-  return {{tr("Address"), Kind::address},
-          {tr("Status"), Kind::code},
-          {.heading = tr("Reason"), .letters = 30},
-          {tr("Linked From"), Kind::number}};
+  return {{QObject::tr("Address"), Kind::address},
+          {QObject::tr("Status"), Kind::code},
+          {.heading = QObject::tr("Reason"), .letters = 30},
+          {QObject::tr("Linked From"), Kind::number}};
 }
 
 void showBrokenPages(ReportModel& model, std::shared_ptr<const LatestReport> report) {
@@ -123,17 +126,17 @@ void showBrokenPages(ReportModel& model, std::shared_ptr<const LatestReport> rep
 }
 
 std::vector<ReportColumn> pageColumns() {
-  return {{tr("Address"), Kind::address},
-          {.heading = tr("Title"), .letters = 36},
-          {tr("In the Sitemaps")},
-          {tr("Status"), Kind::code, true},
-          {tr("Type"), Kind::text, true, 14},
-          {tr("Bytes"), Kind::number},
-          {tr("Milliseconds"), Kind::number},
-          {tr("Level"), Kind::number, true},
-          {tr("Linked From"), Kind::number},
-          {tr("Last Modified"), Kind::text, true, 34},
-          {tr("Leads To"), Kind::text, true, 36}};
+  return {{QObject::tr("Address"), Kind::address},
+          {.heading = QObject::tr("Title"), .letters = 36},
+          {QObject::tr("In the Sitemaps")},
+          {QObject::tr("Status"), Kind::code, true},
+          {QObject::tr("Type"), Kind::text, true, 14},
+          {QObject::tr("Bytes"), Kind::number},
+          {QObject::tr("Milliseconds"), Kind::number},
+          {QObject::tr("Level"), Kind::number, true},
+          {QObject::tr("Linked From"), Kind::number},
+          {QObject::tr("Last Modified"), Kind::text, true, 34},
+          {QObject::tr("Leads To"), Kind::text, true, 36}};
 }
 
 void showPages(ReportModel& model, std::shared_ptr<const LatestReport> report) {
@@ -178,20 +181,20 @@ std::vector<RowChoice> pageChoices(const LatestReport& report) {
       leftOut.push_back(&page);
   }
   const report::Summary& summary = report.summary;
-  return {{tr("All pages"), nullptr},
-          {tr("Titles that several pages share"), rowsOf(report, sharing)},
-          {tr("Missing titles"), rowsOf(report, summary.untitled)},
-          {tr("Slowest"), rowsOf(report, summary.slowest)},
-          {tr("Largest"), rowsOf(report, summary.largest)},
-          {tr("No page links to it"), rowsOf(report, summary.unlinked)},
-          {tr("Left out"), rowsOf(report, leftOut)}};
+  return {{QObject::tr("All pages"), nullptr},
+          {QObject::tr("Titles that several pages share"), rowsOf(report, sharing)},
+          {QObject::tr("Missing titles"), rowsOf(report, summary.untitled)},
+          {QObject::tr("Slowest"), rowsOf(report, summary.slowest)},
+          {QObject::tr("Largest"), rowsOf(report, summary.largest)},
+          {QObject::tr("No page links to it"), rowsOf(report, summary.unlinked)},
+          {QObject::tr("Left out"), rowsOf(report, leftOut)}};
 }
 
 std::vector<ReportColumn> outsideColumns() {
-  return {{tr("Address"), Kind::address},
-          {.heading = tr("State"), .letters = 24},
-          {.heading = tr("Reason"), .letters = 36},
-          {tr("Linked From"), Kind::someNumber}};
+  return {{QObject::tr("Address"), Kind::address},
+          {.heading = QObject::tr("State"), .letters = 24},
+          {.heading = QObject::tr("Reason"), .letters = 36},
+          {QObject::tr("Linked From"), Kind::someNumber}};
 }
 
 void showOutside(ReportModel& model, std::shared_ptr<const LatestReport> report) {
@@ -202,7 +205,7 @@ void showOutside(ReportModel& model, std::shared_ptr<const LatestReport> report)
       case 0:
         return textCell(outside.address());
       case 1:
-        return textCell(std::string(stateText(outside)));
+        return textCell(stateText(outside));
       case 2:
         return textCell(reasonText(outside, now));
       default:
@@ -213,7 +216,7 @@ void showOutside(ReportModel& model, std::shared_ptr<const LatestReport> report)
 }
 
 std::vector<RowChoice> outsideChoices(const LatestReport& report) {
-  std::vector<RowChoice> choices = {{tr("All links"), nullptr}};
+  std::vector<RowChoice> choices = {{QObject::tr("All links"), nullptr}};
   if (!report.lastCheck.isKnown()) return choices;
   const auto add = [&](const QString& name, const auto& isMeant) {
     auto rows = std::make_shared<std::vector<std::size_t>>();
@@ -225,17 +228,20 @@ std::vector<RowChoice> outsideChoices(const LatestReport& report) {
   using report::LinkState;
   using report::OutsideRow;
   const std::int64_t now = std::time(nullptr);
-  add(tr("Broken"), [](const OutsideRow& row) { return row.is(LinkState::broken); });
-  add(tr("Moved"), [](const OutsideRow& row) { return row.is(LinkState::moved); });
-  add(tr("Could not be checked"), [](const OutsideRow& row) { return row.is(LinkState::unchecked); });
-  add(tr("Certificate ends soon"), [now](const OutsideRow& row) { return certificateEndsSoon(row, now); });
-  add(tr("Not asked yet"), [](const OutsideRow& row) { return row.isToBeAsked(); });
-  add(tr("Images, styles and scripts"), [](const OutsideRow& row) { return row.link == nullptr; });
+  add(QObject::tr("Broken"), [](const OutsideRow& row) { return row.is(LinkState::broken); });
+  add(QObject::tr("Moved"), [](const OutsideRow& row) { return row.is(LinkState::moved); });
+  add(QObject::tr("Could not be checked"),
+      [](const OutsideRow& row) { return row.is(LinkState::unchecked); });
+  add(QObject::tr("Certificate ends soon"),
+      [now](const OutsideRow& row) { return certificateEndsSoon(row, now); });
+  add(QObject::tr("Not asked yet"), [](const OutsideRow& row) { return row.isToBeAsked(); });
+  add(QObject::tr("Images, styles and scripts"), [](const OutsideRow& row) { return row.link == nullptr; });
   return choices;
 }
 
 std::vector<ReportColumn> leftOutColumns() {
-  return {{tr("Reason")}, {tr("Pages May Be Missing")}, {tr("Count"), Kind::number}};
+  return {
+      {QObject::tr("Reason")}, {QObject::tr("Pages May Be Missing")}, {QObject::tr("Count"), Kind::number}};
 }
 
 void showLeftOut(ReportModel& model, std::shared_ptr<const LatestReport> report) {
@@ -243,17 +249,18 @@ void showLeftOut(ReportModel& model, std::shared_ptr<const LatestReport> report)
   const auto cells = [&all](std::size_t row, int column) {
     const crawler::LeftOutGroup& group = all.leftOut.groups[row];
     if (column == 2) return numberCell(group.count);
-    if (column == 1) return textCell(group.mayMissPages() ? "Yes" : "No");
-    std::string reason = group.reasonText(group.count);
-    if (!reason.empty() && reason[0] >= 'a' && reason[0] <= 'z')
-      reason[0] = static_cast<char>(reason[0] - 'a' + 'A');
-    return textCell(std::move(reason));
+    if (column == 1)
+      return textCell(group.mayMissPages() ? said(QT_TRANSLATE_NOOP("QObject", "Yes"))
+                                           : said(QT_TRANSLATE_NOOP("QObject", "No")));
+    QString reason = platform::toQString(group.reasonText(group.count));
+    reason.replace(0, 1, reason.left(1).toUpper());
+    return textCell(platform::toUtf8(reason));
   };
   model.setRows(all.leftOut.groups.size(), cells, std::move(report));
 }
 
 std::vector<ReportColumn> exampleColumns() {
-  return {{tr("Example"), Kind::address}, {.heading = tr("Stands On"), .letters = 56}};
+  return {{QObject::tr("Example"), Kind::address}, {.heading = QObject::tr("Stands On"), .letters = 56}};
 }
 
 void showExamples(ReportModel& model, std::shared_ptr<const LatestReport> report, std::size_t group) {
@@ -267,10 +274,10 @@ void showExamples(ReportModel& model, std::shared_ptr<const LatestReport> report
 }
 
 std::vector<ReportColumn> changeColumns() {
-  return {{.heading = tr("Change"), .letters = 16},
-          {tr("Address"), Kind::address},
-          {.heading = tr("Title"), .letters = 30},
-          {.heading = tr("Before"), .letters = 30}};
+  return {{.heading = QObject::tr("Change"), .letters = 16},
+          {QObject::tr("Address"), Kind::address},
+          {.heading = QObject::tr("Title"), .letters = 30},
+          {.heading = QObject::tr("Before"), .letters = 30}};
 }
 
 void showChanges(ReportModel& model, std::shared_ptr<const ComparedScans> compared) {
@@ -279,17 +286,19 @@ void showChanges(ReportModel& model, std::shared_ptr<const ComparedScans> compar
     const auto& [kind, change] = kindAt(changes, row);
     switch (column) {
       case 0:
-        return textCell(kind.name);
+        return textCell(said(kind.name));
       case 1:
         return textCell(change.page().address);
       case 2:
-        return textCell(change.now == nullptr                          ? std::string()
-                        : change.now->standing == PageStanding::broken ? change.now->brokenReason
-                                                                       : change.now->title);
+        return textCell(change.now == nullptr ? std::string()
+                        : change.now->standing == PageStanding::broken
+                            ? platform::reasonInLanguage(change.now->brokenReason)
+                            : change.now->title);
       default:
-        return textCell(change.before == nullptr                          ? std::string()
-                        : change.before->standing == PageStanding::broken ? change.before->brokenReason
-                                                                          : change.before->title);
+        return textCell(change.before == nullptr ? std::string()
+                        : change.before->standing == PageStanding::broken
+                            ? platform::reasonInLanguage(change.before->brokenReason)
+                            : change.before->title);
     }
   };
   model.setRows(changeCount(changes), cells, std::move(compared));
@@ -300,13 +309,13 @@ const report::PageChange& changeAt(const report::Changes& changes, std::size_t r
 }
 
 std::vector<RowChoice> changeChoices(const report::Changes& changes) {
-  std::vector<RowChoice> choices = {{tr("All changes"), nullptr}};
+  std::vector<RowChoice> choices = {{QObject::tr("All changes"), nullptr}};
   std::size_t first = 0;
   for (const ChangeKind& kind : kChangeKinds) {
     auto rows = std::make_shared<std::vector<std::size_t>>((changes.*kind.pages).size());
     std::iota(rows->begin(), rows->end(), first);
     first += rows->size();
-    choices.emplace_back(tr(kind.plural), std::move(rows));
+    choices.emplace_back(QObject::tr(kind.plural), std::move(rows));
   }
   return choices;
 }

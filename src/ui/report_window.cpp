@@ -30,13 +30,13 @@ constexpr QSize kUsualSize{1000, 680};
 
 /// "In the sitemaps. 3 pages link to it:"
 QString linkedText(const std::string& standing, std::uint32_t pages) {
-  const std::string phrase = standing.empty() ? "" : standing + ". ";
-  if (pages == 0) return toQString(phrase + "No page links to it.");
+  const QString phrase = standing.empty() ? QString() : toQString(standing) + QStringLiteral(". ");
+  const QLocale locale;
+  if (pages == 0) return phrase + ReportWindow::tr("No page links to it.");
   if (pages > report::kLinkingPagesKept)
-    return toQString(phrase + report::grouped(std::int64_t{pages}) +
-                     " pages link to it, of which the first " +
-                     report::grouped(std::int64_t{report::kLinkingPagesKept}) + ":");
-  return toQString(phrase + report::counted(pages, "page links", "pages link") + " to it:");
+    return phrase + ReportWindow::tr("%1 pages link to it, of which the first %2:")
+                        .arg(locale.toString(pages), locale.toString(report::kLinkingPagesKept));
+  return phrase + ReportWindow::tr("%Ln page(s) link to it:", nullptr, static_cast<int>(pages));
 }
 
 }  // namespace
@@ -86,7 +86,7 @@ void ReportWindow::buildTabs() {
   });
   addLinkedTab(m_changes, tr("&Changes"), [this](std::size_t row) {
     const Page* page = changeAt(m_compared->changes, row).now;
-    if (page == nullptr) return Linked{.standing = "The last scan did not meet it"};
+    if (page == nullptr) return Linked{.standing = toUtf8(tr("The last scan did not meet it"))};
     return Linked{{{false, page->number}}, page->linkedFrom, report::standingText(*page)};
   });
   addTab(m_leftOut, tr("&Left Out"));
@@ -101,7 +101,7 @@ void ReportWindow::buildTabs() {
   addLinkedTab(m_outside, tr("Outside Lin&ks"), [this](std::size_t row) {
     const report::OutsideRow& outside = m_report->outside[row];
     const std::string reason = reasonText(outside, std::time(nullptr));
-    std::string standing(stateText(outside));
+    std::string standing = stateText(outside);
     if (outside.is(report::LinkState::moved)) {
       standing = reason;
     } else if (!reason.empty()) {
@@ -110,7 +110,7 @@ void ReportWindow::buildTabs() {
     if (outside.link != nullptr)
       return Linked{{{true, outside.link->number}}, outside.link->linkedFrom, standing};
     const report::LinkingPage page{outside.check->foundOn, toUtf8(tr("(image, style or script)"))};
-    return Linked{.standing = standing + ". The first page that needs it",
+    return Linked{.standing = standing + ". " + toUtf8(tr("The first page that needs it")),
                   .known = std::make_shared<const std::vector<report::LinkingPage>>(1, page)};
   });
 }

@@ -72,6 +72,7 @@ void ScanViewController::buildTable() {
   m_found.setSourceModel(&m_sites);
   m_found.setFilterCaseSensitivity(Qt::CaseInsensitive);
   m_found.setSortRole(SiteTableModel::sortRole);
+  m_found.setSortLocaleAware(true);
   m_found.setSortCaseSensitivity(Qt::CaseInsensitive);
   // When the search takes the selected site out of the list, no site is selected: the table would go on to
   // the next one, and with every letter typed another site would come into hand. Connected before the table
@@ -240,7 +241,8 @@ void ScanViewController::populateSiteTable() {
   m_sites.rebuild(&problems);
   if (!problems.empty()) {
     QString sentence = toQString(problems.front());
-    if (problems.size() > 1) sentence += tr(" (and %1 more)").arg(problems.size() - 1);
+    if (problems.size() > 1)
+      sentence += tr(" (and %Ln more)", nullptr, static_cast<int>(problems.size()) - 1);
     // The first time somebody has yet to listen.
     QMetaObject::invokeMethod(
         this, [this, sentence] { emit report(sentence); }, Qt::QueuedConnection);

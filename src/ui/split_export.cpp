@@ -62,7 +62,7 @@ SplitExport::Outcome SplitExport::write(const Request& work, Existing existing) 
 void SplitExport::ended(const std::shared_ptr<const Request>& work, const Outcome& outcome) {
   m_sheets.close(m_progressSheet);
   if (outcome.written > 0) {
-    emit report(tr("Saved %n file(s) in %1", nullptr, static_cast<int>(outcome.written)).arg(work->folder));
+    emit report(tr("Saved %Ln file(s) in %1", nullptr, static_cast<int>(outcome.written)).arg(work->folder));
   } else if (outcome.holdsNoPages) {
     m_sheets.alert(tr("The sitemap holds no pages."));
   } else if (!outcome.existing.isEmpty()) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/ascii.h"
+#include "platform/phrases.h"
 #include "platform/xml_reader.h"
 #include "update/plain_text.h"
 #include "update/version.h"
@@ -14,6 +15,8 @@
 namespace update {
 
 namespace {
+
+using platform::Phrases;
 
 constexpr std::string_view kNameSpace = "http://www.andymatuschak.org/xml-namespaces/sparkle";
 constexpr std::size_t kMaxNotes = 64u << 10;
@@ -90,7 +93,7 @@ std::string shownVersion(const std::string& text, const std::string& other) {
 class AppcastReader : public platform::XmlHandler {
  public:
   Appcast take() {
-    if (!m_isAppcast) return {.problem = "It is no list of versions"};
+    if (!m_isAppcast) return {.problem = Phrases::tr("It is no list of versions")};
     if (!m_fault.empty()) return {.problem = std::move(m_fault)};
     return std::move(m_appcast);
   }
@@ -126,7 +129,7 @@ class AppcastReader : public platform::XmlHandler {
   void documentType() override {}
 
   void fault(int line, std::string_view message) override {
-    if (m_fault.empty()) m_fault = "Line " + std::to_string(line) + ": " + std::string(message);
+    if (m_fault.empty()) m_fault = Phrases::tr("Line %1: %2", {std::to_string(line), message});
   }
 
  private:

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/curl_http_client.h"
+#include "platform/phrases.h"
 #include "platform/text.h"
 #include "update/plain_text.h"
 #include "update/version.h"
@@ -15,6 +16,8 @@
 namespace update {
 
 namespace {
+
+using platform::Phrases;
 
 using platform::FetchFailure;
 using platform::HttpAnswer;
@@ -41,12 +44,13 @@ std::string bounded(std::string text, std::size_t maxBytes) {
 
 /// Without its full stop; empty when there is an answer of use.
 std::string whyNot(const HttpAnswer& answer) {
-  if (answer.failure != FetchFailure::none) return std::string(platform::failureText(answer.failure));
+  if (answer.failure != FetchFailure::none) return Phrases::tr(platform::failureText(answer.failure));
   if (answer.status / 100 == 3 && !answer.redirectedTo.empty())
-    return "The server leads to " + bounded(answer.redirectedTo, kMaxShownAddress) + ", which is not https";
+    return Phrases::tr("The server leads to %1, which is not https",
+                       {bounded(answer.redirectedTo, kMaxShownAddress)});
   if (answer.status / 100 != 2)
-    return "The server answers " + std::to_string(answer.status) + " - " +
-           std::string(platform::reasonPhrase(answer.status));
+    return Phrases::tr("The server answers %1 - %2",
+                       {std::to_string(answer.status), platform::reasonPhrase(answer.status)});
   return {};
 }
 
@@ -104,7 +108,7 @@ bool fetchNotes(platform::HttpClient& client, const CheckRequest& request, Check
   if (answer.failure == FetchFailure::stopped) return false;
   result.notesProblem = whyNot(answer);
   if (result.notesProblem.empty() && !isReadable(answer.contentType))
-    result.notesProblem = "They are no text";
+    result.notesProblem = Phrases::tr("They are no text");
   if (!result.notesProblem.empty()) return true;
   const std::string text = platform::decodePage(std::move(answer.body), answer.contentType);
   result.release.notes =
@@ -114,7 +118,8 @@ bool fetchNotes(platform::HttpClient& client, const CheckRequest& request, Check
 
 CheckResult check(platform::HttpClient& client, const CheckRequest& request, const std::stop_token& stop) {
   if (!isHttps(request.address))
-    return {.end = CheckEnd::notReached, .problem = "The address is not https, and was not asked"};
+    return {.end = CheckEnd::notReached,
+            .problem = Phrases::tr("The address is not https, and was not asked")};
   HttpAnswer answer =
       ask(client, {.url = request.address, .timeout = request.timeout, .maxBytes = kMaxList}, stop);
   if (answer.failure == FetchFailure::stopped) return {};
@@ -122,7 +127,8 @@ CheckResult check(platform::HttpClient& client, const CheckRequest& request, con
   if (std::string problem = whyNot(answer); !problem.empty())
     return {.end = CheckEnd::notReached, .problem = std::move(problem)};
   Appcast appcast = parseAppcast(platform::decodeUtf8(std::move(answer.body)));
-  if (appcast.problem.empty() && appcast.releases.empty()) appcast.problem = "It names no version";
+  if (appcast.problem.empty() && appcast.releases.empty())
+    appcast.problem = Phrases::tr("It names no version");
   if (!appcast.problem.empty())
     return {.end = CheckEnd::notRead, .problem = bounded(std::move(appcast.problem), kMaxProblem)};
   CheckResult result = judge(appcast.releases, request);
@@ -138,28 +144,31 @@ CheckResult checkForUpdate(platform::HttpClient& client, const CheckRequest& req
   try {
     return check(client, request, stop);
   } catch (const std::exception&) {
-    return {.end = CheckEnd::notRead, .problem = "There is not enough memory"};
+    return {.end = CheckEnd::notRead, .problem = Phrases::tr("There is not enough memory")};
   }
 }
 
 CheckText textOf(const CheckResult& result, const CheckRequest& request) {
-  const std::string program = "Veskel " + request.programVersion;
-  const std::string offered = result.release.shownVersion;
+  const std::string& program = request.programVersion;
+  const std::string problem = request.address + ": " + result.problem + ".";
+  const std::string& offered = result.release.shownVersion;
   switch (result.end) {
     case CheckEnd::newer:
-      return {"Veskel " + offered + " is available.", "This is version " + request.programVersion + "."};
+      return {Phrases::tr("Veskel %1 is available.", {offered}),
+              Phrases::tr("This is version %1.", {program})};
     case CheckEnd::current:
-      return {program + " is the newest version.", ""};
+      return {Phrases::tr("Veskel %1 is the newest version.", {program}), ""};
     case CheckEnd::needsNewerSystem:
-      return {program + " is the newest version for this system.",
-              "Version " + offered + " needs Linux " + result.release.minimumSystem +
-                  " or later, and this is Linux " + request.systemVersion + "."};
+      return {Phrases::tr("Veskel %1 is the newest version for this system.", {program}),
+              Phrases::tr("Version %1 needs Linux %2 or later, and this is Linux %3.",
+                          {offered, result.release.minimumSystem, request.systemVersion})};
     case CheckEnd::programIsNewer:
-      return {program + " is newer than what is offered.", "The newest version offered is " + offered + "."};
+      return {Phrases::tr("Veskel %1 is newer than what is offered.", {program}),
+              Phrases::tr("The newest version offered is %1.", {offered})};
     case CheckEnd::notReached:
-      return {"The list of versions could not be reached.", request.address + ": " + result.problem + "."};
+      return {Phrases::tr("The list of versions could not be reached."), problem};
     case CheckEnd::notRead:
-      return {"The list of versions could not be read.", request.address + ": " + result.problem + "."};
+      return {Phrases::tr("The list of versions could not be read."), problem};
     case CheckEnd::stopped:
       break;
   }

@@ -119,10 +119,9 @@ void FindingsPanel::take(Outcome outcome) {
     show(tr("The sitemap cannot be read: %1").arg(toQString(outcome.read.error)));
   } else if (outcome.count == 0) {
     show(tr("The sitemap is valid."));
-  } else if (outcome.count == 1) {
-    show(tr("The sitemap has one fault. Click it to see its entry:"));
   } else if (outcome.count <= kMostListed) {
-    show(tr("The sitemap has %1 faults. Click one to see its entry:").arg(count));
+    show(tr("The sitemap has %Ln fault(s). Click one to see its entry:", nullptr,
+            static_cast<int>(outcome.count)));
   } else {
     show(tr("The sitemap has %1 faults. These are the first %2; click one to see its entry:")
              .arg(count, QLocale().toString(static_cast<qulonglong>(kMostListed))));

@@ -4,26 +4,28 @@
 #include <array>
 #include <string_view>
 
+#include "platform/phrases.h"
 #include "sitemaps/row_text.h"
 
 namespace xml_editor {
 
 using sitemaps::Field;
 
-/// A choice: the name of its action, what the menu shows, and what is written.
+/// A choice: the name of its action, what the menu shows in English, and what is written.
 struct MenuValue {
   std::string_view action;
   std::string_view title;
   std::string_view value;
 };
 
-inline constexpr std::array<MenuValue, 7> kFrequencyMenu = {{{"alwaysMenuItem", "always", "always"},
-                                                             {"hourlyMenuItem", "hourly", "hourly"},
-                                                             {"dailyMenuItem", "daily", "daily"},
-                                                             {"weeklyMenuItem", "weekly", "weekly"},
-                                                             {"monthlyMenuItem", "monthly", "monthly"},
-                                                             {"yearlyMenuItem", "yearly", "yearly"},
-                                                             {"neverMenuItem", "never", "never"}}};
+inline constexpr std::array<MenuValue, 7> kFrequencyMenu = {
+    {{"alwaysMenuItem", platform::Phrases::noop("always"), "always"},
+     {"hourlyMenuItem", platform::Phrases::noop("hourly"), "hourly"},
+     {"dailyMenuItem", platform::Phrases::noop("daily"), "daily"},
+     {"weeklyMenuItem", platform::Phrases::noop("weekly"), "weekly"},
+     {"monthlyMenuItem", platform::Phrases::noop("monthly"), "monthly"},
+     {"yearlyMenuItem", platform::Phrases::noop("yearly"), "yearly"},
+     {"neverMenuItem", platform::Phrases::noop("never"), "never"}}};
 
 /// The highest priority is written "1", without the places of the others.
 inline constexpr std::array<MenuValue, 11> kPriorityMenu = {{{"pZeroPriority", "0.0", "0.0"},

@@ -4,14 +4,20 @@
 #include <array>
 #include <optional>
 
+#include "platform/phrases.h"
 #include "platform/regex.h"
 
 namespace xml_editor {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> kLabels = {"URL", "Last Updated", "Change Frequency",
-                                                     "Link Priority"};
+using platform::Phrases;
+
+constexpr std::array<const char*, 4> kBlank = {
+    Phrases::noop("The URL field cannot be left blank"),
+    Phrases::noop("The Last Updated field cannot be left blank"),
+    Phrases::noop("The Change Frequency field cannot be left blank"),
+    Phrases::noop("The Link Priority field cannot be left blank")};
 
 constexpr bool continuesCharacter(char c) {
   return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
@@ -57,13 +63,13 @@ std::string dateRefusal(std::string_view value, std::string_view today) {
   constexpr std::size_t kDayAt = 6;
   static const platform::Regex kDate("(\\d{4}\\-\\d{2}\\-\\d{2})");
   if (!kDate.find(value)) {
-    return "The Last Updated date format must be yyyy-mm-dd (" + std::string(today) + ")";
+    return Phrases::tr("The Last Updated date format must be yyyy-mm-dd (%1)", {today});
   }
   if (!isWithin(leadingNumber(behindCharacters(withoutLastCharacters(value, 3), kMonthAt)), 2, 12)) {
-    return "The month must be a number between 01 and 12";
+    return Phrases::tr("The month must be a number between 01 and 12");
   }
   if (!isWithin(leadingNumber(behindCharacters(value, kDayAt)), 2, 31)) {
-    return "The day must be a number between 01 and 31";
+    return Phrases::tr("The day must be a number between 01 and 31");
   }
   return {};
 }
@@ -72,7 +78,7 @@ std::string dateRefusal(std::string_view value, std::string_view today) {
 
 std::string refusal(Field field, std::string_view value, std::string_view today) {
   if (value.empty()) {
-    return "The " + std::string(kLabels[static_cast<std::size_t>(field)]) + " field cannot be left blank";
+    return Phrases::tr(kBlank[static_cast<std::size_t>(field)]);
   }
   return field == Field::lastmod ? dateRefusal(value, today) : std::string();
 }

@@ -3,12 +3,15 @@
 #include <functional>
 #include <utility>
 
+#include "platform/phrases.h"
 #include "platform/regex.h"
 #include "sitemaps/sitemap_reader.h"
 #include "sitemaps/xml_format.h"
 #include "xml_editor/row_changes.h"
 
 namespace xml_editor {
+
+using platform::Phrases;
 
 namespace {
 
@@ -116,19 +119,22 @@ Change XmlSitemap::updateXmlFile() {
   SitemapText sitemap = sitemapText(m_rows);
   if (sitemap.missing) {
     return {ChangeStatus::incomplete,
-            "An entry of the sitemap has no " + std::string(elementName(sitemap.missing->field)) +
-                " element, so the sitemap cannot be written.",
+            Phrases::tr("An entry of the sitemap has no %1 element, so the sitemap cannot be written.",
+                        {elementName(sitemap.missing->field)}),
             sitemap.missing->row};
   }
   const platform::FolderLock lock(m_file.parent_path());
   if (lock.result().status == platform::FileStatus::busy) {
-    return {ChangeStatus::scanned, "The site is being scanned. Try again when that has finished."};
+    return {ChangeStatus::scanned,
+            Phrases::tr("The site is being scanned. Try again when that has finished.")};
   }
   if (changedElsewhere()) {
-    return {ChangeStatus::outdated, "Another program has changed the sitemap, so your change was not made."};
+    return {ChangeStatus::outdated,
+            Phrases::tr("Another program has changed the sitemap, so your change was not made.")};
   }
   const platform::FileResult written = platform::replaceFile(m_file, sitemap.text);
-  if (!written.ok()) return {ChangeStatus::failed, "The sitemap could not be saved: " + written.error};
+  if (!written.ok())
+    return {ChangeStatus::failed, Phrases::tr("The sitemap could not be saved: %1", {written.error})};
   m_fingerprint = fingerprint(sitemap.text);
   m_otherElements = false;
   return {};

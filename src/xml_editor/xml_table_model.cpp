@@ -10,6 +10,7 @@ namespace xml_editor {
 
 using platform::toQString;
 using platform::toUtf8;
+using platform::translated;
 
 namespace {
 
@@ -21,7 +22,7 @@ Field fieldOf(int column) {
 QString shownText(const std::string& row, Field field) {
   const bool hasMenu = field == Field::changefreq || field == Field::priority;
   const MenuValue* choice = hasMenu ? chosenValue(row, field) : nullptr;
-  return choice != nullptr ? toQString(choice->title) : toQString(shownValue(row, field));
+  return choice != nullptr ? translated(choice->title) : toQString(shownValue(row, field));
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 namespace xml_editor {
 
 using platform::toQString;
+using platform::translated;
 
 namespace {
 
@@ -71,7 +72,7 @@ void XMLViewController::fillMenu(QMenu& menu, Field field) {
   auto* group = new QActionGroup(&menu);
   group->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
   const auto add = [&](const MenuValue& choice) {
-    QAction* action = menu.addAction(toQString(choice.title));
+    QAction* action = menu.addAction(translated(choice.title));
     action->setObjectName(toQString(choice.action));
     action->setData(toQString(choice.value));
     action->setCheckable(true);

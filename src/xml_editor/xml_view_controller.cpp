@@ -136,7 +136,7 @@ void XMLViewController::showEmpty(const QString& why) {
 void XMLViewController::showCount() {
   const int all = m_model.rowCount();
   const int found = m_found.rowCount();
-  QString text = all == 1 ? tr("1 entry") : tr("%1 entries").arg(countText(all));
+  QString text = tr("%Ln entry(s)", nullptr, all);
   if (m_found.searches()) {
     text = found == 0 ? tr("Not found in %1").arg(text) : tr("%1 of %2").arg(countText(found), text);
   }
@@ -209,9 +209,7 @@ void XMLViewController::takeOverValues() {
   const std::optional<int> count = m_model.takeOver(values);
   if (!count) return;
   emit report(*count == 0 ? tr("No edited values of the previous sitemap are missing in this one")
-              : *count == 1
-                  ? tr("Took over 1 edited value of the previous sitemap")
-                  : tr("Took over %1 edited values of the previous sitemap").arg(countText(*count)));
+                          : tr("Took over %Ln edited value(s) of the previous sitemap", nullptr, *count));
 }
 
 void XMLViewController::validate() {

@@ -13,6 +13,7 @@
 
 #include <xcb/xcb.h>
 
+#include "app/language.h"
 #include "html_editor/sitemap_page.h"
 #include "platform/files.h"
 #include "platform/qt_text.h"
@@ -201,6 +202,7 @@ int runTests(int argc, char** argv, const std::function<std::unique_ptr<QObject>
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   // It needs what the places where tests run do not give: name spaces of the user's own.
   qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  qputenv("LC_ALL", "C.UTF-8");  // what the system says of failures is compared
   qputenv("HOME", home.path().c_str());
   qputenv("XDG_STATE_HOME", (home.path() / "state").c_str());
   qputenv("DBUS_SESSION_BUS_ADDRESS", "");  // whoever tests keeps his secrets
@@ -208,6 +210,7 @@ int runTests(int argc, char** argv, const std::function<std::unique_ptr<QObject>
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+  app::speakLanguageOf(QLocale());
   ui::loadIcons();
   const std::unique_ptr<QObject> tests = make();
   return QTest::qExec(tests.get(), argc, argv);
