@@ -101,9 +101,10 @@ void ScanViewController::buildTable() {
 }
 
 void ScanViewController::measureColumns() {
-  const QHeaderView* header = m_view.siteListTable.horizontalHeader();
+  QHeaderView* header = m_view.siteListTable.horizontalHeader();
   const QFontMetrics metrics = m_view.siteListTable.fontMetrics();
   for (const int column : kColumnsByWorth) {
+    header->setSectionHidden(column, false);  // else its heading would want no room
     m_columnWidths[column] =
         std::max(header->sectionSizeHint(column),
                  metrics.horizontalAdvance(m_sites.longestText(column)) + 3 * metrics.averageCharWidth());

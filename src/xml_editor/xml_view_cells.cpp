@@ -44,9 +44,12 @@ void XMLViewController::buildTable() {
   header->setSectionResizeMode(static_cast<int>(Field::loc), QHeaderView::Stretch);
   const int character = m_view.xmlTableView.fontMetrics().averageCharWidth();
   numbers->setMinimumWidth(character * 4);
-  header->resizeSection(static_cast<int>(Field::lastmod), character * 17);
-  header->resizeSection(kFrequencyColumn, character * 22);
-  header->resizeSection(kPriorityColumn, character * 14);
+  const auto widen = [header, character](int column, int letters) {
+    header->resizeSection(column, std::max(header->sectionSizeHint(column), character * letters));
+  };
+  widen(static_cast<int>(Field::lastmod), 17);
+  widen(kFrequencyColumn, 22);
+  widen(kPriorityColumn, 14);
   connect(m_view.xmlTableView.selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &XMLViewController::enableCommands);
 }
