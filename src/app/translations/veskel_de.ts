@@ -223,7 +223,7 @@
     </message>
     <message>
         <source>Text to leave out</source>
-        <translation>Auszulassender Text</translation>
+        <translation>Auslassen</translation>
     </message>
     <message>
         <source>New filter</source>
@@ -4076,7 +4076,7 @@ Der Filter „%1“ hält solche Adressen fern.</translation>
     </message>
     <message>
         <source>Last scan</source>
-        <translation>Letzter Suchlauf</translation>
+        <translation>Zuletzt</translation>
     </message>
 </context>
 <context>
